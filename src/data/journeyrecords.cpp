@@ -1,0 +1,71 @@
+#include "data/journeyrecords.h"
+
+#include <QCoreApplication>
+
+UserData::UserData(const UserData &other)
+{
+    *this = other;
+}
+
+UserData &UserData::operator=(const UserData &other)
+{
+    if (this == &other)
+        return *this;
+    date = other.date;
+    short_ = other.short_;
+    name = other.name;
+    firstname = other.firstname;
+    street = other.street;
+    pcode = other.pcode;
+    town = other.town;
+    tel = other.tel;
+    fax = other.fax;
+    email = other.email;
+    www = other.www;
+    bank = other.bank;
+    blz = other.blz;
+    acount = other.acount;
+    value = other.value;
+    count = other.count;
+    kto = other.kto;
+    const int current = other.kto.indexOf(other.actukto);
+    actukto = current >= 0 ? kto.at(current) : nullptr;
+    temp = other.temp;
+    item = other.item;
+    return *this;
+}
+
+KtoData *UserData::addKto(int magic)
+{
+    KtoData *line = kto.append();
+    line->magic = magic;
+    return line;
+}
+
+KtoData *UserData::findKto(int magic) const
+{
+    for (int i = kto.count() - 1; i >= 0; --i)
+        if (kto.at(i)->magic == magic)
+            return kto.at(i);
+    return nullptr;
+}
+
+void UserData::removeKto(KtoData *line)
+{
+    if (!line)
+        return;
+    kto.remove(line);
+    actukto = kto.last();
+}
+
+void UserData::clearKto()
+{
+    kto.clear();
+    actukto = nullptr;
+}
+
+CurrData::CurrData()
+    : floating(QCoreApplication::translate("CurrData", "floating")),
+      fix(QCoreApplication::translate("CurrData", "fix"))
+{
+}

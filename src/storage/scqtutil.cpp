@@ -1,0 +1,271 @@
+#include "storage/scqtutil.h"
+
+#include <QDateTime>
+#include <QTextStream>
+
+bool ScQtUtil::lastBool = false;
+int ScQtUtil::lastDay = 0;
+int ScQtUtil::lastMonth = 0;
+int ScQtUtil::lastYear = 0;
+
+int ScQtUtil::findSection(RecordStream *stream, const QString &name, bool rewind)
+{
+    if (name.isEmpty() || !stream || !stream->isOpen())
+        return -3;
+    const QString pattern = u'[' + name + u']';
+    if (rewind)
+        stream->rewind();
+    stream->skipTo(pattern);
+    // Tested after the search: a head on the very last line counts as not found.
+    return stream->atEnd() ? -1 : 0;
+}
+
+int ScQtUtil::splitRecord(QStringView line, RecordView &parts)
+{
+    if (line.isEmpty())
+        return -2;
+    parts = RecordView{u"", u"", u"", u""};
+    const qsizetype eq = line.indexOf(u'=');
+    if (eq < 0)
+        return -1;
+    parts.key = line.left(eq);
+    parts.sep = line.mid(eq, 1);
+    const QStringView remainder = line.mid(eq + 1);
+    const qsizetype semi = remainder.indexOf(u';');
+    if (semi < 0)
+        return -1;
+    parts.value = remainder.left(semi);
+    parts.rest = remainder.mid(semi + 1);
+    return 0;
+}
+
+int ScQtUtil::splitRecord(const QString &line)
+{
+    RecordView parts;
+    const int result = splitRecord(QStringView(line), parts);
+    if (result == -2)
+        return result;
+    key = stringValue(parts.key);
+    sep = stringValue(parts.sep);
+    value = stringValue(parts.value);
+    rest = stringValue(parts.rest);
+    return result;
+}
+
+QString ScQtUtil::stringValue(const QString &value)
+{
+    return value.isNull() ? QStringLiteral("") : value;
+}
+
+QString ScQtUtil::stringValue(QStringView value)
+{
+    return value.isEmpty() ? QStringLiteral("") : value.toString();
+}
+
+int ScQtUtil::writeRecord(QTextStream *stream, const QString &key, const QString &value)
+{
+    *stream << key << u'=' << value << u";\n";
+    return 0;
+}
+
+int ScQtUtil::writeRecord(QTextStream *stream, const QString &key, bool value)
+{
+    return writeRecord(stream, key, value ? QStringLiteral("TRUE") : QStringLiteral("FALSE"));
+}
+
+void ScQtUtil::writeFileHead(QTextStream *stream, const char *type, const char *title)
+{
+    const QDateTime now = QDateTime::currentDateTime();
+    const QDate d = now.date();
+    const QTime t = now.time();
+    *stream << QString::asprintf("<?wayfern version=\"%s\" type=\"%s\"?>\n", Wayfern::formatVersion,
+                                 type)
+            << "#-------------------------------------------------------------\n"
+            << QString::asprintf("# %s for wayfern\n", title)
+            << QString::asprintf("# written from wayfern : %s\n", Wayfern::version)
+            << QString::asprintf("# last modified : date = %02d.%02d.%04d\n", d.day(), d.month(),
+                                 d.year())
+            << QString::asprintf("#                 time = %02d:%02d:%02d\n", t.hour(),
+                                 t.minute(), t.second())
+            << "#\n"
+            << "# File is automatically generated, dont modify manually\n"
+            << "#\n\n";
+}
+
+namespace {
+template <typename T>
+int writeFormatted(QTextStream *stream, const QString &key, T value, const QString &format)
+{
+    *stream << key << u'=' << QString::asprintf(format.toLatin1().constData(), value) << u";\n";
+    return 0;
+}
+} // namespace
+
+int ScQtUtil::writeRecord(QTextStream *stream, const QString &key, int value,
+                          const QString &format)
+{
+    return writeFormatted(stream, key, value, format);
+}
+
+int ScQtUtil::writeRecord(QTextStream *stream, const QString &key, unsigned int value,
+                          const QString &format)
+{
+    return writeFormatted(stream, key, value, format);
+}
+
+int ScQtUtil::writeRecord(QTextStream *stream, const QString &key, short value,
+                          const QString &format)
+{
+    return writeFormatted(stream, key, int(value), format);
+}
+
+int ScQtUtil::writeRecord(QTextStream *stream, const QString &key, unsigned short value,
+                          const QString &format)
+{
+    return writeFormatted(stream, key, unsigned(value), format);
+}
+
+int ScQtUtil::writeRecord(QTextStream *stream, const QString &key, long value,
+                          const QString &format)
+{
+    return writeFormatted(stream, key, value, format);
+}
+
+int ScQtUtil::writeRecord(QTextStream *stream, const QString &key, unsigned long value,
+                          const QString &format)
+{
+    return writeFormatted(stream, key, value, format);
+}
+
+int ScQtUtil::writeRecord(QTextStream *stream, const QString &key, float value,
+                          const QString &format)
+{
+    return writeFormatted(stream, key, double(value), format);
+}
+
+int ScQtUtil::writeRecord(QTextStream *stream, const QString &key, double value,
+                          const QString &format)
+{
+    return writeFormatted(stream, key, value, format);
+}
+
+namespace {
+// Splits off the lower-case hexadecimal prefixes; the library's ok flag is ignored, so
+// text that does not convert gives 0.
+template <typename T, typename Convert>
+T convertPrefixed(const QString &value, Convert convert)
+{
+    if (value.isNull())
+        return 0;
+    if (value.startsWith(QLatin1String("0x")) || value.startsWith(QLatin1String("0h")))
+        return convert(value.mid(2), 16);
+    if (value.startsWith(u'x') || value.startsWith(u'h'))
+        return convert(value.mid(1), 16);
+    return convert(value, 10);
+}
+} // namespace
+
+int ScQtUtil::toInt(const QString &value)
+{
+    return convertPrefixed<int>(value, [](const QString &s, int b) { return s.toInt(nullptr, b); });
+}
+
+unsigned int ScQtUtil::toUInt(const QString &value)
+{
+    return convertPrefixed<unsigned int>(
+        value, [](const QString &s, int b) { return s.toUInt(nullptr, b); });
+}
+
+short ScQtUtil::toShort(const QString &value)
+{
+    return convertPrefixed<short>(value,
+                                  [](const QString &s, int b) { return s.toShort(nullptr, b); });
+}
+
+unsigned short ScQtUtil::toUShort(const QString &value)
+{
+    return convertPrefixed<unsigned short>(
+        value, [](const QString &s, int b) { return s.toUShort(nullptr, b); });
+}
+
+long ScQtUtil::toLong(const QString &value)
+{
+    return convertPrefixed<long>(value,
+                                 [](const QString &s, int b) { return s.toLong(nullptr, b); });
+}
+
+unsigned long ScQtUtil::toULong(const QString &value)
+{
+    return convertPrefixed<unsigned long>(
+        value, [](const QString &s, int b) { return s.toULong(nullptr, b); });
+}
+
+float ScQtUtil::toFloat(const QString &value)
+{
+    return value.isNull() ? 0.0f : value.toFloat();
+}
+
+double ScQtUtil::toDouble(const QString &value)
+{
+    return value.isNull() ? 0.0 : value.toDouble();
+}
+
+bool ScQtUtil::toBool(const QString &value)
+{
+    if (!value.isNull())
+        lastBool = value == u"TRUE";
+    return lastBool;
+}
+
+QString ScQtUtil::fileBaseName(const QString &name)
+{
+    const qsizetype dot = name.lastIndexOf(u'.');
+    if (dot < 1)
+        return QStringLiteral("");
+    return name.left(dot);
+}
+
+int ScQtUtil::dateDay(const QString &date)
+{
+    if (date.isEmpty())
+        return lastDay;
+    const qsizetype dot = date.indexOf(u'.');
+    lastDay = dot >= 1 ? date.left(dot).toInt() : 0;
+    return lastDay;
+}
+
+int ScQtUtil::dateMonth(const QString &date)
+{
+    if (date.isEmpty())
+        return lastMonth;
+    const qsizetype dot = date.indexOf(u'.');
+    lastMonth = dot >= 1 ? date.mid(dot + 1, 2).toInt() : 0;
+    return lastMonth;
+}
+
+int ScQtUtil::dateYear(const QString &date)
+{
+    if (date.isEmpty())
+        return lastYear;
+    const qsizetype dot = date.lastIndexOf(u'.');
+    lastYear = dot >= 1 ? date.mid(dot + 1).toInt() : 0;
+    return lastYear;
+}
+
+QString ScQtUtil::nthWord(const QString &text, int n)
+{
+    const auto isBlank = [](QChar c) { return c == u' ' || c == u'\t'; };
+    const qsizetype size = text.size();
+    qsizetype i = 0;
+    for (int word = 1;; ++word) {
+        while (i < size && isBlank(text.at(i)))
+            ++i;
+        if (i >= size)
+            return QStringLiteral("");
+        const qsizetype start = i;
+        while (i < size && !isBlank(text.at(i)))
+            ++i;
+        if (word >= n)
+            return text.mid(start, i - start);
+    }
+}

@@ -1,0 +1,109 @@
+#pragma once
+
+#include "storage/recordstream.h"
+
+#include <QString>
+#include <QStringView>
+
+class QTextStream;
+
+namespace Wayfern {
+// The program's version, written into every file; the release date goes into none.
+inline constexpr const char version[] = "0.2.0";
+inline constexpr const char releaseDate[] = "26.05.2002";
+// The version of the file syntax, in the processing line.
+inline constexpr const char formatVersion[] = "0.1";
+} // namespace Wayfern
+
+// The text record syntax that the journey, configuration and last-state files share:
+// "KEY=value;" lines in sections that begin with "[name]" and end at the first empty line.
+// Also the value converters and a few text tools.
+class ScQtUtil
+{
+public:
+    // Parts of the record last split by splitRecord.
+    QString key;
+    QString sep;
+    QString value;
+    QString rest;
+
+    // The parts of one line as views into it.
+    struct RecordView
+    {
+        QStringView key;
+        QStringView sep;
+        QStringView value;
+        QStringView rest;
+    };
+
+    // 0 found (the stream stands behind the head); -1 not found; -3 bad call.
+    int findSection(RecordStream *stream, const QString &name, bool rewind);
+    // 0 split; -1 no "=" or no ";"; -2 null or empty line (the fields keep their values).
+    int splitRecord(const QString &line);
+    static int splitRecord(QStringView line, RecordView &parts);
+    // Every string field that a reader stores passes through here: never null.
+    static QString stringValue(const QString &value);
+    static QString stringValue(QStringView value);
+
+    // Walks a section body: `dispatch(key, value)` for every line up to the first empty one
+    // or the end of the stream. The last line of a stream is never dispatched.
+    template <typename Dispatch>
+    static void walkSection(RecordStream *stream, Dispatch dispatch)
+    {
+        while (!stream->atEnd()) {
+            const QStringView line = stream->readLine();
+            if (stream->atEnd() || line.isEmpty())
+                return;
+            RecordView parts;
+            splitRecord(line, parts);
+            dispatch(parts.key, parts.value);
+        }
+    }
+
+    // Each writes one line "key=value;" and returns 0. The numeric forms print the value
+    // through `format`; neither key nor value is ever taken as a format.
+    int writeRecord(QTextStream *stream, const QString &key, const QString &value);
+    int writeRecord(QTextStream *stream, const QString &key, bool value);
+    int writeRecord(QTextStream *stream, const QString &key, int value, const QString &format);
+    int writeRecord(QTextStream *stream, const QString &key, unsigned int value,
+                    const QString &format);
+    int writeRecord(QTextStream *stream, const QString &key, short value, const QString &format);
+    int writeRecord(QTextStream *stream, const QString &key, unsigned short value,
+                    const QString &format);
+    int writeRecord(QTextStream *stream, const QString &key, long value, const QString &format);
+    int writeRecord(QTextStream *stream, const QString &key, unsigned long value,
+                    const QString &format);
+    int writeRecord(QTextStream *stream, const QString &key, float value, const QString &format);
+    int writeRecord(QTextStream *stream, const QString &key, double value, const QString &format);
+
+    // The processing line of a file of this `type` and the comment block under it, dated now.
+    static void writeFileHead(QTextStream *stream, const char *type, const char *title);
+
+    // Base 16 behind a lower-case "0x", "0h", "x" or "h"; base 10 otherwise; 0 on failure.
+    int toInt(const QString &value);
+    unsigned int toUInt(const QString &value);
+    short toShort(const QString &value);
+    unsigned short toUShort(const QString &value);
+    long toLong(const QString &value);
+    unsigned long toULong(const QString &value);
+    float toFloat(const QString &value);
+    double toDouble(const QString &value);
+    // True exactly for "TRUE". A null text answers the previous result.
+    bool toBool(const QString &value);
+
+    // "trip.wfn" gives "trip"; no dot at position 1 or later gives "".
+    static QString fileBaseName(const QString &name);
+    // Parts of "dd.mm.yyyy"; a null or empty text answers the previous result.
+    int dateDay(const QString &date);
+    int dateMonth(const QString &date);
+    int dateYear(const QString &date);
+    // Word n (from 1; 0 and below mean the first) of a text split at blanks and tabs.
+    static QString nthWord(const QString &text, int n);
+
+private:
+    // The results that survive into the next call.
+    static bool lastBool;
+    static int lastDay;
+    static int lastMonth;
+    static int lastYear;
+};

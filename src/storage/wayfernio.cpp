@@ -1,0 +1,561 @@
+#include "storage/wayfernio.h"
+
+#include "storage/printline.h"
+
+#include <QTextStream>
+
+int WayfernIO::costsCount = 0;
+int WayfernIO::userCount = 0;
+int WayfernIO::tipCount = 0;
+int WayfernIO::currCount = 0;
+int WayfernIO::ctypeCount = 0;
+int WayfernIO::ttypeCount = 0;
+int WayfernIO::qtypeCount = 0;
+
+namespace {
+const QString groupSeparator =
+    QStringLiteral("\n#========================================================\n\n");
+
+QByteArray text(QStringView view)
+{
+    return view.toUtf8();
+}
+} // namespace
+
+WayfernIO::WayfernIO(WayFernData *document) : document(document) {}
+
+QString WayfernIO::shared(QStringView value)
+{
+    if (value.isEmpty())
+        return QStringLiteral("");
+    if (value.size() > 32)
+        return value.toString();
+    const auto it = sharedTexts.constFind(value);
+    if (it != sharedTexts.constEnd())
+        return *it;
+    QString copy = value.toString();
+    if (sharedTexts.size() < 8192)
+        sharedTexts.insert(QStringView(copy), copy);
+    return copy;
+}
+
+template <typename Record, typename Dispatch, typename After>
+int WayfernIO::readGroup(RecordStream *stream, const char *reader, const QString &prefix,
+                         int count, RecordList<Record> &list, Dispatch dispatch, After after)
+{
+    for (int index = 0; index < count; ++index) {
+        const QString section = prefix + QString::number(index);
+        if (findSection(stream, section, index == 0) != 0) {
+            printLine("\nWayfernIO::%s - section not found : %s\n", reader, cstr(section).constData());
+            return -1;
+        }
+        // The record exists before any key is read: an empty section still gives one.
+        Record *record = list.append();
+        walkSection(stream, [&](QStringView key, QStringView value) {
+            if (!dispatch(record, key, value))
+                printLine("\nWayfernIO::%s(%s) : unknown header-entry : %s\n", reader,
+                          cstr(section).constData(), text(key).constData());
+        });
+        after(record, section);
+    }
+    return 0;
+}
+
+template <typename Record, typename Dispatch>
+int WayfernIO::readGroup(RecordStream *stream, const char *reader, const QString &prefix,
+                         int count, RecordList<Record> &list, Dispatch dispatch)
+{
+    return readGroup(stream, reader, prefix, count, list, dispatch,
+                     [](Record *, const QString &) {});
+}
+
+int WayfernIO::ReadFile(const QString &path)
+{
+    RecordStream stream;
+    if (!stream.open(path)) {
+        printLine("\nWayfernIO::ReadFile - file not found (%s)\n", cstr(path).constData());
+        return -1;
+    }
+    if (findSection(&stream, QStringLiteral("Header"), true) != 0) {
+        printLine("\nWayfernIO::ReadFile - section not found : %s\n", "Header");
+        printLine("\nreading aborted\n");
+        return -1;
+    }
+    document->clearAll();
+    sharedTexts.clear();
+
+    walkSection(&stream, [&](QStringView key, QStringView value) {
+        if (key == u"JOURNEY-NAME")
+            document->journeyname = stringValue(value);
+        else if (key == u"DISTANCE-TYPE")
+            document->distancetype = stringValue(value);
+        else if (key == u"BASE-CURRENCY")
+            document->basecurrency = stringValue(value);
+        else if (key == u"COSTSCOUNT")
+            costsCount = toInt(value.toString());
+        else if (key == u"USERCOUNT")
+            userCount = toInt(value.toString());
+        else if (key == u"TIPCOUNT")
+            tipCount = toInt(value.toString());
+        else if (key == u"CURRCOUNT")
+            currCount = toInt(value.toString());
+        else if (key == u"CTYPECOUNT")
+            ctypeCount = toInt(value.toString());
+        else if (key == u"TTYPECOUNT")
+            ttypeCount = toInt(value.toString());
+        else if (key == u"QTYPECOUNT")
+            qtypeCount = toInt(value.toString());
+        else if (key == u"USERFLAG")
+            document->userflag = toBool(stringValue(value));
+        else
+            printLine("\nWayfernIO::ReadFile(%s) : unknown header-entry : %s\n", "Header",
+                      text(key).constData());
+    });
+
+    // A group that fails stops by itself; the next one still runs.
+    ReadFileCType(&stream, ctypeCount);
+    ReadFileTType(&stream, ttypeCount);
+    ReadFileQType(&stream, qtypeCount);
+    ReadFileCosts(&stream, costsCount);
+    ReadFileCurr(&stream, currCount);
+    ReadFileTips(&stream, tipCount);
+    ReadFileUsers(&stream, userCount);
+    for (UserData *user : document->users)
+        ReadFileUserAccount(&stream, user, user->count);
+
+    sharedTexts.clear();
+    document->recalcFactors();
+    document->recalcCosts();
+    document->setCostLetters();
+    return 0;
+}
+
+int WayfernIO::ReadFileCType(RecordStream *stream, int count)
+{
+    return readGroup(stream, "ReadFileCType", QStringLiteral("CTYPE_"), count, document->ctypes,
+                     [&](CTypeData *row, QStringView key, QStringView value) {
+                         if (key != u"TYPE")
+                             return false;
+                         row->type = shared(value);
+                         return true;
+                     });
+}
+
+int WayfernIO::ReadFileTType(RecordStream *stream, int count)
+{
+    return readGroup(stream, "ReadFileTType", QStringLiteral("TTYPE_"), count, document->ttypes,
+                     [&](TTypeData *row, QStringView key, QStringView value) {
+                         if (key == u"TYPE")
+                             row->type = shared(value);
+                         else if (key == u"CUSTOMCNT")
+                             ReadFileCTType(stream, toInt(value.toString()), row->customs);
+                         else
+                             return false;
+                         return true;
+                     });
+}
+
+int WayfernIO::ReadFileQType(RecordStream *stream, int count)
+{
+    return readGroup(stream, "ReadFileQType", QStringLiteral("QTYPE_"), count, document->qtypes,
+                     [&](QTypeData *row, QStringView key, QStringView value) {
+                         if (key != u"TYPE")
+                             return false;
+                         row->type = shared(value);
+                         return true;
+                     });
+}
+
+int WayfernIO::ReadFileCosts(RecordStream *stream, int count)
+{
+    return readGroup(
+        stream, "ReadFileCosts", QStringLiteral("COSTS_"), count, document->costs,
+        [&](CostsData *cost, QStringView key, QStringView value) {
+            if (key == u"DATE") {
+                cost->date = shared(value);
+            } else if (key == u"TYPE") {
+                cost->type = shared(value);
+            } else if (key == u"FVAL") {
+                cost->fval = value.isEmpty() ? QStringLiteral("0.0") : stringValue(value);
+            } else if (key == u"CTYPE") {
+                cost->ctype = shared(value);
+            } else if (key == u"COMMENT") {
+                cost->comment = stringValue(value);
+            } else if (key == u"ID") {
+                cost->id = toInt(value.toString());
+            } else if (key == u"EXCHANGE") {
+                cost->exchange = shared(value);
+                // Costs come before the currencies, so in a normal read nothing is found
+                // here and the text stays as it stood.
+                const CurrData *curr = document->findCurrency(cost->ctype);
+                if (curr && (cost->exchange == u"(null)" || cost->exchange.isEmpty()))
+                    cost->exchange = curr->factor;
+                cost->exchangevalue = cost->exchange.toDouble();
+            } else if (key == u"SHARED") {
+                cost->shared = toBool(stringValue(value));
+            } else {
+                return false;
+            }
+            return true;
+        });
+}
+
+int WayfernIO::ReadFileCurr(RecordStream *stream, int count)
+{
+    return readGroup(stream, "ReadFileCurr", QStringLiteral("CURRENCY_"), count,
+                     document->currencies, [&](CurrData *curr, QStringView key, QStringView value) {
+                         if (key == u"SHORT-TERM")
+                             curr->short_ = stringValue(value);
+                         else if (key == u"FACTOR")
+                             curr->factor =
+                                 value.isEmpty() ? QStringLiteral("1.0") : stringValue(value);
+                         else if (key == u"FULL-NAME")
+                             curr->fullname = stringValue(value);
+                         else if (key == u"TYPE")
+                             curr->type = shared(value);
+                         else
+                             return false;
+                         return true;
+                     });
+}
+
+int WayfernIO::ReadFileTips(RecordStream *stream, int count)
+{
+    return readGroup(stream, "ReadFileTips", QStringLiteral("TIP_"), count, document->tips,
+                     [&](TipData *tip, QStringView key, QStringView value) {
+                         if (key == u"DATE")
+                             tip->date = shared(value);
+                         else if (key == u"TIPTYPE")
+                             tip->tiptype = shared(value);
+                         else if (key == u"QUALITYTYPE")
+                             tip->qualitytype = shared(value);
+                         else if (key == u"NAME")
+                             tip->name = stringValue(value);
+                         else if (key == u"STREET")
+                             tip->street = stringValue(value);
+                         else if (key == u"PCODE")
+                             tip->pcode = stringValue(value);
+                         else if (key == u"TOWN")
+                             tip->town = shared(value);
+                         else if (key == u"TEL")
+                             tip->tel = stringValue(value);
+                         else if (key == u"FAX")
+                             tip->fax = stringValue(value);
+                         else if (key == u"EMAIL")
+                             tip->email = stringValue(value);
+                         else if (key == u"WWW")
+                             tip->www = stringValue(value);
+                         else if (key == u"COMMENT")
+                             tip->comment = stringValue(value);
+                         else if (key == u"CUSTOMCNT")
+                             ReadFileCTip(stream, toInt(value.toString()), tip->customs);
+                         else
+                             return false;
+                         return true;
+                     });
+}
+
+int WayfernIO::ReadFileUsers(RecordStream *stream, int count)
+{
+    return readGroup(stream, "ReadFileUsers", QStringLiteral("USER_"), count, document->users,
+                     [&](UserData *user, QStringView key, QStringView value) {
+                         if (key == u"DATE")
+                             user->date = shared(value);
+                         else if (key == u"SHORT")
+                             user->short_ = stringValue(value);
+                         else if (key == u"NAME")
+                             user->name = stringValue(value);
+                         else if (key == u"FIRST NAME")
+                             user->firstname = stringValue(value);
+                         else if (key == u"STREET")
+                             user->street = stringValue(value);
+                         else if (key == u"PCODE")
+                             user->pcode = stringValue(value);
+                         else if (key == u"TOWN")
+                             user->town = stringValue(value);
+                         else if (key == u"TEL")
+                             user->tel = stringValue(value);
+                         else if (key == u"FAX")
+                             user->fax = stringValue(value);
+                         else if (key == u"EMAIL")
+                             user->email = stringValue(value);
+                         else if (key == u"WWW")
+                             user->www = stringValue(value);
+                         else if (key == u"BANK")
+                             user->bank = stringValue(value);
+                         else if (key == u"BLZ")
+                             user->blz = stringValue(value);
+                         else if (key == u"ACOUNT")
+                             user->acount = stringValue(value);
+                         else if (key == u"VALUE")
+                             user->value = value.toDouble();
+                         else if (key == u"COUNT")
+                             user->count = toInt(value.toString());
+                         else
+                             return false;
+                         return true;
+                     });
+}
+
+int WayfernIO::ReadFileUserAccount(RecordStream *stream, UserData *user, int count)
+{
+    return readGroup(
+        stream, "ReadFileUserAccount", user->short_ + u'_', count, user->kto,
+        [&](KtoData *line, QStringView key, QStringView value) {
+            if (key == u"DATE")
+                line->date = shared(value);
+            else if (key == u"TYPE")
+                line->type = shared(value);
+            else if (key == u"MAGIC")
+                line->magic = toInt(value.toString());
+            else if (key == u"PERCENTAGE")
+                line->percentage = value.toDouble();
+            else if (key == u"CHANGE")
+                line->change = value.toDouble();
+            else
+                return false;
+            return true;
+        },
+        [](KtoData *line, const QString &section) {
+            printLine("\nWayfernIO::ReadFileUserAccount - hstr : %s"
+                      "\n                                 ID   : %d"
+                      "\n                                 val  : %.4f"
+                      "\n                                 perc : %.4f",
+                      cstr(section).constData(), line->magic, line->change, line->percentage);
+        });
+}
+
+int WayfernIO::ReadFileCTType(RecordStream *stream, int count, RecordList<CustomData> &customs)
+{
+    for (int index = 0; index < count; ++index) {
+        CustomData *custom = customs.append();
+        const QStringView line = stream->readLine();
+        if (stream->atEnd() || line.isEmpty())
+            break;
+        RecordView parts;
+        splitRecord(line, parts);
+        const QString expected = QStringLiteral("CUSTOM_") + QString::number(index);
+        if (parts.key == expected)
+            custom->text = stringValue(parts.value);
+        else
+            printLine("\nWayfernIO::ReadFileCTType(%s) : unknown header-entry : %s\n",
+                      cstr(expected).constData(), text(parts.key).constData());
+    }
+    return 0;
+}
+
+int WayfernIO::ReadFileCTip(RecordStream *stream, int count, RecordList<CustomData> &customs)
+{
+    // Reads one line of a pair; false when the custom block is over.
+    const auto readPart = [&](const QString &expected, QString &field) {
+        const QStringView line = stream->readLine();
+        if (stream->atEnd() || line.isEmpty())
+            return false;
+        RecordView parts;
+        splitRecord(line, parts);
+        if (parts.key == expected)
+            field = stringValue(parts.value);
+        else
+            printLine("\nWayfernIO::ReadFileCTip(%s) : unknown header-entry : %s\n",
+                      cstr(expected).constData(), text(parts.key).constData());
+        return true;
+    };
+    for (int index = 0; index < count; ++index) {
+        CustomData *custom = customs.append();
+        const QString number = QString::number(index);
+        if (!readPart(QStringLiteral("CUSTOMTEXT_") + number, custom->text))
+            break;
+        if (!readPart(QStringLiteral("CUSTOMCONT_") + number, custom->content))
+            break;
+    }
+    return 0;
+}
+
+int WayfernIO::WriteFile(const QString &path)
+{
+    RecordSink sink(path);
+    if (!sink.open()) {
+        printLine("\nWayfernIO::WriteFile(%s) : file not open\n", cstr(path).constData());
+        return -1;
+    }
+    QTextStream *stream = sink.stream();
+    writeFileHead(stream, "data", "Data-File");
+    *stream << "[Header]\n";
+    writeRecord(stream, QStringLiteral("JOURNEY-NAME"), document->journeyname);
+    writeRecord(stream, QStringLiteral("DISTANCE-TYPE"), document->distancetype);
+    writeRecord(stream, QStringLiteral("BASE-CURRENCY"), document->basecurrency);
+    writeRecord(stream, QStringLiteral("USERFLAG"), document->userflag);
+    const QString d = QStringLiteral("%d");
+    writeRecord(stream, QStringLiteral("COSTSCOUNT"), document->costs.count(), d);
+    writeRecord(stream, QStringLiteral("TIPCOUNT"), document->tips.count(), d);
+    writeRecord(stream, QStringLiteral("USERCOUNT"), document->users.count(), d);
+    writeRecord(stream, QStringLiteral("CURRCOUNT"), document->currencies.count(), d);
+    writeRecord(stream, QStringLiteral("CTYPECOUNT"), document->ctypes.count(), d);
+    writeRecord(stream, QStringLiteral("TTYPECOUNT"), document->ttypes.count(), d);
+    writeRecord(stream, QStringLiteral("QTYPECOUNT"), document->qtypes.count(), d);
+    *stream << "\n";
+    WriteFileCType(stream);
+    WriteFileTType(stream);
+    WriteFileQType(stream);
+    WriteFileCosts(stream);
+    WriteFileTips(stream);
+    WriteFileUsers(stream);
+    WriteFileCurr(stream);
+    *stream << "\n##EOF WAYFERN DATA FILE " << path << "\n";
+    if (!sink.commit()) {
+        printLine("\nWayfernIO::WriteFile(%s) : file not open\n", cstr(path).constData());
+        return -1;
+    }
+    return 0;
+}
+
+void WayfernIO::WriteFileCType(QTextStream *stream)
+{
+    *stream << groupSeparator;
+    int index = 0;
+    for (const CTypeData *row : document->ctypes) {
+        *stream << "[CTYPE_" << index++ << "]\n";
+        writeRecord(stream, QStringLiteral("TYPE"), row->type);
+        *stream << "\n";
+    }
+}
+
+void WayfernIO::WriteFileTType(QTextStream *stream)
+{
+    *stream << groupSeparator;
+    int index = 0;
+    for (const TTypeData *row : document->ttypes) {
+        *stream << "[TTYPE_" << index++ << "]\n";
+        writeRecord(stream, QStringLiteral("TYPE"), row->type);
+        WriteFileCTType(stream, row->customs);
+        *stream << "\n";
+    }
+}
+
+void WayfernIO::WriteFileQType(QTextStream *stream)
+{
+    *stream << groupSeparator;
+    int index = 0;
+    for (const QTypeData *row : document->qtypes) {
+        *stream << "[QTYPE_" << index++ << "]\n";
+        writeRecord(stream, QStringLiteral("TYPE"), row->type);
+        *stream << "\n";
+    }
+}
+
+void WayfernIO::WriteFileCosts(QTextStream *stream)
+{
+    *stream << groupSeparator;
+    int index = 0;
+    for (const CostsData *cost : document->costs) {
+        *stream << "[COSTS_" << index++ << "]\n";
+        writeRecord(stream, QStringLiteral("DATE"), cost->date);
+        writeRecord(stream, QStringLiteral("TYPE"), cost->type);
+        writeRecord(stream, QStringLiteral("FVAL"), cost->fval);
+        writeRecord(stream, QStringLiteral("CTYPE"), cost->ctype);
+        writeRecord(stream, QStringLiteral("COMMENT"), cost->comment);
+        writeRecord(stream, QStringLiteral("ID"), cost->id, QStringLiteral("%d"));
+        writeRecord(stream, QStringLiteral("EXCHANGE"), cost->exchange);
+        writeRecord(stream, QStringLiteral("SHARED"), cost->shared);
+        *stream << "\n";
+    }
+}
+
+void WayfernIO::WriteFileTips(QTextStream *stream)
+{
+    *stream << groupSeparator;
+    int index = 0;
+    for (const TipData *tip : document->tips) {
+        *stream << "[TIP_" << index++ << "]\n";
+        writeRecord(stream, QStringLiteral("DATE"), tip->date);
+        writeRecord(stream, QStringLiteral("TIPTYPE"), tip->tiptype);
+        writeRecord(stream, QStringLiteral("QUALITYTYPE"), tip->qualitytype);
+        writeRecord(stream, QStringLiteral("NAME"), tip->name);
+        writeRecord(stream, QStringLiteral("STREET"), tip->street);
+        writeRecord(stream, QStringLiteral("PCODE"), tip->pcode);
+        writeRecord(stream, QStringLiteral("TOWN"), tip->town);
+        writeRecord(stream, QStringLiteral("TEL"), tip->tel);
+        writeRecord(stream, QStringLiteral("FAX"), tip->fax);
+        writeRecord(stream, QStringLiteral("EMAIL"), tip->email);
+        writeRecord(stream, QStringLiteral("WWW"), tip->www);
+        writeRecord(stream, QStringLiteral("COMMENT"), tip->comment);
+        WriteFileCTip(stream, tip->customs);
+        *stream << "\n";
+    }
+}
+
+void WayfernIO::WriteFileUsers(QTextStream *stream)
+{
+    *stream << groupSeparator;
+    int index = 0;
+    for (UserData *user : document->users) {
+        *stream << "[USER_" << index++ << "]\n";
+        writeRecord(stream, QStringLiteral("DATE"), user->date);
+        writeRecord(stream, QStringLiteral("SHORT"), user->short_);
+        writeRecord(stream, QStringLiteral("NAME"), user->name);
+        writeRecord(stream, QStringLiteral("FIRST NAME"), user->firstname);
+        writeRecord(stream, QStringLiteral("STREET"), user->street);
+        writeRecord(stream, QStringLiteral("PCODE"), user->pcode);
+        writeRecord(stream, QStringLiteral("TOWN"), user->town);
+        writeRecord(stream, QStringLiteral("TEL"), user->tel);
+        writeRecord(stream, QStringLiteral("FAX"), user->fax);
+        writeRecord(stream, QStringLiteral("EMAIL"), user->email);
+        writeRecord(stream, QStringLiteral("WWW"), user->www);
+        writeRecord(stream, QStringLiteral("BANK"), user->bank);
+        writeRecord(stream, QStringLiteral("BLZ"), user->blz);
+        writeRecord(stream, QStringLiteral("ACOUNT"), user->acount);
+        writeRecord(stream, QStringLiteral("VALUE"), user->value, QStringLiteral("%.4f"));
+        writeRecord(stream, QStringLiteral("COUNT"), unsigned(user->kto.count()),
+                    QStringLiteral("%d"));
+        WriteFileUserAccount(stream, user);
+        *stream << "\n";
+    }
+}
+
+void WayfernIO::WriteFileUserAccount(QTextStream *stream, UserData *user)
+{
+    *stream << "\n";
+    int index = 0;
+    for (const KtoData *line : user->kto) {
+        *stream << u'[' << user->short_ << u'_' << index++ << "]\n";
+        writeRecord(stream, QStringLiteral("DATE"), line->date);
+        writeRecord(stream, QStringLiteral("TYPE"), line->type);
+        writeRecord(stream, QStringLiteral("MAGIC"), line->magic, QStringLiteral("%d"));
+        writeRecord(stream, QStringLiteral("PERCENTAGE"), line->percentage, QStringLiteral("%.2f"));
+        writeRecord(stream, QStringLiteral("CHANGE"), line->change, QStringLiteral("%.4f"));
+        *stream << "\n";
+    }
+}
+
+void WayfernIO::WriteFileCurr(QTextStream *stream)
+{
+    *stream << groupSeparator;
+    int index = 0;
+    for (const CurrData *curr : document->currencies) {
+        *stream << "[CURRENCY_" << index++ << "]\n";
+        writeRecord(stream, QStringLiteral("SHORT-TERM"), curr->short_);
+        writeRecord(stream, QStringLiteral("FACTOR"), curr->factor);
+        writeRecord(stream, QStringLiteral("FULL-NAME"), curr->fullname);
+        writeRecord(stream, QStringLiteral("TYPE"), curr->type);
+        *stream << "\n";
+    }
+}
+
+void WayfernIO::WriteFileCTType(QTextStream *stream, const RecordList<CustomData> &customs)
+{
+    *stream << "CUSTOMCNT=" << customs.count() << ";\n";
+    int index = 0;
+    for (const CustomData *custom : customs)
+        *stream << "CUSTOM_" << index++ << u'=' << custom->text << ";\n";
+}
+
+void WayfernIO::WriteFileCTip(QTextStream *stream, const RecordList<CustomData> &customs)
+{
+    *stream << "CUSTOMCNT=" << customs.count() << ";\n";
+    int index = 0;
+    for (const CustomData *custom : customs) {
+        *stream << "CUSTOMTEXT_" << index << u'=' << custom->text << ";\n";
+        *stream << "CUSTOMCONT_" << index << u'=' << custom->content << ";\n";
+        ++index;
+    }
+}

@@ -1,0 +1,67 @@
+#pragma once
+
+#include "data/wayferndata.h"
+#include "storage/scqtutil.h"
+
+#include <QHash>
+
+// Reads and writes one journey as a ".wfn" text file.
+class WayfernIO : public ScQtUtil
+{
+public:
+    explicit WayfernIO(WayFernData *document);
+
+    // 0 read; -1 when the file is missing or has no "Header" section.
+    int ReadFile(const QString &path);
+    // 0 written; -1 when the file cannot be written.
+    int WriteFile(const QString &path);
+
+    // One reader per group, each with the number of sections to read: 0, or -1 when a
+    // section is missing.
+    int ReadFileCType(RecordStream *stream, int count);
+    int ReadFileTType(RecordStream *stream, int count);
+    int ReadFileQType(RecordStream *stream, int count);
+    int ReadFileCosts(RecordStream *stream, int count);
+    int ReadFileCurr(RecordStream *stream, int count);
+    int ReadFileTips(RecordStream *stream, int count);
+    int ReadFileUsers(RecordStream *stream, int count);
+    int ReadFileUserAccount(RecordStream *stream, UserData *user, int count);
+    // The custom fields behind "CUSTOMCNT", read on the stream of the tip type or tip.
+    int ReadFileCTType(RecordStream *stream, int count, RecordList<CustomData> &customs);
+    int ReadFileCTip(RecordStream *stream, int count, RecordList<CustomData> &customs);
+
+    void WriteFileCType(QTextStream *stream);
+    void WriteFileTType(QTextStream *stream);
+    void WriteFileQType(QTextStream *stream);
+    void WriteFileCosts(QTextStream *stream);
+    void WriteFileTips(QTextStream *stream);
+    void WriteFileUsers(QTextStream *stream);
+    void WriteFileUserAccount(QTextStream *stream, UserData *user);
+    void WriteFileCurr(QTextStream *stream);
+    void WriteFileCTType(QTextStream *stream, const RecordList<CustomData> &customs);
+    void WriteFileCTip(QTextStream *stream, const RecordList<CustomData> &customs);
+
+    WayFernData *document;
+
+private:
+    template <typename Record, typename Dispatch, typename After>
+    int readGroup(RecordStream *stream, const char *reader, const QString &prefix, int count,
+                  RecordList<Record> &list, Dispatch dispatch, After after);
+    template <typename Record, typename Dispatch>
+    int readGroup(RecordStream *stream, const char *reader, const QString &prefix, int count,
+                  RecordList<Record> &list, Dispatch dispatch);
+
+    // Dates, types and currency names repeat throughout a journey: their texts are shared.
+    QString shared(QStringView value);
+    QHash<QStringView, QString> sharedTexts;
+
+    // The section counts of the header. They survive from one read to the next: a header
+    // without a count key reads as many sections as the file before had.
+    static int costsCount;
+    static int userCount;
+    static int tipCount;
+    static int currCount;
+    static int ctypeCount;
+    static int ttypeCount;
+    static int qtypeCount;
+};

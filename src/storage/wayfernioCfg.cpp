@@ -1,0 +1,91 @@
+#include "storage/wayfernioCfg.h"
+
+#include "storage/printline.h"
+
+WayfernIOCfg::WayfernIOCfg(WayFernData *document) : document(document) {}
+
+int WayfernIOCfg::ReadFile(const QString &path, const QString &name)
+{
+    if (path.isNull())
+        return -1;
+    const QString fullName = path.isEmpty() ? name : path + u'/' + name;
+    RecordStream stream;
+    if (!stream.open(fullName)) {
+        printLine("\nWayfernIOCfg::ReadFile - file not found (%s)\n", cstr(fullName).constData());
+        return -1;
+    }
+    WayFernConfig &config = document->config;
+
+    if (findSection(&stream, QStringLiteral("Header"), true) != 0) {
+        printLine("\nWayfernIOCfg::ReadFile - section not found : %s\n", "Header");
+        return -1;
+    }
+    walkSection(&stream, [&](QStringView key, QStringView value) {
+        if (key == u"DATA-PATH")
+            config.datapath = stringValue(value);
+        else if (key == u"LAST")
+            config.last = stringValue(value);
+        else if (key == u"TEMPLATE")
+            config.template_ = stringValue(value);
+        else if (key == u"HELPPROG")
+            config.helpprog = stringValue(value);
+        else if (key == u"HELPFILE")
+            config.helpfile = stringValue(value);
+        else
+            printLine("\nWayfernIOCfg::ReadFile(%s) : unknown header-entry : %s\n", "Header",
+                      key.toUtf8().constData());
+    });
+
+    if (findSection(&stream, QStringLiteral("HTMLSYNC"), true) != 0) {
+        printLine("\nWayfernIOCfg::ReadFile - section not found : %s\n", "HTMLSYNC");
+        return -1;
+    }
+    walkSection(&stream, [&](QStringView key, QStringView value) {
+        if (key == u"SYNCFILE")
+            config.syncfile = stringValue(value);
+        else if (key == u"SERVER")
+            config.server = stringValue(value);
+        else if (key == u"FROMPREFIX")
+            config.fromprefix = stringValue(value);
+        else if (key == u"TOPREFIX")
+            config.toprefix = stringValue(value);
+        else if (key == u"POSTFIX")
+            config.postfix = stringValue(value);
+        else
+            printLine("\nWayfernIOCfg::ReadFile(%s) : unknown syncheader-entry : %s\n",
+                      "HTMLSYNC", key.toUtf8().constData());
+    });
+    return 0;
+}
+
+int WayfernIOCfg::WriteFile(const QString &path)
+{
+    RecordSink sink(path);
+    if (!sink.open()) {
+        printLine("\nWayfernIOCfg::WriteFile(%s) : file not open\n", cstr(path).constData());
+        return -1;
+    }
+    const WayFernConfig &config = document->config;
+    QTextStream *stream = sink.stream();
+    writeFileHead(stream, "config", "Config-File");
+    *stream << "[Header]\n";
+    writeRecord(stream, QStringLiteral("DATA-PATH"), config.datapath);
+    writeRecord(stream, QStringLiteral("LAST"), config.last);
+    writeRecord(stream, QStringLiteral("TEMPLATE"), config.template_);
+    writeRecord(stream, QStringLiteral("HELPPROG"), config.helpprog);
+    writeRecord(stream, QStringLiteral("HELPFILE"), config.helpfile);
+    *stream << "\n";
+    // No "[HTMLSYNC]" head and the page file under the key "HTMLSYNC": the reader differs.
+    writeRecord(stream, QStringLiteral("HTMLSYNC"), config.syncfile);
+    writeRecord(stream, QStringLiteral("SERVER"), config.server);
+    writeRecord(stream, QStringLiteral("FROMPREFIX"), config.fromprefix);
+    writeRecord(stream, QStringLiteral("TOPREFIX"), config.toprefix);
+    writeRecord(stream, QStringLiteral("POSTFIX"), config.postfix);
+    *stream << "\n";
+    *stream << "\n##EOF WAYFERN CONFIG FILE \n";
+    if (!sink.commit()) {
+        printLine("\nWayfernIOCfg::WriteFile(%s) : file not open\n", cstr(path).constData());
+        return -1;
+    }
+    return 0;
+}

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "data/wayferndata.h"
+#include "storage/scqtutil.h"
+
+// Reads "wayfern.cfg" into the document's configuration. The program never writes the
+// file; the writer stands ready, and what it writes reads back only as far as "Header".
+class WayfernIOCfg : public ScQtUtil
+{
+public:
+    explicit WayfernIOCfg(WayFernData *document);
+
+    // Reads `path`/`name` (or `name` alone when `path` is empty): 0 read; -1 any failure.
+    int ReadFile(const QString &path, const QString &name);
+    // Writes the complete `path`: 0 written; -1 when the file cannot be written.
+    int WriteFile(const QString &path);
+
+    WayFernData *document;
+};
