@@ -12,8 +12,14 @@ class RecordList
 {
 public:
     RecordList() = default;
-    RecordList(RecordList &&) noexcept = default;
-    RecordList &operator=(RecordList &&) noexcept = default;
+    RecordList(RecordList &&other) noexcept : items(std::move(other.items)) { ++other.changes; }
+    RecordList &operator=(RecordList &&other) noexcept
+    {
+        items = std::move(other.items);
+        ++changes;
+        ++other.changes;
+        return *this;
+    }
     RecordList(const RecordList &other) { copyFrom(other); }
     RecordList &operator=(const RecordList &other)
     {
@@ -28,6 +34,7 @@ public:
     T *append() { return append(std::make_unique<T>()); }
     T *append(std::unique_ptr<T> record)
     {
+        ++changes;
         items.push_back(std::move(record));
         return items.back().get();
     }
@@ -54,9 +61,18 @@ public:
         if (i < 0)
             return false;
         items.erase(items.begin() + i);
+        ++changes;
         return true;
     }
-    void clear() { items.clear(); }
+    void clear()
+    {
+        items.clear();
+        ++changes;
+    }
+
+    // Counts every change of membership: a remembered pointer taken at an older count may
+    // point at a record that has gone, or at a new one in its place.
+    unsigned long long generation() const { return changes; }
 
     // Iteration yields the records as plain pointers, first to last.
     class const_iterator
@@ -87,4 +103,5 @@ private:
     }
 
     std::vector<std::unique_ptr<T>> items;
+    unsigned long long changes = 0;
 };

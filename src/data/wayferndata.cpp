@@ -157,13 +157,13 @@ void WayFernData::rebaseCurrencies()
 
 void WayFernData::recalcCost(CostsData *cost, const QString &ctype)
 {
-    // The remembered currency may have been deleted or the journey replaced meanwhile.
-    const bool stale = recalcCurrency
-        && (!currencies.contains(recalcCurrency) || recalcCurrency->short_ != recalcCtype);
-    if (ctype != recalcCtype || stale) {
+    // Once the currency list has changed (a currency deleted, a journey replaced), the
+    // remembered currency may be gone: look up afresh.
+    if (ctype != recalcCtype || currencies.generation() != recalcGeneration) {
         recalcCtype = ctype;
         recalcFactors();
         recalcCurrency = findCurrency(ctype);
+        recalcGeneration = currencies.generation();
     }
     if (!recalcCurrency)
         return;

@@ -122,5 +122,6 @@ private:
     TTypeData *lastTipType = nullptr;
     QString recalcCtype;
     CurrData *recalcCurrency = nullptr;
+    unsigned long long recalcGeneration = 0;
     QByteArray capitalBuffer;
 };

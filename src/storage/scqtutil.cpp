@@ -64,7 +64,7 @@ QString ScQtUtil::stringValue(QStringView value)
 
 int ScQtUtil::writeRecord(QTextStream *stream, const QString &key, const QString &value)
 {
-    *stream << key << u'=' << value << u";\n";
+    *stream << key << '=' << value << ";\n";
     return 0;
 }
 
@@ -96,7 +96,7 @@ namespace {
 template <typename T>
 int writeFormatted(QTextStream *stream, const QString &key, T value, const QString &format)
 {
-    *stream << key << u'=' << QString::asprintf(format.toLatin1().constData(), value) << u";\n";
+    *stream << key << '=' << QString::asprintf(format.toLatin1().constData(), value) << ";\n";
     return 0;
 }
 } // namespace

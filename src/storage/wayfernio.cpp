@@ -517,7 +517,7 @@ void WayfernIO::WriteFileUserAccount(QTextStream *stream, UserData *user)
     *stream << "\n";
     int index = 0;
     for (const KtoData *line : user->kto) {
-        *stream << u'[' << user->short_ << u'_' << index++ << "]\n";
+        *stream << '[' << user->short_ << '_' << index++ << "]\n";
         writeRecord(stream, QStringLiteral("DATE"), line->date);
         writeRecord(stream, QStringLiteral("TYPE"), line->type);
         writeRecord(stream, QStringLiteral("MAGIC"), line->magic, QStringLiteral("%d"));
@@ -546,7 +546,7 @@ void WayfernIO::WriteFileCTType(QTextStream *stream, const RecordList<CustomData
     *stream << "CUSTOMCNT=" << customs.count() << ";\n";
     int index = 0;
     for (const CustomData *custom : customs)
-        *stream << "CUSTOM_" << index++ << u'=' << custom->text << ";\n";
+        *stream << "CUSTOM_" << index++ << '=' << custom->text << ";\n";
 }
 
 void WayfernIO::WriteFileCTip(QTextStream *stream, const RecordList<CustomData> &customs)
@@ -554,8 +554,8 @@ void WayfernIO::WriteFileCTip(QTextStream *stream, const RecordList<CustomData> 
     *stream << "CUSTOMCNT=" << customs.count() << ";\n";
     int index = 0;
     for (const CustomData *custom : customs) {
-        *stream << "CUSTOMTEXT_" << index << u'=' << custom->text << ";\n";
-        *stream << "CUSTOMCONT_" << index << u'=' << custom->content << ";\n";
+        *stream << "CUSTOMTEXT_" << index << '=' << custom->text << ";\n";
+        *stream << "CUSTOMCONT_" << index << '=' << custom->content << ";\n";
         ++index;
     }
 }
