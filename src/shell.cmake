@@ -1,0 +1,18 @@
+# The application shell: the main window, the journey view and its form, the program and
+# the help viewer. Included by ui.cmake.
+
+target_sources(wayfern_ui PRIVATE
+  forms/shell.qrc
+  forms/maindlg1.ui forms/maindlg1.h forms/maindlg1.cpp
+  shell/wayfernapp.h shell/wayfernapp.cpp
+  shell/wayfernview.h shell/wayfernview.cpp
+)
+
+add_executable(wayfern shell/main.cpp)
+target_link_libraries(wayfern PRIVATE wayfern_ui)
+
+add_executable(wayfern-help helpviewer/main.cpp)
+target_link_libraries(wayfern-help PRIVATE Qt6::Widgets)
+
+# Form headers include their generated ui_*.h: users of the library need that directory.
+target_include_directories(wayfern_ui PUBLIC ${CMAKE_CURRENT_BINARY_DIR}/wayfern_ui_autogen/include)

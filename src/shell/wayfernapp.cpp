@@ -1,0 +1,414 @@
+#include "shell/wayfernapp.h"
+
+#include "data/wayferndata.h"
+#include "dialogs/scqtfileedit.h"
+#include "shell/wayfernview.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QIcon>
+#include <QKeySequence>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QStatusBar>
+#include <QToolBar>
+#include <QWhatsThis>
+
+#include <sys/wait.h>
+#include <unistd.h>
+
+pid_t (*WayfernApp::forkProcess)() = &::fork;
+
+WayfernApp::WayfernApp(QWidget *parent, const char *name, Qt::WindowFlags flags)
+    : QMainWindow(parent, flags)
+{
+    if (name)
+        setObjectName(QString::fromLatin1(name));
+    setWindowTitle(QStringLiteral("Wayfern 0.2.0"));
+    initActions();
+    initToolBar();
+    initStatusBar();
+    initDoc();
+    initView();
+
+    if (!doc->lastfile.isEmpty()) {
+        const QString path = doc->config.datapath + QStringLiteral("/") + doc->lastfile;
+        view->loadView(path);
+        setWindowTitle(doc->lastfile);
+        fileName = path;
+    } else {
+        fileName = QStringLiteral("");
+        slotFileNew();
+    }
+
+    viewToolBar->setChecked(true);
+    viewStatusBar->setChecked(true);
+
+    // No menu bar is built; should one exist, its height counts here.
+    const int menuHeight = menuWidget() ? menuWidget()->height() : 0;
+    view->setGeometry(0, menuHeight + toolBar->height(), view->width(), view->height());
+    setMinimumSize(view->minimumWidth() + 10,
+                   view->minimumHeight() + toolBar->height() + statusBar()->height() + 10);
+    showMaximized();
+}
+
+WayfernApp::~WayfernApp()
+{
+    // The view and its dialogs hold the document: they go first.
+    delete view;
+    view = nullptr;
+}
+
+void WayfernApp::initActions()
+{
+    struct Spec
+    {
+        QAction **action;
+        const char *text;
+        const char *menuText;
+        const char *accel;
+        const char *statusTip;
+        const char *whatsThis;
+        const char *icon;
+    };
+    // Only the toolbar and the accelerators reach these: there is no menu.
+    const Spec specs[] = {
+        {&fileNew, QT_TR_NOOP("New File"), QT_TR_NOOP("&New"), QT_TR_NOOP("Ctrl+N"),
+         QT_TR_NOOP("Creates a new document"), QT_TR_NOOP("New File\n\nCreates a new document"),
+         ":/shell/filenew.xpm"},
+        {&fileOpen, QT_TR_NOOP("Open File"), QT_TR_NOOP("&Open..."), nullptr,
+         QT_TR_NOOP("Opens an existing document"),
+         QT_TR_NOOP("Open File\n\nOpens an existing document"), ":/shell/fileopen.xpm"},
+        {&fileSave, QT_TR_NOOP("Save File"), QT_TR_NOOP("&Save"), QT_TR_NOOP("Ctrl+S"),
+         QT_TR_NOOP("Saves the actual document"),
+         QT_TR_NOOP("Save File.\n\nSaves the actual document"), ":/shell/filesave.xpm"},
+        {&fileSaveAs, QT_TR_NOOP("Save File as"), QT_TR_NOOP("save &As"), QT_TR_NOOP("Ctrl+A"),
+         QT_TR_NOOP("Saves with new filename"),
+         QT_TR_NOOP("Save File As.\n\nSaves with new filename"), ":/shell/filesaveas.xpm"},
+        {&openBase, QT_TR_NOOP("Open Base Dialog"), QT_TR_NOOP("&Base"), QT_TR_NOOP("Ctrl+B"),
+         QT_TR_NOOP("Opens the base dialog"),
+         QT_TR_NOOP("Opens the base dialog\n\nused for basic settings"), ":/shell/openbase.xpm"},
+        {&openCurr, QT_TR_NOOP("Open Currency Dialog"), QT_TR_NOOP("&Currency"),
+         QT_TR_NOOP("Ctrl+C"), QT_TR_NOOP("Opens the currency dialog"),
+         QT_TR_NOOP("Opens the currency dialog\n\nused currency settings"),
+         ":/shell/opencurr.xpm"},
+        {&openUser, QT_TR_NOOP("Open User Dialog"), QT_TR_NOOP("&User"), QT_TR_NOOP("Ctrl+U"),
+         QT_TR_NOOP("Opens the user dialog"),
+         QT_TR_NOOP("Opens the user dialog\n\nuser input / data manipulation"),
+         ":/shell/openuser.xpm"},
+        {&openHelp, QT_TR_NOOP("Open online help"), QT_TR_NOOP("&Help"), QT_TR_NOOP("Ctrl+H"),
+         QT_TR_NOOP("Opens the online help"), QT_TR_NOOP("Opens the online help browser\n"),
+         ":/shell/openhelp.xpm"},
+        {&viewToolBar, QT_TR_NOOP("Toolbar"), QT_TR_NOOP("Tool&bar"), nullptr,
+         QT_TR_NOOP("Enables/disables the toolbar"),
+         QT_TR_NOOP("Toolbar\n\nEnables/disables the toolbar"), nullptr},
+        {&viewStatusBar, QT_TR_NOOP("Statusbar"), QT_TR_NOOP("&Statusbar"), nullptr,
+         QT_TR_NOOP("Enables/disables the statusbar"),
+         QT_TR_NOOP("Statusbar\n\nEnables/disables the statusbar"), nullptr},
+    };
+    for (const Spec &s : specs) {
+        QAction *action = new QAction(this);
+        // The menu text is the action's text in a menu; the plain text names it on the
+        // toolbar and in its tool tip.
+        action->setText(tr(s.menuText));
+        action->setIconText(tr(s.text));
+        action->setToolTip(tr(s.text));
+        if (s.accel)
+            action->setShortcut(QKeySequence(tr(s.accel)));
+        action->setStatusTip(tr(s.statusTip));
+        action->setWhatsThis(tr(s.whatsThis));
+        if (s.icon)
+            action->setIcon(QIcon(QString::fromLatin1(s.icon)));
+        *s.action = action;
+    }
+    fileNew->setObjectName(QStringLiteral("fileNew"));
+    fileOpen->setObjectName(QStringLiteral("fileOpen"));
+    fileSave->setObjectName(QStringLiteral("fileSave"));
+    fileSaveAs->setObjectName(QStringLiteral("fileSaveAs"));
+    openBase->setObjectName(QStringLiteral("openBase"));
+    openCurr->setObjectName(QStringLiteral("openCurr"));
+    openUser->setObjectName(QStringLiteral("openUser"));
+    openHelp->setObjectName(QStringLiteral("openHelp"));
+    viewToolBar->setObjectName(QStringLiteral("viewToolBar"));
+    viewStatusBar->setObjectName(QStringLiteral("viewStatusBar"));
+
+    connect(fileNew, &QAction::triggered, this, &WayfernApp::slotFileNew);
+    connect(fileOpen, &QAction::triggered, this, &WayfernApp::slotFileOpen);
+    connect(fileSave, &QAction::triggered, this, &WayfernApp::slotFileSave);
+    connect(fileSaveAs, &QAction::triggered, this, &WayfernApp::slotFileSaveAs);
+    connect(openBase, &QAction::triggered, this, &WayfernApp::slotOpenBase);
+    connect(openCurr, &QAction::triggered, this, &WayfernApp::slotOpenCurr);
+    connect(openUser, &QAction::triggered, this, &WayfernApp::slotOpenUser);
+    connect(openHelp, &QAction::triggered, this, &WayfernApp::slotOpenHelp);
+    viewToolBar->setCheckable(true);
+    connect(viewToolBar, &QAction::toggled, this, &WayfernApp::slotViewToolBar);
+    viewStatusBar->setCheckable(true);
+    connect(viewStatusBar, &QAction::toggled, this, &WayfernApp::slotViewStatusBar);
+
+    // The accelerators belong to the window, so they work with the toolbar hidden too.
+    addActions({fileNew, fileOpen, fileSave, fileSaveAs, openBase, openCurr, openUser,
+                openHelp});
+}
+
+void WayfernApp::initMenuBar()
+{
+    // Not called: the quit and edit actions of this layout are never created, so the
+    // routine builds only what exists and the window keeps no menu.
+    QMenu *fileMenu = new QMenu(tr("&File"), this);
+    fileMenu->addAction(fileNew);
+    fileMenu->addAction(fileOpen);
+    fileMenu->addSeparator();
+    fileMenu->addAction(fileSave);
+    fileMenu->addAction(fileSaveAs);
+    fileMenu->addSeparator();
+    fileMenu->addSeparator();
+    QMenu *editMenu = new QMenu(tr("&Edit"), this);
+    QMenu *viewMenu = new QMenu(tr("&View"), this);
+    viewMenu->addAction(viewToolBar);
+    viewMenu->addAction(viewStatusBar);
+    QMenu *helpMenu = new QMenu(tr("&Help"), this);
+    menuBar()->addMenu(fileMenu);
+    menuBar()->addMenu(editMenu);
+    menuBar()->addMenu(viewMenu);
+    menuBar()->addSeparator();
+    menuBar()->addMenu(helpMenu);
+}
+
+void WayfernApp::initToolBar()
+{
+    toolBar = new QToolBar(QStringLiteral("file operations"), this);
+    toolBar->setObjectName(QStringLiteral("file operations"));
+    addToolBar(toolBar);
+    toolBar->addAction(fileNew);
+    toolBar->addAction(fileOpen);
+    toolBar->addAction(fileSave);
+    toolBar->addAction(fileSaveAs);
+    toolBar->addSeparator();
+    toolBar->addAction(openCurr);
+    toolBar->addAction(openUser);
+    toolBar->addAction(openBase);
+    toolBar->addAction(openHelp);
+    toolBar->addAction(QWhatsThis::createAction(toolBar));
+}
+
+void WayfernApp::initStatusBar()
+{
+    statusBar()->showMessage(tr("Ready."), 2000);
+}
+
+void WayfernApp::initDoc()
+{
+    document = std::make_unique<WayFernData>();
+    doc = document.get();
+}
+
+void WayfernApp::initView()
+{
+    view = new WayfernView(this, doc);
+    view->show();
+}
+
+bool WayfernApp::queryModified(const QString &caption)
+{
+    if (!doc->isModified())
+        return true;
+    const int answer = QMessageBox::information(
+        this, caption, tr("You have modified the data!\nDo you want to save the changes ?"),
+        QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QMessageBox::Yes);
+    if (answer == QMessageBox::Yes) {
+        slotFileSave();
+        return true;
+    }
+    return answer == QMessageBox::No;
+}
+
+bool WayfernApp::queryExit()
+{
+    // Nothing asks this; closing goes through slotFileQuit.
+    const int answer = QMessageBox::information(this, tr("Quit..."),
+                                                tr("Do your really want to quit?"),
+                                                QMessageBox::Ok | QMessageBox::Cancel,
+                                                QMessageBox::Ok);
+    return answer == QMessageBox::Ok;
+}
+
+void WayfernApp::resizeEvent(QResizeEvent *event)
+{
+    QMainWindow::resizeEvent(event);
+    if (!view)
+        return;
+    const int top = toolBar->height();
+    view->setGeometry(0, top, width(), height() - top - 10);
+}
+
+void WayfernApp::closeEvent(QCloseEvent *event)
+{
+    // The window never closes by itself: the run ends through the application.
+    event->ignore();
+    slotFileQuit();
+}
+
+void WayfernApp::slotFileNew()
+{
+    if (!queryModified(tr("New file ... ")))
+        return;
+    statusBar()->showMessage(tr("Creating new file..."));
+    doc->clearAll();
+    view->loadView(doc->config.datapath + QStringLiteral("/") + doc->config.template_);
+    fileName = QStringLiteral("");
+    doc->lastfile = QStringLiteral("");
+    setWindowTitle(QStringLiteral("new file"));
+    statusBar()->showMessage(tr("Loaded document: new file"), 2000);
+    statusBar()->showMessage(tr("Ready."));
+}
+
+void WayfernApp::slotFileOpen()
+{
+    if (!queryModified(tr("Open file ... ")))
+        return;
+    statusBar()->showMessage(tr("Opening file..."));
+    const QString path = ScQtFileEdit::getOpenFileName(this, "",
+                                                       doc->config.datapath,
+                                                       QStringLiteral("*.wfn"));
+    if (path.isEmpty()) {
+        statusBar()->showMessage(tr("Opening aborted"), 2000);
+        return;
+    }
+    doc->lastfile = path.mid(path.lastIndexOf(QLatin1Char('/')) + 1);
+    view->loadView(path);
+    setWindowTitle(doc->lastfile);
+    fileName = path;
+    view->saveLast();
+    statusBar()->showMessage(tr("Loaded document: ") + path, 2000);
+}
+
+void WayfernApp::slotFileSave()
+{
+    if (fileName.isEmpty()) {
+        slotFileSaveAs();
+        return;
+    }
+    statusBar()->showMessage(tr("Saving file..."));
+    view->saveView(fileName);
+    doc->setModified(false);
+    statusBar()->showMessage(tr("Ready."));
+}
+
+void WayfernApp::slotFileSaveAs()
+{
+    statusBar()->showMessage(tr("Saving file under new filename..."));
+    const QString path = ScQtFileEdit::getSaveFileName(this, "",
+                                                       doc->config.datapath,
+                                                       QStringLiteral("*.wfn"));
+    if (path.isEmpty()) {
+        statusBar()->showMessage(tr("Saving aborted"), 2000);
+        return;
+    }
+    doc->lastfile = path.mid(path.lastIndexOf(QLatin1Char('/')) + 1);
+    doc->setModified(false);
+    view->saveView(path);
+    view->saveLast();
+    setWindowTitle(doc->lastfile);
+    fileName = path;
+}
+
+void WayfernApp::slotOpenBase()
+{
+    view->openBase();
+}
+
+void WayfernApp::slotOpenCurr()
+{
+    view->openCurr();
+}
+
+void WayfernApp::slotOpenUser()
+{
+    view->openUser();
+}
+
+void WayfernApp::slotOpenHelp()
+{
+    // Everything the child needs is made before the fork: after it only exec and exit run.
+    const QByteArray program = doc->config.helpprog.toLocal8Bit();
+    // The viewer sees an empty name of its own and the help file, literally, as its only
+    // argument.
+    QByteArray name("");
+    QByteArray file = doc->config.helpfile.toLocal8Bit();
+    char *argv[] = {name.data(), file.data(), nullptr};
+
+    const pid_t pid = forkProcess();
+    if (pid == 0) {
+        // A second fork hands the viewer to init, which reaps it; this middle child ends
+        // at once and is collected below, so no zombie is left behind.
+        const pid_t viewer = ::fork();
+        if (viewer == 0) {
+            execvp(program.constData(), argv);
+            _exit(1);
+        }
+        _exit(0);
+    }
+    if (pid < 0) {
+        QMessageBox::information(nullptr, QStringLiteral("onlinehelp failure"),
+                                 QStringLiteral("PID < 0"));
+        return;
+    }
+    int status = 0;
+    while (waitpid(pid, &status, 0) < 0 && errno == EINTR) {
+    }
+}
+
+void WayfernApp::slotFileQuit()
+{
+    statusBar()->showMessage(tr("Exiting application..."));
+    if (doc->isModified()) {
+        if (queryModified(tr("Quit ... "))) {
+            view->saveLast();
+            // exit() ends the event loop without asking the windows to close again, which
+            // would come back here.
+            QApplication::exit(0);
+        }
+    } else {
+        QApplication::exit(0);
+    }
+    statusBar()->showMessage(tr("Ready."));
+}
+
+void WayfernApp::slotEditCut()
+{
+    statusBar()->showMessage(tr("Cutting selection..."));
+    statusBar()->showMessage(tr("Ready."));
+}
+
+void WayfernApp::slotEditCopy()
+{
+    statusBar()->showMessage(tr("Copying selection to clipboard..."));
+    statusBar()->showMessage(tr("Ready."));
+}
+
+void WayfernApp::slotEditPaste()
+{
+    statusBar()->showMessage(tr("Inserting clipboard contents..."));
+    statusBar()->showMessage(tr("Ready."));
+}
+
+void WayfernApp::slotViewToolBar(bool on)
+{
+    statusBar()->showMessage(tr("Toggle toolbar..."));
+    if (on)
+        toolBar->show();
+    else
+        toolBar->hide();
+    statusBar()->showMessage(tr("Ready."));
+}
+
+void WayfernApp::slotViewStatusBar(bool on)
+{
+    statusBar()->showMessage(tr("Toggle statusbar..."));
+    if (on)
+        statusBar()->show();
+    else
+        statusBar()->hide();
+    statusBar()->showMessage(tr("Ready."));
+}

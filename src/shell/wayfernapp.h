@@ -1,0 +1,76 @@
+#pragma once
+
+#include <QMainWindow>
+#include <QString>
+
+#include <memory>
+#include <sys/types.h>
+
+class QAction;
+class QToolBar;
+class WayFernData;
+class WayfernView;
+
+// The main window: creates the document and the view, owns the toolbar and the status bar
+// and hosts the file commands. Everything about the journey itself lives in the view.
+class WayfernApp : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    explicit WayfernApp(QWidget *parent = nullptr, const char *name = nullptr,
+                        Qt::WindowFlags flags = {});
+    ~WayfernApp() override;
+
+    bool queryModified(const QString &caption);
+    bool queryExit();
+
+    WayfernView *view = nullptr;
+    WayFernData *doc = nullptr;
+    QToolBar *toolBar = nullptr;
+    QAction *fileNew = nullptr;
+    QAction *fileOpen = nullptr;
+    QAction *fileSave = nullptr;
+    QAction *fileSaveAs = nullptr;
+    QAction *openBase = nullptr;
+    QAction *openUser = nullptr;
+    QAction *openCurr = nullptr;
+    QAction *openHelp = nullptr;
+    QAction *viewToolBar = nullptr;
+    QAction *viewStatusBar = nullptr;
+    QString fileName;
+
+    // How the help viewer's process is made; replaceable so that a failing fork can be
+    // exercised.
+    static pid_t (*forkProcess)();
+
+public slots:
+    void slotFileNew();
+    void slotFileOpen();
+    void slotFileSave();
+    void slotOpenBase();
+    void slotOpenCurr();
+    void slotOpenUser();
+    void slotOpenHelp();
+    void slotFileSaveAs();
+    void slotFileQuit();
+    void slotEditCut();
+    void slotEditCopy();
+    void slotEditPaste();
+    void slotViewToolBar(bool on);
+    void slotViewStatusBar(bool on);
+
+protected:
+    void resizeEvent(QResizeEvent *event) override;
+    void closeEvent(QCloseEvent *event) override;
+
+private:
+    void initActions();
+    void initMenuBar();
+    void initToolBar();
+    void initStatusBar();
+    void initDoc();
+    void initView();
+
+    std::unique_ptr<WayFernData> document;
+};

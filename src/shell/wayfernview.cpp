@@ -1,0 +1,429 @@
+#include "shell/wayfernview.h"
+
+#include "data/wayferndata.h"
+#include "dialogs/calenderedit.h"
+#include "dialogs/scqtwidgetutil.h"
+#include "shell/wayfernapp.h"
+#include "storage/printline.h"
+#include "storage/wayfernio.h"
+#include "storage/wayfernioCfg.h"
+#include "storage/wayfernioLast.h"
+
+#include <QDate>
+#include <QHeaderView>
+#include <QIcon>
+#include <QPixmap>
+#include <QTreeWidget>
+
+#include <algorithm>
+#include <numeric>
+#include <vector>
+
+WayfernView::WayfernView(WayfernApp *parent, WayFernData *doc)
+    : MainDlg1(parent, nullptr, {}), doc(doc)
+{
+    // The last-state file is found through the configuration: the order matters.
+    io = new WayfernIO(doc);
+    ioCfg = new WayfernIOCfg(doc);
+    loadCfg();
+    ioLast = new WayfernIOLast(doc);
+    loadLast();
+
+    unsharedPixmap = new QPixmap(QStringLiteral(":/shell/unshared.xpm"));
+    sharedPixmap = new QPixmap(QStringLiteral(":/shell/shared.xpm"));
+
+    doc->clearAll();
+    app = parent;
+    actucost = nullptr;
+    actutip = nullptr;
+    actuuser = doc->users.first();
+    actucurr = doc->currencies.first();
+
+    createDialogs();
+
+    labelCommon = tr("common");
+    labelJourney = tr("journey");
+    labelBaseCurrency = tr("base currency");
+    labelCosts = tr("costs");
+    labelTotal = tr("total");
+    labelPerDay = tr("perday");
+    labelUser = tr("user account");
+    labelCategory = tr("costs by category");
+
+    initLists();
+
+    costCopied = false;
+    tipCopied = false;
+
+    ScQtWidgetUtil::setAllWidgetsFont(QStringLiteral("helvetica"), 8);
+
+    CopyButton->setEnabled(false);
+    PasteButton->setEnabled(false);
+    TCopyButton->setEnabled(false);
+    TPasteButton->setEnabled(false);
+}
+
+WayfernView::~WayfernView()
+{
+    delete io;
+    delete ioLast;
+    delete ioCfg;
+    delete sharedPixmap;
+    delete unsharedPixmap;
+}
+
+void WayfernView::createDialogs()
+{
+    // The costs, tip, base settings, currency list and user list dialogs join here with
+    // their own classes, before the calendar.
+    calendar = new calenderEdit(this, tr("Calendar").toLatin1().constData(), true, doc);
+    calendar->hide();
+}
+
+void WayfernView::openBase()
+{
+    // Comes with the base settings dialog.
+}
+
+void WayfernView::openCurr()
+{
+    // Comes with the currency list dialog.
+}
+
+void WayfernView::openUser()
+{
+    // Comes with the user list dialog.
+}
+
+void WayfernView::initLists()
+{
+    CostsListView->setSortingEnabled(false);
+    CostsListView->setAllColumnsShowFocus(true);
+    fillCosts();
+    CostsListView->show();
+    DeleteButton->setEnabled(false);
+    ChangeButton->setEnabled(false);
+
+    TipListView->setSortingEnabled(false);
+    TipListView->setAllColumnsShowFocus(true);
+    fillTips();
+    TipListView->show();
+    TDeleteButton->setEnabled(false);
+    TChangeButton->setEnabled(false);
+
+    OverListView->setSortingEnabled(false);
+    OverListView->setAllColumnsShowFocus(true);
+    fillOverview();
+    OverListView->show();
+}
+
+void WayfernView::refreshView()
+{
+    forgetStaleRecords();
+    sortCosts();
+    calcSums();
+    fillCosts();
+    sortTips();
+    fillTips();
+    if (doc->userflag)
+        doc->recalcUsers();
+    fillOverview();
+}
+
+void WayfernView::forgetStaleRecords()
+{
+    if (actucost && !doc->costs.contains(actucost))
+        actucost = nullptr;
+    if (actutip && !doc->tips.contains(actutip))
+        actutip = nullptr;
+}
+
+namespace {
+
+// The day number that orders a date text: a date that is not valid counts as day 0, in
+// front of every valid one.
+qint64 dayNumber(ScQtUtil &util, const QString &date)
+{
+    const int year = util.dateYear(date);
+    const int month = util.dateMonth(date);
+    const int day = util.dateDay(date);
+    const QDate d(year, month, day);
+    return d.isValid() ? d.toJulianDay() : 0;
+}
+
+// Orders the records of a list by date, keeping the order of records of one day. The
+// contents move between the list positions; the fields that `keep` names stay with their
+// position, exactly as exchanging contents pairwise would leave them.
+template <typename Record, typename Keep>
+void sortByDate(ScQtUtil &util, RecordList<Record> &list, Keep keep)
+{
+    const int n = list.count();
+    std::vector<qint64> keys(size_t(n), 0);
+    bool sorted = true;
+    for (int i = 0; i < n; ++i) {
+        keys[size_t(i)] = dayNumber(util, list.at(i)->date);
+        if (i > 0 && keys[size_t(i)] < keys[size_t(i) - 1])
+            sorted = false;
+    }
+    if (sorted)
+        return;
+
+    std::vector<int> order(static_cast<size_t>(n));
+    std::iota(order.begin(), order.end(), 0);
+    std::stable_sort(order.begin(), order.end(),
+                     [&keys](int a, int b) { return keys[size_t(a)] < keys[size_t(b)]; });
+
+    std::vector<Record> contents;
+    contents.reserve(size_t(n));
+    for (int i = 0; i < n; ++i)
+        contents.push_back(std::move(*list.at(i)));
+    for (int i = 0; i < n; ++i) {
+        Record *record = list.at(i);
+        Record moved = std::move(contents[size_t(order[size_t(i)])]);
+        keep(*record, moved);
+        *record = std::move(moved);
+    }
+}
+
+} // namespace
+
+void WayfernView::sortCosts()
+{
+    sortByDate(util, doc->costs, [](const CostsData &position, CostsData &moved) {
+        moved.shared = position.shared;
+        moved.item = position.item;
+    });
+}
+
+void WayfernView::sortTips()
+{
+    sortByDate(util, doc->tips,
+               [](const TipData &position, TipData &moved) { moved.item = position.item; });
+}
+
+void WayfernView::fillCosts()
+{
+    CostsListView->clear();
+    CostsListView->headerItem()->setText(2, doc->basecurrency);
+    CostsListView->headerItem()->setTextAlignment(2, Qt::AlignRight | Qt::AlignVCenter);
+    CostsListView->headerItem()->setTextAlignment(3, Qt::AlignRight | Qt::AlignVCenter);
+
+    const bool icons = doc->userflag;
+    const QIcon shared(*sharedPixmap);
+    const QIcon unshared(*unsharedPixmap);
+    QList<QTreeWidgetItem *> items;
+    items.reserve(doc->costs.count());
+    QTreeWidgetItem *current = nullptr;
+    for (CostsData *cost : doc->costs) {
+        auto *item = new QTreeWidgetItem(QStringList{ScQtUtil::fileBaseName(cost->date),
+                                                     cost->typeletter, cost->bval, cost->fval,
+                                                     cost->ctype});
+        item->setTextAlignment(2, Qt::AlignRight | Qt::AlignVCenter);
+        item->setTextAlignment(3, Qt::AlignRight | Qt::AlignVCenter);
+        if (icons)
+            item->setIcon(0, cost->shared ? shared : unshared);
+        cost->item = item;
+        if (cost == actucost)
+            current = item;
+        items.append(item);
+    }
+    // One batch: the rows stand in list order, the earliest at the top.
+    CostsListView->addTopLevelItems(items);
+    if (current) {
+        CostsListView->scrollToItem(current);
+        current->setSelected(true);
+    }
+}
+
+void WayfernView::fillTips()
+{
+    TipListView->clear();
+    QList<QTreeWidgetItem *> items;
+    items.reserve(doc->tips.count());
+    QTreeWidgetItem *current = nullptr;
+    for (TipData *tip : doc->tips) {
+        const char letter = *doc->firstCapital(tip->tiptype);
+        tip->typeletter = letter ? QString(QLatin1Char(letter)) : QStringLiteral("");
+        auto *item = new QTreeWidgetItem(QStringList{tip->typeletter, tip->name,
+                                                     tip->qualitytype});
+        tip->item = item;
+        if (tip == actutip)
+            current = item;
+        items.append(item);
+    }
+    TipListView->addTopLevelItems(items);
+    if (current) {
+        TipListView->scrollToItem(current);
+        current->setSelected(true);
+    }
+}
+
+CostsData *WayfernView::findCost(QTreeWidgetItem *item)
+{
+    for (int i = doc->costs.count() - 1; i >= 0; --i)
+        if (doc->costs.at(i)->item == item)
+            return doc->costs.at(i);
+    return nullptr;
+}
+
+TipData *WayfernView::findTip(QTreeWidgetItem *item)
+{
+    for (int i = doc->tips.count() - 1; i >= 0; --i)
+        if (doc->tips.at(i)->item == item)
+            return doc->tips.at(i);
+    return nullptr;
+}
+
+void WayfernView::slotCostsSelectionChanged(QTreeWidgetItem *item)
+{
+    if (!item)
+        return;
+    actucost = findCost(item);
+    // Nothing disables these again: the enabled state only grows.
+    ChangeButton->setEnabled(true);
+    DeleteButton->setEnabled(true);
+    CopyButton->setEnabled(true);
+}
+
+void WayfernView::slotTipSelectionChanged(QTreeWidgetItem *item)
+{
+    if (!item)
+        return;
+    actutip = findTip(item);
+    TChangeButton->setEnabled(true);
+    TDeleteButton->setEnabled(true);
+    TCopyButton->setEnabled(true);
+}
+
+void WayfernView::slotOverChanged()
+{
+    fillOverview();
+}
+
+void WayfernView::slotBCurrChanged()
+{
+    doc->rebaseCurrencies();
+    refreshView();
+}
+
+void WayfernView::slotTabViewChanged(QWidget *widget)
+{
+    if (widget)
+        refreshView();
+}
+
+void WayfernView::calcSums()
+{
+    doc->total = 0.0;
+    doc->recalcFactors();
+    doc->recalcCosts();
+    for (int i = doc->costs.count() - 1; i >= 0; --i)
+        doc->total = doc->total + doc->costs.at(i)->bvalue;
+    doc->totaltext = QString::asprintf("%.2f", doc->total);
+
+    int days = 0;
+    const CostsData *first = doc->costs.first();
+    const CostsData *last = doc->costs.last();
+    if (first && last && first->date != QLatin1String("(null)")
+        && last->date != QLatin1String("(null)"))
+        days = calendar->daysBetween(first->date, last->date);
+    // Both ends of the span count as days of the journey.
+    if (days != 0)
+        doc->perday = doc->total / (days + 1);
+    else
+        doc->perday = doc->total;
+    doc->perdaytext = QString::asprintf("%.2f", doc->perday);
+}
+
+double WayfernView::categorySum(const QString &type)
+{
+    double sum = 0.0;
+    for (int i = doc->costs.count() - 1; i >= 0; --i) {
+        const CostsData *cost = doc->costs.at(i);
+        if (cost->type == type)
+            sum = sum + cost->bvalue;
+    }
+    return sum;
+}
+
+void WayfernView::fillOverview()
+{
+    // Built top to bottom; the old program built bottom-up with each item in front.
+    OverListView->clear();
+
+    auto *common = new QTreeWidgetItem(OverListView, QStringList{labelCommon});
+    new QTreeWidgetItem(common, QStringList{labelBaseCurrency, doc->basecurrency});
+    new QTreeWidgetItem(common, QStringList{labelJourney, doc->journeyname});
+    common->setExpanded(true);
+
+    auto *costs = new QTreeWidgetItem(OverListView, QStringList{labelCosts});
+    new QTreeWidgetItem(costs, QStringList{labelTotal, doc->totaltext});
+    new QTreeWidgetItem(costs, QStringList{labelPerDay, doc->perdaytext});
+    costs->setExpanded(true);
+
+    auto *category = new QTreeWidgetItem(OverListView, QStringList{labelCategory});
+    for (const CTypeData *row : doc->ctypes)
+        new QTreeWidgetItem(category, QStringList{row->type, QString::asprintf(
+                                                                  "%.2f", categorySum(row->type))});
+    category->setExpanded(false);
+
+    if (doc->userflag) {
+        auto *users = new QTreeWidgetItem(OverListView, QStringList{labelUser});
+        for (const UserData *user : doc->users)
+            new QTreeWidgetItem(users, QStringList{user->short_,
+                                                   QString::asprintf("%.2f", user->value)});
+        users->setExpanded(false);
+    }
+}
+
+bool WayfernView::loadCfg()
+{
+    if (ioCfg->ReadFile(doc->config.cfgpath, QStringLiteral("wayfern.cfg")) != 0) {
+        printLine("\nWayfernView::loadCfg - not able to read %s/wayfern.cfg",
+                  cstr(doc->config.cfgpath).constData());
+        return false;
+    }
+    return true;
+}
+
+bool WayfernView::loadLast()
+{
+    if (ioLast->ReadFile(doc->config.datapath, doc->config.last) != 0) {
+        printLine("\nWayfernView::loadLast - not able to read %s/%s",
+                  cstr(doc->config.datapath).constData(), cstr(doc->config.last).constData());
+        return false;
+    }
+    return true;
+}
+
+bool WayfernView::saveLast()
+{
+    if (ioLast->WriteFile(doc->config.datapath + QStringLiteral("/") + doc->config.last) != 0) {
+        printLine("\nWayfernView::saveLast - not able to write %s/%s",
+                  cstr(doc->config.datapath).constData(), cstr(doc->config.last).constData());
+        return false;
+    }
+    return true;
+}
+
+bool WayfernView::loadView(const QString &path)
+{
+    if (io->ReadFile(path) != 0) {
+        printLine("\nWayfernView::loadView - not able to read %s", cstr(path).constData());
+        // The lists stay; the records behind the current ones may be gone all the same.
+        forgetStaleRecords();
+        return true;
+    }
+    // A new journey: the current records of the old one are gone.
+    actucost = nullptr;
+    actutip = nullptr;
+    refreshView();
+    return true;
+}
+
+bool WayfernView::saveView(const QString &path)
+{
+    io->WriteFile(path);
+    doc->setModified(false);
+    return true;
+}

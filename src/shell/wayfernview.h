@@ -1,0 +1,88 @@
+#pragma once
+
+#include "data/journeyrecords.h"
+#include "forms/maindlg1.h"
+#include "storage/scqtutil.h"
+
+#include <QString>
+
+class QPixmap;
+class QTreeWidgetItem;
+class WayFernData;
+class WayfernApp;
+class WayfernIO;
+class WayfernIOCfg;
+class WayfernIOLast;
+class calenderEdit;
+
+// The working surface: overview, costs and tips of the journey in hand. Owns the file
+// objects and the first-level dialogs and keeps the lists in step with the document: every
+// action ends in a refresh that sorts, recomputes and refills.
+class WayfernView : public MainDlg1
+{
+    Q_OBJECT
+
+public:
+    WayfernView(WayfernApp *parent, WayFernData *doc);
+    ~WayfernView() override;
+
+    bool loadView(const QString &path);
+    bool saveView(const QString &path);
+    bool saveLast();
+    // The dialog actions of the main window.
+    void openBase();
+    void openCurr();
+    void openUser();
+
+    bool loadCfg();
+    bool loadLast();
+    void createDialogs();
+    void initLists();
+    void refreshView();
+    void sortCosts();
+    void sortTips();
+    void fillCosts();
+    void fillTips();
+    CostsData *findCost(QTreeWidgetItem *item);
+    TipData *findTip(QTreeWidgetItem *item);
+    void calcSums();
+    double categorySum(const QString &type);
+    void fillOverview();
+
+    ScQtUtil util;
+    CostsData *actucost = nullptr;
+    TipData *actutip = nullptr;
+    UserData *actuuser = nullptr;
+    CurrData *actucurr = nullptr;
+    calenderEdit *calendar = nullptr;
+    WayFernData *doc = nullptr;
+    WayfernApp *app = nullptr;
+    QPixmap *sharedPixmap = nullptr;
+    QPixmap *unsharedPixmap = nullptr;
+    bool costCopied = false;
+    bool tipCopied = false;
+    WayfernIO *io = nullptr;
+    WayfernIOLast *ioLast = nullptr;
+    WayfernIOCfg *ioCfg = nullptr;
+    CostsData costBuffer;
+    TipData tipBuffer;
+    QString labelCommon;
+    QString labelJourney;
+    QString labelBaseCurrency;
+    QString labelCosts;
+    QString labelTotal;
+    QString labelPerDay;
+    QString labelUser;
+    QString labelCategory;
+
+public slots:
+    void slotCostsSelectionChanged(QTreeWidgetItem *item) override;
+    void slotTipSelectionChanged(QTreeWidgetItem *item) override;
+    void slotOverChanged();
+    void slotBCurrChanged();
+    void slotTabViewChanged(QWidget *widget);
+
+private:
+    // The current records must never be followed once their journey is gone.
+    void forgetStaleRecords();
+};

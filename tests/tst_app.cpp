@@ -1,0 +1,529 @@
+#include "shellfixture.h"
+#include "stdoutcapture.h"
+
+#include "data/wayferndata.h"
+#include "shell/wayfernapp.h"
+#include "shell/wayfernview.h"
+
+#include <QAction>
+#include <QDirIterator>
+#include <QSignalSpy>
+#include <QStatusBar>
+#include <QTabWidget>
+#include <QTest>
+#include <QToolBar>
+#include <QToolButton>
+#include <QTreeWidget>
+
+#include <cerrno>
+#include <unistd.h>
+
+namespace {
+
+pid_t failingFork()
+{
+    errno = EAGAIN;
+    return -1;
+}
+
+// Children of this process that have ended and were never collected.
+int zombieChildren()
+{
+    int zombies = 0;
+    const QString me = QString::number(getpid());
+    QDirIterator it(QStringLiteral("/proc"), QDir::Dirs | QDir::NoDotAndDotDot);
+    while (it.hasNext()) {
+        it.next();
+        QFile stat(it.filePath() + QStringLiteral("/stat"));
+        if (!stat.open(QIODevice::ReadOnly))
+            continue;
+        const QString text = QString::fromLatin1(stat.readAll());
+        const QStringList fields = text.mid(text.lastIndexOf(u')') + 2).split(u' ');
+        if (fields.size() > 1 && fields.at(1) == me && fields.at(0) == QLatin1String("Z"))
+            ++zombies;
+    }
+    return zombies;
+}
+
+// Runs the application's event loop until the program ends it or `ms` pass; true when the
+// program ended it.
+bool runUntilQuit(int ms)
+{
+    QTimer::singleShot(ms, qApp, [] { QCoreApplication::exit(42); });
+    return QCoreApplication::exec() == 0;
+}
+
+} // namespace
+
+class TestApp : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void cleanup()
+    {
+        cancelModalWatchers();
+        WayfernApp::forkProcess = &::fork;
+    }
+
+    void toolbarHoldsTheFileOperationsInOrder()
+    {
+        ShellFixture fx;
+        WayfernApp app;
+        QCOMPARE(app.toolBar->objectName(), QStringLiteral("file operations"));
+        QCOMPARE(app.toolBar->windowTitle(), QStringLiteral("file operations"));
+        const QList<QAction *> actions = app.toolBar->actions();
+        QCOMPARE(actions.size(), 10);
+        QCOMPARE(actions.at(0), app.fileNew);
+        QCOMPARE(actions.at(1), app.fileOpen);
+        QCOMPARE(actions.at(2), app.fileSave);
+        QCOMPARE(actions.at(3), app.fileSaveAs);
+        QVERIFY(actions.at(4)->isSeparator());
+        QCOMPARE(actions.at(5), app.openCurr);
+        QCOMPARE(actions.at(6), app.openUser);
+        QCOMPARE(actions.at(7), app.openBase);
+        QCOMPARE(actions.at(8), app.openHelp);
+        // The what's-this button enters the what's-this mode.
+        QVERIFY(actions.at(9)->isCheckable());
+        QVERIFY(actions.at(9)->text().contains(QStringLiteral("What")));
+        QVERIFY(!app.menuWidget());
+    }
+
+    void actionsCarryTheirTextsAndAccelerators_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("menuText");
+        QTest::addColumn<QString>("accel");
+        QTest::addColumn<QString>("statusTip");
+        QTest::addColumn<QString>("whatsThis");
+        QTest::addColumn<bool>("icon");
+        QTest::newRow("fileNew") << "fileNew" << "New File" << "&New" << "Ctrl+N"
+                                 << "Creates a new document"
+                                 << "New File\n\nCreates a new document" << true;
+        QTest::newRow("fileOpen") << "fileOpen" << "Open File" << "&Open..." << ""
+                                  << "Opens an existing document"
+                                  << "Open File\n\nOpens an existing document" << true;
+        QTest::newRow("fileSave") << "fileSave" << "Save File" << "&Save" << "Ctrl+S"
+                                  << "Saves the actual document"
+                                  << "Save File.\n\nSaves the actual document" << true;
+        QTest::newRow("fileSaveAs") << "fileSaveAs" << "Save File as" << "save &As" << "Ctrl+A"
+                                    << "Saves with new filename"
+                                    << "Save File As.\n\nSaves with new filename" << true;
+        QTest::newRow("openBase") << "openBase" << "Open Base Dialog" << "&Base" << "Ctrl+B"
+                                  << "Opens the base dialog"
+                                  << "Opens the base dialog\n\nused for basic settings" << true;
+        QTest::newRow("openCurr") << "openCurr" << "Open Currency Dialog" << "&Currency"
+                                  << "Ctrl+C" << "Opens the currency dialog"
+                                  << "Opens the currency dialog\n\nused currency settings" << true;
+        QTest::newRow("openUser") << "openUser" << "Open User Dialog" << "&User" << "Ctrl+U"
+                                  << "Opens the user dialog"
+                                  << "Opens the user dialog\n\nuser input / data manipulation"
+                                  << true;
+        QTest::newRow("openHelp") << "openHelp" << "Open online help" << "&Help" << "Ctrl+H"
+                                  << "Opens the online help" << "Opens the online help browser\n"
+                                  << true;
+        QTest::newRow("viewToolBar") << "viewToolBar" << "Toolbar" << "Tool&bar" << ""
+                                     << "Enables/disables the toolbar"
+                                     << "Toolbar\n\nEnables/disables the toolbar" << false;
+        QTest::newRow("viewStatusBar") << "viewStatusBar" << "Statusbar" << "&Statusbar" << ""
+                                       << "Enables/disables the statusbar"
+                                       << "Statusbar\n\nEnables/disables the statusbar" << false;
+    }
+
+    void actionsCarryTheirTextsAndAccelerators()
+    {
+        QFETCH(QString, name);
+        QFETCH(QString, text);
+        QFETCH(QString, menuText);
+        QFETCH(QString, accel);
+        QFETCH(QString, statusTip);
+        QFETCH(QString, whatsThis);
+        QFETCH(bool, icon);
+        ShellFixture fx;
+        WayfernApp app;
+        auto *action = app.findChild<QAction *>(name);
+        QVERIFY(action);
+        QCOMPARE(action->iconText(), text);
+        QCOMPARE(action->toolTip(), text);
+        QCOMPARE(action->text(), menuText);
+        QCOMPARE(action->shortcut(), QKeySequence(accel));
+        QCOMPARE(action->statusTip(), statusTip);
+        QCOMPARE(action->whatsThis(), whatsThis);
+        QCOMPARE(!action->icon().isNull(), icon);
+        // Only the two view actions toggle; they start switched on.
+        QCOMPARE(action->isCheckable(), !icon);
+        if (!icon)
+            QVERIFY(action->isChecked());
+    }
+
+    void ctrlCOpensTheCurrencyDialogNotACopy()
+    {
+        ShellFixture fx({QStringLiteral("sample.wfn")});
+        fx.writeLast(QStringLiteral("sample.wfn"));
+        WayfernApp app;
+        app.show();
+        QVERIFY(QTest::qWaitForWindowActive(&app));
+        app.view->TabWidget2->setCurrentIndex(1);
+        app.view->CostsListView->setFocus();
+        app.view->CostsListView->setCurrentItem(app.view->CostsListView->topLevelItem(0));
+        QSignalSpy curr(app.openCurr, &QAction::triggered);
+        QSignalSpy save(app.fileSave, &QAction::triggered);
+        QTest::keyClick(app.view->CostsListView, Qt::Key_C, Qt::ControlModifier);
+        QCOMPARE(curr.count(), 1);
+        QCOMPARE(save.count(), 0);
+        // The accelerators belong to the window and work with the toolbar hidden.
+        app.viewToolBar->setChecked(false);
+        QTest::keyClick(app.view->CostsListView, Qt::Key_C, Qt::ControlModifier);
+        QCOMPARE(curr.count(), 2);
+    }
+
+    void startCaptionGivesWayToTheJourney()
+    {
+        ShellFixture fx;
+        WayfernApp app;
+        QCOMPARE(app.windowTitle(), QStringLiteral("new file"));
+        // The status bar ends the start with "Ready." and both bars shown.
+        QCOMPARE(app.statusBar()->currentMessage(), QStringLiteral("Ready."));
+        QVERIFY(!app.toolBar->isHidden());
+        QVERIFY(!app.statusBar()->isHidden());
+        QVERIFY(app.isMaximized() || app.windowState().testFlag(Qt::WindowMaximized));
+    }
+
+    void toggleActionsShowAndHideTheBars()
+    {
+        ShellFixture fx;
+        WayfernApp app;
+        app.viewToolBar->setChecked(false);
+        QVERIFY(app.toolBar->isHidden());
+        app.viewStatusBar->setChecked(false);
+        QVERIFY(app.statusBar()->isHidden());
+        app.viewStatusBar->setChecked(true);
+        QVERIFY(!app.statusBar()->isHidden());
+        QCOMPARE(app.statusBar()->currentMessage(), QStringLiteral("Ready."));
+        app.viewToolBar->setChecked(true);
+        QVERIFY(!app.toolBar->isHidden());
+    }
+
+    void viewFillsTheWindowBelowTheToolbarLeavingTenPoints()
+    {
+        ShellFixture fx;
+        WayfernApp app;
+        app.showNormal();
+        app.resize(400, 500);
+        QTest::qWait(20);
+        const int top = app.toolBar->height();
+        QCOMPARE(app.view->geometry(), QRect(0, top, app.width(), app.height() - top - 10));
+        QCOMPARE(app.minimumWidth(), app.view->minimumWidth() + 10);
+        QVERIFY(app.minimumHeight() >= app.view->minimumHeight() + 10);
+    }
+
+    void editSlotsOnlyTalkOnTheStatusBar()
+    {
+        ShellFixture fx;
+        WayfernApp app;
+        app.slotEditCut();
+        QCOMPARE(app.statusBar()->currentMessage(), QStringLiteral("Ready."));
+        app.slotEditCopy();
+        app.slotEditPaste();
+        QCOMPARE(app.statusBar()->currentMessage(), QStringLiteral("Ready."));
+    }
+
+    void queryExitAsksToQuit()
+    {
+        ShellFixture fx;
+        WayfernApp app;
+        auto seen = answerMessageBox(QMessageBox::Cancel);
+        QVERIFY(!app.queryExit());
+        QCOMPARE(seen->title, QStringLiteral("Quit..."));
+        QCOMPARE(seen->text, QStringLiteral("Do your really want to quit?"));
+        answerMessageBox(QMessageBox::Ok);
+        QVERIFY(app.queryExit());
+    }
+
+    void quitUnmodifiedEndsWithoutWritingTheLastState()
+    {
+        ShellFixture fx;
+        WayfernApp app;
+        app.show();
+        QVERIFY(!app.doc->isModified());
+        QTimer::singleShot(0, &app, [&app] { app.close(); });
+        QVERIFY(runUntilQuit(3000));
+        QVERIFY(!QFile::exists(fx.lastFile()));
+        // The window stays: the run ends through the application.
+        QVERIFY(app.isVisible());
+    }
+
+    void quitModifiedAndYesSavesAndWritesTheLastState()
+    {
+        ShellFixture fx({QStringLiteral("sample.wfn")});
+        fx.writeLast(QStringLiteral("sample.wfn"));
+        WayfernApp app;
+        app.show();
+        app.doc->journeyname = QStringLiteral("Changed");
+        app.doc->setModified(true);
+        QFile::remove(fx.lastFile());
+        auto seen = answerMessageBox(QMessageBox::Yes);
+        QTimer::singleShot(0, &app, [&app] { app.close(); });
+        QVERIFY(runUntilQuit(5000));
+        QVERIFY(seen->shown);
+        QCOMPARE(seen->title, QStringLiteral("Quit ... "));
+        QCOMPARE(seen->text,
+                 QStringLiteral("You have modified the data!\nDo you want to save the changes ?"));
+        QCOMPARE(fx.lastNamed(), QStringLiteral("sample.wfn"));
+        QFile saved(fx.dataFile(QStringLiteral("sample.wfn")));
+        QVERIFY(saved.open(QIODevice::ReadOnly));
+        QVERIFY(saved.readAll().contains("JOURNEY-NAME=Changed;"));
+        QVERIFY(!app.doc->isModified());
+    }
+
+    void quitModifiedAndNoWritesTheLastStateAndLosesTheChanges()
+    {
+        ShellFixture fx({QStringLiteral("sample.wfn")});
+        fx.writeLast(QStringLiteral("sample.wfn"));
+        WayfernApp app;
+        app.show();
+        app.doc->journeyname = QStringLiteral("Changed");
+        app.doc->setModified(true);
+        QFile::remove(fx.lastFile());
+        auto seen = answerMessageBox(QMessageBox::No);
+        QTimer::singleShot(0, &app, [&app] { app.close(); });
+        QVERIFY(runUntilQuit(5000));
+        QVERIFY(seen->shown);
+        QCOMPARE(fx.lastNamed(), QStringLiteral("sample.wfn"));
+        QFile saved(fx.dataFile(QStringLiteral("sample.wfn")));
+        QVERIFY(saved.open(QIODevice::ReadOnly));
+        QVERIFY(saved.readAll().contains("JOURNEY-NAME=Lakes and Passes;"));
+    }
+
+    void closeWithCancelKeepsTheProgramRunning()
+    {
+        ShellFixture fx({QStringLiteral("sample.wfn")});
+        fx.writeLast(QStringLiteral("sample.wfn"));
+        WayfernApp app;
+        app.show();
+        app.doc->setModified(true);
+        QFile::remove(fx.lastFile());
+        auto seen = answerMessageBox(QMessageBox::Cancel);
+        QTimer::singleShot(0, &app, [&app] { app.close(); });
+        QVERIFY(!runUntilQuit(1500));
+        QVERIFY(seen->shown);
+        QVERIFY(app.isVisible());
+        QVERIFY(app.doc->isModified());
+        QVERIFY(!QFile::exists(fx.lastFile()));
+        QCOMPARE(app.statusBar()->currentMessage(), QStringLiteral("Ready."));
+    }
+
+    void helpViewerGetsTheHelpFileLiterallyAndLeavesNoZombie()
+    {
+        ShellFixture probe;
+        // The shell runs the "help file" as its script: it records its own argument vector.
+        const QString out = probe.dataFile(QStringLiteral("argv.txt"));
+        const QString script = probe.dataFile(QStringLiteral("help%s%d%n.sh"));
+        QFile f(script);
+        QVERIFY(f.open(QIODevice::WriteOnly));
+        f.write(("tr '\\000' '\\n' < /proc/$$/cmdline > '" + out + ".tmp'; mv '" + out
+                 + ".tmp' '" + out + "'\n")
+                    .toLocal8Bit());
+        f.close();
+        ShellFixture fx({}, QStringLiteral("sh"), script);
+        WayfernApp app;
+        app.openHelp->trigger();
+        QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(out), 5000);
+        QFile result(out);
+        QVERIFY(result.open(QIODevice::ReadOnly));
+        // Its own name is empty; the one argument is the file, "%" and all.
+        QCOMPARE(QString::fromLocal8Bit(result.readAll()), QStringLiteral("\n") + script + u'\n');
+        QTRY_COMPARE_WITH_TIMEOUT(zombieChildren(), 0, 2000);
+    }
+
+    void missingHelpViewerPassesWithoutAWord()
+    {
+        ShellFixture fx({}, QStringLiteral("/nonexistent/viewer"));
+        WayfernApp app;
+        auto boxShown = std::make_shared<bool>(false);
+        whenModal([boxShown](QWidget *w) {
+            *boxShown = true;
+            w->close();
+        });
+        app.slotOpenHelp();
+        QTest::qWait(200);
+        QVERIFY(!*boxShown);
+        QTRY_COMPARE_WITH_TIMEOUT(zombieChildren(), 0, 2000);
+    }
+
+    void forkFailureIsShownInAMessageBox()
+    {
+        ShellFixture fx;
+        WayfernApp app;
+        WayfernApp::forkProcess = &failingFork;
+        auto seen = answerMessageBox(QMessageBox::Ok);
+        app.slotOpenHelp();
+        QVERIFY(seen->shown);
+        QCOMPARE(seen->title, QStringLiteral("onlinehelp failure"));
+        QCOMPARE(seen->text, QStringLiteral("PID < 0"));
+    }
+
+    void formHasItsTabsWidgetsAndTexts()
+    {
+        MainDlg1 form;
+        QCOMPARE(form.objectName(), QStringLiteral("MainDlg1"));
+        QCOMPARE(form.windowTitle(), QStringLiteral("WayFern"));
+        QCOMPARE(form.size(), QSize(248, 298));
+        QCOMPARE(form.minimumSize(), QSize(200, 180));
+        QCOMPARE(form.sizePolicy().horizontalPolicy(), QSizePolicy::Expanding);
+        QCOMPARE(form.sizePolicy().verticalPolicy(), QSizePolicy::Expanding);
+        QCOMPARE(form.TabWidget2->minimumSize(), QSize(200, 170));
+        QCOMPARE(form.TabWidget2->toolTip(), QStringLiteral("OverView"));
+        QCOMPARE(form.TabWidget2->count(), 3);
+        QCOMPARE(form.TabWidget2->widget(0), form.tab);
+        QCOMPARE(form.TabWidget2->widget(1), form.tab_2);
+        QCOMPARE(form.TabWidget2->widget(2), form.tab_3);
+        QCOMPARE(form.TabWidget2->tabText(0), QStringLiteral("&Over"));
+        QCOMPARE(form.TabWidget2->tabText(1), QStringLiteral("&Costs"));
+        QCOMPARE(form.TabWidget2->tabText(2), QStringLiteral("&Tip"));
+
+        auto headers = [](QTreeWidget *list) {
+            QStringList texts;
+            for (int i = 0; i < list->columnCount(); ++i)
+                texts << list->headerItem()->text(i);
+            return texts;
+        };
+        QCOMPARE(headers(form.OverListView), (QStringList{"item", "content"}));
+        QCOMPARE(headers(form.CostsListView),
+                 (QStringList{"date", "tp", "base", "foreign", "fcurr"}));
+        QCOMPARE(headers(form.TipListView), (QStringList{"type", "tip", "quality"}));
+        QCOMPARE(form.OverListView->toolTip(), QStringLiteral("OverView"));
+        QCOMPARE(form.OverListView->whatsThis(),
+                 QStringLiteral("This ListView shows the \noverview information"));
+        QCOMPARE(form.OverListView->frameShape(), QFrame::StyledPanel);
+        QCOMPARE(form.OverListView->selectionMode(), QAbstractItemView::SingleSelection);
+        QVERIFY(form.OverListView->allColumnsShowFocus());
+        QVERIFY(form.OverListView->header()->isSortIndicatorShown());
+        QVERIFY(form.OverListView->rootIsDecorated());
+        QCOMPARE(form.CostsListView->toolTip(), QStringLiteral("CostsListView"));
+        QCOMPARE(form.CostsListView->whatsThis(),
+                 QStringLiteral("This listview shows the\ncosts list."));
+        QVERIFY(form.CostsListView->allColumnsShowFocus());
+        QVERIFY(form.TipListView->allColumnsShowFocus());
+        QVERIFY(form.Layout10->isAncestorOf(form.CostsListView));
+
+        struct Button
+        {
+            QToolButton *button;
+            const char *tip;
+            const char *whatsThis;
+        };
+        const Button buttons[] = {
+            {form.InsertButton, "AppendButton",
+             "appends a new costs entry to\nthe costs list.\nThis will open an empty costs "
+             "dialog\nto fill in the data."},
+            {form.ChangeButton, "ChangeButton",
+             "changes the data of an existing costs entry.\nThe entry to be changed has to be "
+             "selected."},
+            {form.DeleteButton, "DeleteButton",
+             "deletes the selected costs entry from the list.\nThe user is asked to confirm "
+             "the\naction."},
+            // The copy button repeats the paste button's text: the form wants it so.
+            {form.CopyButton, "CopyButton",
+             "pastes the temp buffer into the costs\nlist (on top of the selected entry)."},
+            {form.PasteButton, "PasteButton",
+             "pastes the temp buffer into the costs \nlist (on top of the selected entry)."},
+            {form.TInsertButton, "AppendButton",
+             "appends a new tip entry to\nthe tip list.\nThis will open an empty tip "
+             "dialog\nto fill in the data."},
+            {form.TChangeButton, "ChangeButton",
+             "changes the data of an existing tip entry.\nThe entry to be changed has to be "
+             "selected."},
+            {form.TDeleteButton, "DeleteButton",
+             "deletes the selected tip entry from the list.\nThe user is asked to confirm "
+             "the\naction."},
+            {form.TCopyButton, "CopyButton",
+             "this button copies the selected tip entry\ninto a temp buffer (for paste)."},
+            {form.TPasteButton, "PasteButton",
+             "pastes the temp buffer into the tip \nlist (on top of the selected entry)."},
+        };
+        for (const Button &b : buttons) {
+            QCOMPARE(b.button->text(), QString());
+            QVERIFY(!b.button->icon().isNull());
+            QCOMPARE(b.button->toolTip(), QString::fromLatin1(b.tip));
+            QCOMPARE(b.button->whatsThis(), QString::fromLatin1(b.whatsThis));
+        }
+    }
+
+    void formSlotsAreStubsThatWarn()
+    {
+        MainDlg1 form;
+        const char *stubs[] = {"slotTPaste()",     "slotCCopy()",       "slotCPaste()",
+                               "slotCostsChange()", "slotCostsDelete()", "slotCostsNew()",
+                               "slotTCopy()",       "slotTipChange()",   "slotTipDelete()",
+                               "slotTipNew()"};
+        for (const char *slot : stubs) {
+            QTest::ignoreMessage(QtWarningMsg,
+                                 qPrintable(QStringLiteral("MainDlg1::%1: Not implemented yet!")
+                                                .arg(QLatin1String(slot))));
+            QMetaObject::invokeMethod(&form, QByteArray(slot).chopped(2).constData());
+        }
+        QTest::ignoreMessage(QtWarningMsg, "MainDlg1::slotCostsSelectionChanged(QTreeWidgetItem*): "
+                                           "Not implemented yet!");
+        form.slotCostsSelectionChanged(nullptr);
+        QTest::ignoreMessage(QtWarningMsg, "MainDlg1::slotTipSelectionChanged(QTreeWidgetItem*): "
+                                           "Not implemented yet!");
+        form.slotTipSelectionChanged(nullptr);
+    }
+
+    void formButtonsAndListsReachTheirSlots()
+    {
+        MainDlg1 form;
+        form.show();
+        const struct
+        {
+            QToolButton *button;
+            const char *slot;
+        } wiring[] = {
+            {form.ChangeButton, "slotCostsChange()"}, {form.DeleteButton, "slotCostsDelete()"},
+            {form.TChangeButton, "slotTipChange()"},  {form.TDeleteButton, "slotTipDelete()"},
+            {form.InsertButton, "slotCostsNew()"},    {form.TInsertButton, "slotTipNew()"},
+            {form.CopyButton, "slotCCopy()"},         {form.PasteButton, "slotCPaste()"},
+            {form.TCopyButton, "slotTCopy()"},        {form.TPasteButton, "slotTPaste()"},
+        };
+        for (const auto &w : wiring) {
+            QTest::ignoreMessage(QtWarningMsg,
+                                 qPrintable(QStringLiteral("MainDlg1::%1: Not implemented yet!")
+                                                .arg(QLatin1String(w.slot))));
+            w.button->click();
+        }
+        auto *item = new QTreeWidgetItem(form.CostsListView, QStringList{"01.06"});
+        QTest::ignoreMessage(QtWarningMsg, "MainDlg1::slotCostsSelectionChanged(QTreeWidgetItem*): "
+                                           "Not implemented yet!");
+        item->setSelected(true);
+        QTest::ignoreMessage(QtWarningMsg, "MainDlg1::slotCostsChange(): Not implemented yet!");
+        emit form.CostsListView->itemDoubleClicked(item, 0);
+        QTest::ignoreMessage(QtWarningMsg, "MainDlg1::slotCostsChange(): Not implemented yet!");
+        QTest::keyClick(form.CostsListView, Qt::Key_Return);
+        auto *tip = new QTreeWidgetItem(form.TipListView, QStringList{"H"});
+        QTest::ignoreMessage(QtWarningMsg, "MainDlg1::slotTipSelectionChanged(QTreeWidgetItem*): "
+                                           "Not implemented yet!");
+        tip->setSelected(true);
+        QTest::ignoreMessage(QtWarningMsg, "MainDlg1::slotTipChange(): Not implemented yet!");
+        emit form.TipListView->itemDoubleClicked(tip, 0);
+        QTest::ignoreMessage(QtWarningMsg, "MainDlg1::slotTipChange(): Not implemented yet!");
+        QTest::keyClick(form.TipListView, Qt::Key_Enter);
+    }
+
+    void applicationFontChangeSetsTheTabFontAgain()
+    {
+        MainDlg1 form;
+        QVERIFY(!form.TabWidget2->testAttribute(Qt::WA_SetFont));
+        QEvent change(QEvent::ApplicationFontChange);
+        QApplication::sendEvent(&form, &change);
+        QVERIFY(form.TabWidget2->testAttribute(Qt::WA_SetFont));
+        QEvent other(QEvent::FontChange);
+        MainDlg1 second;
+        QApplication::sendEvent(&second, &other);
+        QVERIFY(!second.TabWidget2->testAttribute(Qt::WA_SetFont));
+    }
+};
+
+QTEST_MAIN(TestApp)
+#include "tst_app.moc"
