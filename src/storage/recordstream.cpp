@@ -20,9 +20,12 @@ void RecordStream::setText(const QString &content)
     text = content;
     pos = 0;
     opened = true;
-    indexed = false;
+    headsFound = false;
+    heads.clear();
+    headsWalked = 0;
+    hashed = false;
     headIds.clear();
-    headStarts.clear();
+    sameHeads.clear();
     groupBegin.clear();
 }
 
@@ -62,68 +65,105 @@ QStringView RecordStream::readLine()
 
 void RecordStream::skipTo(const QString &pattern)
 {
-    // The index knows heads by the text up to their first "]". A pattern with a further
-    // "]" inside (a traveller's short name may hold one) is searched line by line.
-    const bool indexable = pattern.startsWith(u'[') && pattern.endsWith(u']')
-        && pattern.indexOf(u']') == pattern.size() - 1;
-    if (!indexable) {
+    // Sections are mostly read in the order they stand: try the next few lines first.
+    const qsizetype start = pos;
+    for (int i = 0; i < 4 && !atEnd(); ++i) {
+        if (readLine().startsWith(pattern))
+            return;
+    }
+    pos = start;
+    if (!pattern.startsWith(u'[')) {
         while (!atEnd()) {
             if (readLine().startsWith(pattern))
                 return;
         }
         return;
     }
-    if (!indexed)
-        buildIndex();
-    const auto id = headIds.constFind(QStringView(pattern));
-    if (id == headIds.constEnd()) {
+
+    if (!headsFound)
+        findHeads();
+    // The key of the hash is the text up to the first "]"; a pattern with a further "]"
+    // inside (a traveller's short name may hold one) is always searched head by head.
+    const bool hashable = pattern.endsWith(u']') && pattern.indexOf(u']') == pattern.size() - 1;
+    if (hashable && !hashed && headsWalked > 4 * qsizetype(heads.size()) + 4096)
+        buildHash();
+    qsizetype hit = -1;
+    if (hashable && hashed) {
+        const auto id = headIds.constFind(HeadKey{QStringView(pattern)});
+        if (id != headIds.constEnd()) {
+            const auto first = sameHeads.begin() + groupBegin[size_t(*id)];
+            const auto last = sameHeads.begin() + groupBegin[size_t(*id) + 1];
+            const auto found = std::lower_bound(first, last, pos);
+            if (found != last)
+                hit = *found;
+        }
+    } else {
+        const QStringView all(text);
+        for (auto h = std::lower_bound(heads.begin(), heads.end(), pos); h != heads.end(); ++h) {
+            ++headsWalked;
+            if (all.mid(*h).startsWith(pattern)) {
+                hit = *h;
+                break;
+            }
+        }
+    }
+    if (hit < 0) {
         pos = text.size();
         return;
     }
-    const auto first = headStarts.begin() + groupBegin[size_t(*id)];
-    const auto last = headStarts.begin() + groupBegin[size_t(*id) + 1];
-    const auto hit = std::lower_bound(first, last, pos);
-    if (hit == last) {
-        pos = text.size();
-        return;
-    }
-    pos = *hit;
+    pos = hit;
     readLine();
 }
 
-void RecordStream::buildIndex()
+void RecordStream::findHeads()
 {
-    indexed = true;
-    std::vector<std::pair<int, qsizetype>> heads; // key id, line start
+    headsFound = true;
     const qsizetype size = text.size();
-    const QStringView all(text);
     qsizetype start = 0;
     while (start < size) {
+        if (text.at(start) == u'[')
+            heads.push_back(start);
+        const qsizetype end = text.indexOf(u'\n', start);
+        if (end < 0)
+            break;
+        start = end + 1;
+    }
+}
+
+void RecordStream::buildHash()
+{
+    hashed = true;
+    std::vector<int> idOf;
+    idOf.reserve(heads.size());
+    headIds.reserve(qsizetype(heads.size()));
+    const QStringView all(text);
+    for (const qsizetype start : heads) {
         qsizetype end = text.indexOf(u'\n', start);
         if (end < 0)
-            end = size;
-        if (text.at(start) == u'[') {
-            const qsizetype close = all.mid(start, end - start).indexOf(u']');
-            if (close >= 0) {
-                const QStringView key = all.mid(start, close + 1);
-                auto it = headIds.constFind(key);
-                if (it == headIds.constEnd())
-                    it = headIds.insert(key, int(headIds.size()));
-                heads.emplace_back(*it, start);
-            }
+            end = text.size();
+        const qsizetype close = all.mid(start, end - start).indexOf(u']');
+        if (close < 0) {
+            idOf.push_back(-1);
+            continue;
         }
-        start = end + 1;
+        const HeadKey key{all.mid(start, close + 1)};
+        auto it = headIds.constFind(key);
+        if (it == headIds.constEnd())
+            it = headIds.insert(key, int(headIds.size()));
+        idOf.push_back(*it);
     }
     // Group the line starts by key, keeping each group in file order.
     groupBegin.assign(size_t(headIds.size()) + 1, 0);
-    for (const auto &h : heads)
-        ++groupBegin[size_t(h.first) + 1];
+    for (const int id : idOf)
+        if (id >= 0)
+            ++groupBegin[size_t(id) + 1];
     for (size_t i = 1; i < groupBegin.size(); ++i)
         groupBegin[i] += groupBegin[i - 1];
     std::vector<int> fill(groupBegin.begin(), groupBegin.end() - 1);
-    headStarts.resize(heads.size());
-    for (const auto &h : heads)
-        headStarts[size_t(fill[size_t(h.first)]++)] = h.second;
+    sameHeads.resize(size_t(groupBegin.back()));
+    for (size_t i = 0; i < heads.size(); ++i)
+        if (idOf[i] >= 0)
+            sameHeads[size_t(fill[size_t(idOf[i])]++)] = heads[i];
 }
 
 RecordSink::RecordSink(const QString &path) : path(path), file(path), out(&text) {}

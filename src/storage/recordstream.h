@@ -13,8 +13,10 @@
 // apart by its bytes: valid UTF-8 holding multi-byte sequences is UTF-8, anything else is
 // Latin-1.
 //
-// Section heads ("[" name "]" at the start of a line) are indexed on first use, so that a
-// search for a head costs a lookup instead of a pass over the file.
+// Section heads ("[" name "]" at the start of a line) are listed on first use, so that a
+// search for a head walks the heads instead of every line. Once such walks have added up to
+// a few times the number of heads, the heads are hashed by name, so that no file can make
+// the searches quadratic.
 class RecordStream
 {
 public:
@@ -34,18 +36,39 @@ public:
 
     static QString decode(const QByteArray &bytes);
 
+    // A cheap hash for short texts such as section heads and record values.
+    static size_t hashText(QStringView text)
+    {
+        size_t h = 2166136261u;
+        for (QChar c : text)
+            h = (h ^ c.unicode()) * 16777619u;
+        return h;
+    }
+
 private:
-    void buildIndex();
+    void findHeads();
+    void buildHash();
 
     QString text;
     qsizetype pos = 0;
     bool opened = false;
 
-    // Heads by the text up to their first "]"; each key's line starts, ascending.
-    bool indexed = false;
-    QHash<QStringView, int> headIds;
-    std::vector<qsizetype> headStarts; // grouped by key
-    std::vector<int> groupBegin;       // per key id: first entry in headStarts, plus one end
+    struct HeadKey
+    {
+        QStringView text;
+        bool operator==(const HeadKey &other) const { return text == other.text; }
+    };
+    friend size_t qHash(const HeadKey &key, size_t seed) { return hashText(key.text) ^ seed; }
+
+    // Line starts of all lines that begin with "[", ascending.
+    bool headsFound = false;
+    std::vector<qsizetype> heads;
+    qsizetype headsWalked = 0;
+    // Heads by their text up to the first "]", each key's line starts ascending.
+    bool hashed = false;
+    QHash<HeadKey, int> headIds;
+    std::vector<qsizetype> sameHeads; // grouped by key
+    std::vector<int> groupBegin;      // per key id: first entry in sameHeads, plus one end
 };
 
 // The text of a file being written. It is committed whole: written next to the old file and

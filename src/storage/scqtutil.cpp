@@ -3,6 +3,8 @@
 #include <QDateTime>
 #include <QTextStream>
 
+#include <charconv>
+
 bool ScQtUtil::lastBool = false;
 int ScQtUtil::lastDay = 0;
 int ScQtUtil::lastMonth = 0;
@@ -12,7 +14,8 @@ int ScQtUtil::findSection(RecordStream *stream, const QString &name, bool rewind
 {
     if (name.isEmpty() || !stream || !stream->isOpen())
         return -3;
-    const QString pattern = u'[' + name + u']';
+    pattern.truncate(0);
+    pattern.append(u'[').append(name).append(u']');
     if (rewind)
         stream->rewind();
     stream->skipTo(pattern);
@@ -198,6 +201,50 @@ unsigned long ScQtUtil::toULong(const QString &value)
 {
     return convertPrefixed<unsigned long>(
         value, [](const QString &s, int b) { return s.toULong(nullptr, b); });
+}
+
+namespace {
+// Plain decimal numbers are by far the most common values of a file; they are converted
+// here without the library's general parser. `out` is only set for such a text.
+bool plainDecimal(QStringView value, char (&buffer)[40], qsizetype &length)
+{
+    length = value.size();
+    if (length == 0 || length >= qsizetype(sizeof buffer))
+        return false;
+    for (qsizetype i = 0; i < length; ++i) {
+        const char16_t c = value[i].unicode();
+        if (!((c >= u'0' && c <= u'9') || c == u'.' || (c == u'-' && i == 0)))
+            return false;
+        buffer[i] = char(c);
+    }
+    return true;
+}
+} // namespace
+
+int ScQtUtil::toInt(QStringView value)
+{
+    char buffer[40];
+    qsizetype length;
+    if (plainDecimal(value, buffer, length)) {
+        int result = 0;
+        const auto [end, error] = std::from_chars(buffer, buffer + length, result);
+        if (error == std::errc() && end == buffer + length)
+            return result;
+    }
+    return toInt(value.toString());
+}
+
+double ScQtUtil::toDouble(QStringView value)
+{
+    char buffer[40];
+    qsizetype length;
+    if (plainDecimal(value, buffer, length)) {
+        double result = 0;
+        const auto [end, error] = std::from_chars(buffer, buffer + length, result);
+        if (error == std::errc() && end == buffer + length)
+            return result;
+    }
+    return value.toDouble();
 }
 
 float ScQtUtil::toFloat(const QString &value)

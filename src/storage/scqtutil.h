@@ -5,6 +5,8 @@
 #include <QString>
 #include <QStringView>
 
+#include <cstring>
+
 class QTextStream;
 
 namespace Wayfern {
@@ -44,6 +46,14 @@ public:
     // Every string field that a reader stores passes through here: never null.
     static QString stringValue(const QString &value);
     static QString stringValue(QStringView value);
+
+    // Compares a record key with a name; cheap on a mismatch, which is the common case.
+    template <size_t N>
+    static bool keyIs(QStringView key, const char16_t (&name)[N])
+    {
+        return key.size() == qsizetype(N - 1)
+            && std::memcmp(key.utf16(), name, (N - 1) * sizeof(char16_t)) == 0;
+    }
 
     // Walks a section body: `dispatch(key, value)` for every line up to the first empty one
     // or the end of the stream. The last line of a stream is never dispatched.
@@ -88,6 +98,9 @@ public:
     unsigned long toULong(const QString &value);
     float toFloat(const QString &value);
     double toDouble(const QString &value);
+    // The same conversions for the readers, on a view into the line.
+    int toInt(QStringView value);
+    static double toDouble(QStringView value);
     // True exactly for "TRUE". A null text answers the previous result.
     bool toBool(const QString &value);
 
@@ -101,6 +114,8 @@ public:
     static QString nthWord(const QString &text, int n);
 
 private:
+    QString pattern; // of findSection, kept to spare an allocation per section
+
     // The results that survive into the next call.
     static bool lastBool;
     static int lastDay;

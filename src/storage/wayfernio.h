@@ -3,7 +3,7 @@
 #include "data/wayferndata.h"
 #include "storage/scqtutil.h"
 
-#include <QHash>
+#include <vector>
 
 // Reads and writes one journey as a ".wfn" text file.
 class WayfernIO : public ScQtUtil
@@ -51,9 +51,10 @@ private:
     int readGroup(RecordStream *stream, const char *reader, const QString &prefix, int count,
                   RecordList<Record> &list, Dispatch dispatch);
 
-    // Dates, types and currency names repeat throughout a journey: their texts are shared.
+    // Dates, types and currency names repeat throughout a journey: their texts are shared
+    // through a small cache in which a new text takes the slot of an old one.
     QString shared(QStringView value);
-    QHash<QStringView, QString> sharedTexts;
+    std::vector<QString> sharedTexts;
 
     // The section counts of the header. They survive from one read to the next: a header
     // without a count key reads as many sections as the file before had.

@@ -21,15 +21,15 @@ int WayfernIOCfg::ReadFile(const QString &path, const QString &name)
         return -1;
     }
     walkSection(&stream, [&](QStringView key, QStringView value) {
-        if (key == u"DATA-PATH")
+        if (keyIs(key, u"DATA-PATH"))
             config.datapath = stringValue(value);
-        else if (key == u"LAST")
+        else if (keyIs(key, u"LAST"))
             config.last = stringValue(value);
-        else if (key == u"TEMPLATE")
+        else if (keyIs(key, u"TEMPLATE"))
             config.template_ = stringValue(value);
-        else if (key == u"HELPPROG")
+        else if (keyIs(key, u"HELPPROG"))
             config.helpprog = stringValue(value);
-        else if (key == u"HELPFILE")
+        else if (keyIs(key, u"HELPFILE"))
             config.helpfile = stringValue(value);
         else
             printLine("\nWayfernIOCfg::ReadFile(%s) : unknown header-entry : %s\n", "Header",
@@ -41,15 +41,15 @@ int WayfernIOCfg::ReadFile(const QString &path, const QString &name)
         return -1;
     }
     walkSection(&stream, [&](QStringView key, QStringView value) {
-        if (key == u"SYNCFILE")
+        if (keyIs(key, u"SYNCFILE"))
             config.syncfile = stringValue(value);
-        else if (key == u"SERVER")
+        else if (keyIs(key, u"SERVER"))
             config.server = stringValue(value);
-        else if (key == u"FROMPREFIX")
+        else if (keyIs(key, u"FROMPREFIX"))
             config.fromprefix = stringValue(value);
-        else if (key == u"TOPREFIX")
+        else if (keyIs(key, u"TOPREFIX"))
             config.toprefix = stringValue(value);
-        else if (key == u"POSTFIX")
+        else if (keyIs(key, u"POSTFIX"))
             config.postfix = stringValue(value);
         else
             printLine("\nWayfernIOCfg::ReadFile(%s) : unknown syncheader-entry : %s\n",

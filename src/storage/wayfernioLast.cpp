@@ -19,7 +19,7 @@ int WayfernIOLast::ReadFile(const QString &path, const QString &name)
         return -1;
     }
     walkSection(&stream, [&](QStringView key, QStringView value) {
-        if (key == u"LASTFILE")
+        if (keyIs(key, u"LASTFILE"))
             document->lastfile = stringValue(value);
         else
             printLine("\nWayfernIOLast::ReadFile(%s) : unknown header-entry : %s\n", "Header",
