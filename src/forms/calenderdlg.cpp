@@ -1,0 +1,62 @@
+#include "forms/calenderdlg.h"
+
+#include <QtGlobal>
+
+// The pixmaps live in a static library; nothing would pull their registration in.
+static void initFormResources()
+{
+    static const bool done = [] {
+        Q_INIT_RESOURCE(forms);
+        return true;
+    }();
+    Q_UNUSED(done);
+}
+
+CalenderDlg::CalenderDlg(QWidget *parent, const char *name, bool modal, Qt::WindowFlags fl)
+    : QDialog(parent, fl)
+{
+    initFormResources();
+    setupUi(this);
+    if (name)
+        setObjectName(QString::fromUtf8(name));
+    setModal(modal);
+
+    connect(OkButton, &QToolButton::clicked, this, [this] { slotOK(); });
+    connect(CancelButton, &QToolButton::clicked, this, [this] { slotCancel(); });
+    connect(YearSpinBox, &QSpinBox::valueChanged, this, &CalenderDlg::slotSpinBoxChanged);
+    connect(MonthComboBox, &QComboBox::activated, this, &CalenderDlg::slotComboChanged);
+    connect(Table, &QTableWidget::currentCellChanged, this,
+            [this](int row, int col, int, int) { slotTableCurrentChanged(row, col); });
+}
+
+CalenderDlg::~CalenderDlg()
+{
+    // The widgets outlive this part of the object; nothing they emit may reach it now.
+    for (QObject *child : findChildren<QObject *>())
+        QObject::disconnect(child, nullptr, this, nullptr);
+}
+
+void CalenderDlg::slotCancel()
+{
+    qWarning("CalenderDlg::slotCancel(): Not implemented yet!");
+}
+
+void CalenderDlg::slotComboChanged(int)
+{
+    qWarning("CalenderDlg::slotComboChanged( int ): Not implemented yet!");
+}
+
+void CalenderDlg::slotOK()
+{
+    qWarning("CalenderDlg::slotOK(): Not implemented yet!");
+}
+
+void CalenderDlg::slotSpinBoxChanged(int)
+{
+    qWarning("CalenderDlg::slotSpinBoxChanged( int ): Not implemented yet!");
+}
+
+void CalenderDlg::slotTableCurrentChanged(int, int)
+{
+    qWarning("CalenderDlg::slotTableCurrentChanged( int, int ): Not implemented yet!");
+}
