@@ -12,5 +12,8 @@ target_include_directories(wayfern_ui PUBLIC ${CMAKE_CURRENT_BINARY_DIR}/wayfern
 target_sources(wayfern_ui PRIVATE
   forms/forms.qrc
   forms/calenderdlg.ui forms/calenderdlg.h forms/calenderdlg.cpp
+  forms/scqtfiledlg.ui forms/scqtfiledlg.h forms/scqtfiledlg.cpp
   dialogs/calenderedit.h dialogs/calenderedit.cpp
+  dialogs/scqtfileedit.h dialogs/scqtfileedit.cpp
+  dialogs/scqtfileeditdlg.h dialogs/scqtfileeditdlg.cpp
 )
