@@ -16,4 +16,5 @@ target_sources(wayfern_ui PRIVATE
   dialogs/calenderedit.h dialogs/calenderedit.cpp
   dialogs/scqtfileedit.h dialogs/scqtfileedit.cpp
   dialogs/scqtfileeditdlg.h dialogs/scqtfileeditdlg.cpp
+  dialogs/scqtwidgetutil.h dialogs/scqtwidgetutil.cpp
 )
