@@ -1,0 +1,301 @@
+#include "modalhelper.h"
+
+#include "dialogs/calendar.h"
+#include "forms/calenderdlg.h"
+#include "forms/scqtfiledlg.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QComboBox>
+#include <QDialog>
+#include <QElapsedTimer>
+#include <QLineEdit>
+#include <QPointer>
+#include <QSpinBox>
+#include <QTableWidget>
+#include <QTest>
+#include <QTimer>
+#include <QToolButton>
+#include <QTreeWidget>
+
+namespace ModalHelper {
+
+namespace {
+
+constexpr int pollInterval = 5;
+
+// Closes a modal widget that nobody answered, so that its exec() returns.
+void closeModal(QWidget *widget)
+{
+    if (auto *box = qobject_cast<QMessageBox *>(widget)) {
+        if (QAbstractButton *escape = box->escapeButton()) {
+            escape->click();
+            return;
+        }
+    }
+    if (auto *dialog = qobject_cast<QDialog *>(widget))
+        dialog->reject();
+    else
+        widget->close();
+}
+
+struct Watch
+{
+    std::function<bool(QWidget *)> matches;
+    std::function<void(QWidget *, ModalOutcome &)> action;
+    ModalTicket outcome;
+    QPointer<QWidget> excluded; // active when armed: not "the next" one while it stays
+    QElapsedTimer clock;
+    int timeoutMs = defaultTimeout;
+};
+
+void poll(const std::shared_ptr<Watch> &watch)
+{
+    QWidget *active = QApplication::activeModalWidget();
+    if (watch->excluded && active != watch->excluded)
+        watch->excluded = nullptr;
+    if (active && active != watch->excluded && active->isVisible() && watch->matches(active)) {
+        ModalOutcome &out = *watch->outcome;
+        out.className = QString::fromLatin1(active->metaObject()->className());
+        out.objectName = active->objectName();
+        out.title = active->windowTitle();
+        if (auto *box = qobject_cast<QMessageBox *>(active))
+            out.text = box->text();
+        out.handled = true;
+        watch->action(active, out);
+        return;
+    }
+    if (watch->clock.elapsed() > watch->timeoutMs) {
+        ModalOutcome &out = *watch->outcome;
+        if (active && active != watch->excluded) {
+            out.error = QStringLiteral("timed out; closed the modal %1 \"%2\" that did not match")
+                            .arg(QString::fromLatin1(active->metaObject()->className()),
+                                 active->windowTitle());
+            closeModal(active);
+        } else {
+            out.error = QStringLiteral("timed out; no matching modal widget showed");
+        }
+        return;
+    }
+    QTimer::singleShot(pollInterval, qApp, [watch] { poll(watch); });
+}
+
+template <typename T>
+T *child(QWidget *parent, const char *name, ModalOutcome &out)
+{
+    T *widget = parent->findChild<T *>(QString::fromLatin1(name));
+    if (!widget)
+        out.error += QStringLiteral("no child %1; ").arg(QString::fromLatin1(name));
+    return widget;
+}
+
+void click(QWidget *dialog, const char *name, ModalOutcome &out)
+{
+    if (auto *button = child<QAbstractButton>(dialog, name, out))
+        button->click();
+    else
+        closeModal(dialog);
+}
+
+} // namespace
+
+ModalTicket onNextModal(std::function<bool(QWidget *)> matches,
+                        std::function<void(QWidget *, ModalOutcome &)> action, int timeoutMs)
+{
+    auto watch = std::make_shared<Watch>();
+    watch->matches = std::move(matches);
+    watch->action = std::move(action);
+    watch->outcome = std::make_shared<ModalOutcome>();
+    watch->excluded = QApplication::activeModalWidget();
+    watch->timeoutMs = timeoutMs;
+    watch->clock.start();
+    QTimer::singleShot(0, qApp, [watch] { poll(watch); });
+    return watch->outcome;
+}
+
+ModalTicket answerNextMessageBox(QMessageBox::StandardButton button, int timeoutMs)
+{
+    return onNextModal(
+        [](QWidget *w) { return qobject_cast<QMessageBox *>(w) != nullptr; },
+        [button](QWidget *w, ModalOutcome &out) {
+            auto *box = static_cast<QMessageBox *>(w);
+            if (QAbstractButton *b = box->button(button)) {
+                b->click();
+            } else {
+                out.error = QStringLiteral("the message box has no such button");
+                closeModal(box);
+            }
+        },
+        timeoutMs);
+}
+
+static std::function<bool(QWidget *)> dialogOfClass(const char *className)
+{
+    return [className](QWidget *w) {
+        return qobject_cast<QDialog *>(w) && (!className || w->inherits(className));
+    };
+}
+
+ModalTicket acceptNextDialog(std::function<void(QDialog *)> before, const char *className,
+                             int timeoutMs)
+{
+    return onNextModal(
+        dialogOfClass(className),
+        [before](QWidget *w, ModalOutcome &) {
+            QPointer<QDialog> dialog = static_cast<QDialog *>(w);
+            if (before)
+                before(dialog);
+            if (dialog && dialog->isVisible())
+                dialog->accept();
+        },
+        timeoutMs);
+}
+
+ModalTicket rejectNextDialog(std::function<void(QDialog *)> before, const char *className,
+                             int timeoutMs)
+{
+    return onNextModal(
+        dialogOfClass(className),
+        [before](QWidget *w, ModalOutcome &) {
+            QPointer<QDialog> dialog = static_cast<QDialog *>(w);
+            if (before)
+                before(dialog);
+            if (dialog && dialog->isVisible())
+                dialog->reject();
+        },
+        timeoutMs);
+}
+
+ModalTicket clickInNextDialog(const QString &buttonName, std::function<void(QDialog *)> before,
+                              const char *className, int timeoutMs)
+{
+    return onNextModal(
+        dialogOfClass(className),
+        [before, buttonName](QWidget *w, ModalOutcome &out) {
+            QPointer<QDialog> dialog = static_cast<QDialog *>(w);
+            if (before)
+                before(dialog);
+            if (dialog && dialog->isVisible())
+                click(dialog, buttonName.toLatin1().constData(), out);
+        },
+        timeoutMs);
+}
+
+bool tapItem(QTreeWidget *view, QTreeWidgetItem *item)
+{
+    if (!view || !item)
+        return false;
+    view->scrollToItem(item);
+    const QRect rect = view->visualItemRect(item);
+    if (!rect.isValid() || !view->viewport()->rect().contains(rect.center()))
+        return false;
+    QTest::mouseClick(view->viewport(), Qt::LeftButton, Qt::NoModifier, rect.center());
+    return true;
+}
+
+bool tapCell(QTableWidget *table, int row, int column)
+{
+    if (!table)
+        return false;
+    const QModelIndex index = table->model()->index(row, column);
+    table->scrollTo(index);
+    const QRect rect = table->visualRect(index);
+    if (!rect.isValid() || !table->viewport()->rect().contains(rect.center()))
+        return false;
+    QTest::mouseClick(table->viewport(), Qt::LeftButton, Qt::NoModifier, rect.center());
+    return true;
+}
+
+ModalTicket pickDateInNextCalendar(const QDate &date, int timeoutMs)
+{
+    return onNextModal(
+        [](QWidget *w) { return qobject_cast<CalenderDlg *>(w) != nullptr; },
+        [date](QWidget *w, ModalOutcome &out) {
+            auto *cal = static_cast<CalenderDlg *>(w);
+            cal->YearSpinBox->setValue(date.year());
+            if (cal->YearSpinBox->value() != date.year())
+                out.error += QStringLiteral("the year box can't show %1; ").arg(date.year());
+            const int monthIndex = date.month() - 1;
+            if (monthIndex < cal->MonthComboBox->count()) {
+                cal->MonthComboBox->setCurrentIndex(monthIndex);
+                emit cal->MonthComboBox->activated(monthIndex);
+            } else {
+                out.error += QStringLiteral("the month box has no entry %1; ").arg(date.month());
+            }
+            // The shown month's own cell for the day: the grid is the one the dialog fills.
+            const QList<CalendarDay> days = Calendar::daysOfMonth(date.year(), date.month(), false);
+            int cell = -1;
+            for (int i = 0; i < days.size(); ++i)
+                if (days[i].kind == 1 && days[i].number == date.day())
+                    cell = i;
+            if (cell < 0 || !tapCell(cal->Table, cell / 7, cell % 7))
+                out.error += QStringLiteral("can't tap the cell of day %1; ").arg(date.day());
+            click(cal, "OkButton", out);
+        },
+        timeoutMs);
+}
+
+ModalTicket cancelNextCalendar(int timeoutMs)
+{
+    return onNextModal([](QWidget *w) { return qobject_cast<CalenderDlg *>(w) != nullptr; },
+                       [](QWidget *w, ModalOutcome &out) { click(w, "CancelButton", out); },
+                       timeoutMs);
+}
+
+static bool isFileDialog(QWidget *w)
+{
+    return qobject_cast<ScQtFileDlg *>(w) != nullptr;
+}
+
+ModalTicket chooseFileInNextFileDialog(const QString &path, int timeoutMs)
+{
+    return onNextModal(
+        isFileDialog,
+        [path](QWidget *w, ModalOutcome &out) {
+            QPointer<ScQtFileDlg> dlg = static_cast<ScQtFileDlg *>(w);
+            const QStringList parts = path.split(QLatin1Char('/'), Qt::SkipEmptyParts);
+            for (int i = 0; i < parts.size() && dlg; ++i) {
+                QTreeWidgetItem *item = nullptr;
+                const QList<QTreeWidgetItem *> found =
+                    dlg->ListView->findItems(parts[i], Qt::MatchExactly | Qt::MatchCaseSensitive, 0);
+                if (!found.isEmpty())
+                    item = found.first();
+                if (!tapItem(dlg->ListView, item)) {
+                    out.error += QStringLiteral("can't tap \"%1\" in the list; ").arg(parts[i]);
+                    break;
+                }
+                // Entering a directory refills the list from a short timer.
+                if (i + 1 < parts.size())
+                    QTest::qWait(50);
+            }
+            if (dlg)
+                click(dlg, "OkButton", out);
+        },
+        timeoutMs);
+}
+
+ModalTicket typeNameInNextFileDialog(const QString &name, const QString &dir, int timeoutMs)
+{
+    return onNextModal(
+        isFileDialog,
+        [name, dir](QWidget *w, ModalOutcome &out) {
+            auto *dlg = static_cast<ScQtFileDlg *>(w);
+            if (!dir.isEmpty()) {
+                dlg->DirComboBox->lineEdit()->setText(dir);
+                QTest::keyClick(dlg->DirComboBox->lineEdit(), Qt::Key_Return);
+            }
+            dlg->FNameLineEdit->clear();
+            QTest::keyClicks(dlg->FNameLineEdit, name);
+            click(dlg, "OkButton", out);
+        },
+        timeoutMs);
+}
+
+ModalTicket cancelNextFileDialog(int timeoutMs)
+{
+    return onNextModal(isFileDialog,
+                       [](QWidget *w, ModalOutcome &out) { click(w, "CancelButton", out); },
+                       timeoutMs);
+}
+
+} // namespace ModalHelper

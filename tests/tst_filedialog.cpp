@@ -1,0 +1,898 @@
+// The program's own file dialog: its form, the listing, the recent-directory and filter
+// boxes, and the four entry points driven as the user drives them.
+
+#include "dialogs/scqtfileedit.h"
+#include "dialogs/scqtfileeditdlg.h"
+#include "forms/scqtfiledlg.h"
+#include "modalhelper.h"
+
+#include <QBoxLayout>
+#include <QComboBox>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QPixmap>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QToolButton>
+#include <QTreeWidget>
+
+#include <cstdio>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+void writeFile(const QString &path, int size)
+{
+    QFile f(path);
+    QVERIFY(f.open(QIODevice::WriteOnly));
+    QCOMPARE(f.write(QByteArray(size, 'x')), qint64(size));
+}
+
+// The rows of the list as "name|size|type", top to bottom.
+QStringList rows(QTreeWidget *view)
+{
+    QStringList out;
+    for (int i = 0; i < view->topLevelItemCount(); ++i) {
+        const QTreeWidgetItem *item = view->topLevelItem(i);
+        out << item->text(0) + '|' + item->text(1) + '|' + item->text(2);
+    }
+    return out;
+}
+
+QStringList names(QTreeWidget *view)
+{
+    QStringList out;
+    for (int i = 0; i < view->topLevelItemCount(); ++i)
+        out << view->topLevelItem(i)->text(0);
+    return out;
+}
+
+QTreeWidgetItem *item(QTreeWidget *view, const QString &name)
+{
+    const QList<QTreeWidgetItem *> found = view->findItems(name, Qt::MatchExactly | Qt::MatchCaseSensitive);
+    return found.isEmpty() ? nullptr : found.first();
+}
+
+QStringList entries(QComboBox *box)
+{
+    QStringList out;
+    for (int i = 0; i < box->count(); ++i)
+        out << box->itemText(i);
+    return out;
+}
+
+bool sameImage(const QIcon &icon, const char *resource)
+{
+    const QPixmap expected(QString::fromLatin1(resource));
+    return !expected.isNull() && !icon.isNull()
+           && icon.pixmap(expected.size()).toImage().convertToFormat(QImage::Format_ARGB32)
+                  == expected.toImage().convertToFormat(QImage::Format_ARGB32);
+}
+
+// Catches what the dialog prints on standard output around a call.
+class StdoutCapture
+{
+public:
+    StdoutCapture()
+    {
+        std::fflush(stdout);
+        if (::pipe(fds) == 0) {
+            saved = ::dup(STDOUT_FILENO);
+            ::dup2(fds[1], STDOUT_FILENO);
+        }
+    }
+    QByteArray finish()
+    {
+        std::fflush(stdout);
+        ::dup2(saved, STDOUT_FILENO);
+        ::close(saved);
+        ::close(fds[1]);
+        QByteArray out;
+        char buf[4096];
+        ssize_t n;
+        while ((n = ::read(fds[0], buf, sizeof buf)) > 0)
+            out.append(buf, int(n));
+        ::close(fds[0]);
+        return out;
+    }
+
+private:
+    int fds[2] = {-1, -1};
+    int saved = -1;
+};
+
+// Records which slot a signal of the form reached.
+class SlotRecorder : public ScQtFileDlg
+{
+public:
+    QStringList calls;
+    void slotCancel() override { calls << "slotCancel"; }
+    void slotDirComboBoxChanged(int i) override { calls << QString("slotDirComboBoxChanged %1").arg(i); }
+    void slotDoubleClicked(QTreeWidgetItem *i) override
+    {
+        calls << "slotDoubleClicked " + (i ? i->text(0) : QString("null"));
+    }
+    void slotFileTextChanged(const QString &t) override { calls << "slotFileTextChanged " + t; }
+    void slotMkDir() override { calls << "slotMkDir"; }
+    void slotOK() override { calls << "slotOK"; }
+    void slotSelectionChanged(QTreeWidgetItem *i) override
+    {
+        calls << "slotSelectionChanged " + (i ? i->text(0) : QString("null"));
+    }
+    void slotTypeComboBoxChanged(int i) override { calls << QString("slotTypeComboBoxChanged %1").arg(i); }
+};
+
+} // namespace
+
+class TestFileDialog : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+
+    // The form.
+    void formWidgetsCarryTheirNamesTextsAndTips();
+    void formLaysOutItsRowsTopToBottom();
+    void formStubSlotsWarnNotImplemented();
+    void formConnectsItsSignalsToTheSlots();
+
+    // The dialog.
+    void constructorFillsBothBoxesBehindTheirFirstEntry();
+    void dotIsNotListedAndDotDotIs();
+    void dotDotIsEnteredByASingleTap();
+    void fileSizeShowsInBytesAndDirectoriesAndLinksShowNone();
+    void linkToADirectoryCountsAsADirectory();
+    void listRisesByNameWhateverTheDirectoryDelivers();
+    void nameFilterHidesDirectoriesThatDoNotMatch();
+    void otherKindsOfEntryPrintSomethingElseAndKeepTheTypeBefore();
+    void directoryBoxDropsItsSecondEntryFirstAtTheNinthDirectory();
+    void knownDirectoryMakesItsEntryCurrentAndAddsNone();
+    void typeBoxHoldsEightEntriesAtMostKeepingTheFirst();
+    void unreadableDirectoryFromTheListGoesBackToTheOldOne();
+    void unreadableDirectoryFromTheBoxLeavesTheListAsItIs();
+    void doubleTapOnAFileDoesNotAcceptIt();
+    void selectedPathWithoutANameIsTheDirectory();
+    void dirBaseNameIsTheLastPartOfTheDirectory();
+
+    // The entry points.
+    void saveAppendsTheExtensionOfTheFilter();
+    void saveKeepsANameThatHoldsTheExtension();
+    void saveKeepsANameThatHoldsTheExtensionInside();
+    void saveWithTheFilterStarAddsNoExtension();
+    void saveWithAFilterWithoutADotAddsNothing();
+    void cancelReturnsAnEmptyText();
+    void openReturnsTheFileTappedInTheList();
+    void openReachesAFileInASubdirectoryByTaps();
+    void openAddsNoExtension();
+    void openListsSystemEntriesAndSaveDoesNot();
+    void linkToAFileCannotBePickedFromTheList();
+    void linkToAFileCanBeTyped();
+    void typeBoxChangesTheListingOnlyWhereTheNameFilterIsUsed();
+    void existingDirectoryListsDirectoriesOnly();
+    void newFileNameMakesADirectoryAndAppendsTheExtension();
+    void mkDirButtonIsUsableOnlyForANewFileName();
+
+private:
+    std::unique_ptr<QTemporaryDir> tmp;
+    QString dir;
+};
+
+void TestFileDialog::init()
+{
+    tmp = std::make_unique<QTemporaryDir>();
+    QVERIFY(tmp->isValid());
+    dir = QFileInfo(tmp->path()).canonicalFilePath();
+    writeFile(dir + "/alpha.wfn", 123);
+    writeFile(dir + "/beta.txt", 5);
+    writeFile(dir + "/.hidden.wfn", 7);
+    QVERIFY(QDir(dir).mkdir("sub"));
+    writeFile(dir + "/sub/inner.wfn", 42);
+    QVERIFY(QFile::link(dir + "/alpha.wfn", dir + "/link.wfn"));
+    QVERIFY(QFile::link(dir + "/sub", dir + "/dirlink"));
+    QVERIFY(QFile::link(dir + "/nowhere", dir + "/broken.wfn"));
+}
+
+void TestFileDialog::cleanup()
+{
+    tmp.reset();
+}
+
+void TestFileDialog::formWidgetsCarryTheirNamesTextsAndTips()
+{
+    ScQtFileDlg form;
+    QCOMPARE(form.objectName(), QString("ScQtFileDlg"));
+    QCOMPARE(form.windowTitle(), QString("FileDlg"));
+
+    auto *type = form.findChild<QComboBox *>("TypeComboBox");
+    QVERIFY(type);
+    QVERIFY(type->isEditable());
+    QVERIFY(!type->duplicatesEnabled());
+    QCOMPARE(type->toolTip(), QString("file type filter"));
+    QCOMPARE(type->whatsThis(), QString("ComboBox FileTypeFilter\n\nedit or select the filter"));
+
+    auto *ok = form.findChild<QToolButton *>("OkButton");
+    QVERIFY(ok);
+    QCOMPARE(ok->text(), QString());
+    QVERIFY(sameImage(ok->icon(), ":/pixmaps/ok.xpm"));
+    QCOMPARE(ok->iconSize(), QSize(24, 16));
+    QCOMPARE(ok->toolTip(), QString("confirms the selection and closes the form"));
+    QCOMPARE(ok->whatsThis(), QString("OKButton"));
+
+    auto *cancel = form.findChild<QToolButton *>("CancelButton");
+    QVERIFY(cancel);
+    QCOMPARE(cancel->text(), QString());
+    QVERIFY(sameImage(cancel->icon(), ":/pixmaps/cancel.xpm"));
+    QCOMPARE(cancel->toolTip(), QString("cancels the selection and closes the form"));
+    QCOMPARE(cancel->whatsThis(), QString("CancelButton"));
+
+    auto *name = form.findChild<QLineEdit *>("FNameLineEdit");
+    QVERIFY(name);
+    QCOMPARE(name->toolTip(), QString("shows the selected filename"));
+    QCOMPARE(name->whatsThis(), QString("Filename LineEdit\n\nshows the selected file\nand allows the direct filename\nedit"));
+
+    // The button that makes a directory carries the texts of the OK button.
+    auto *mkdir = form.findChild<QToolButton *>("MkDirButton");
+    QVERIFY(mkdir);
+    QCOMPARE(mkdir->text(), QString());
+    QVERIFY(sameImage(mkdir->icon(), ":/pixmaps/mkdir.xpm"));
+    QCOMPARE(mkdir->iconSize(), QSize(17, 15));
+    QCOMPARE(mkdir->toolTip(), QString("confirms the selection and closes the form"));
+    QCOMPARE(mkdir->whatsThis(), QString("OKButton"));
+
+    auto *dirs = form.findChild<QComboBox *>("DirComboBox");
+    QVERIFY(dirs);
+    QVERIFY(dirs->isEditable());
+    QVERIFY(!dirs->duplicatesEnabled());
+    QCOMPARE(dirs->toolTip(), QString());
+    QCOMPARE(dirs->whatsThis(), QString("ComboBox Directory \nedit or select the directories name"));
+
+    auto *list = form.findChild<QTreeWidget *>("ListView");
+    QVERIFY(list);
+    QCOMPARE(list->columnCount(), 3);
+    QCOMPARE(list->headerItem()->text(0), QString("Name"));
+    QCOMPARE(list->headerItem()->text(1), QString("size"));
+    QCOMPARE(list->headerItem()->text(2), QString("type"));
+    QVERIFY(list->rootIsDecorated());
+    QCOMPARE(list->toolTip(), QString("directory listview"));
+    QCOMPARE(list->whatsThis(), QString("Directory ListView\n\nshows the list of dirs and files"));
+
+    // The pixmaps: sizes and numbers of colours as drawn.
+    const struct { const char *file; int w, h, colours; } images[] = {
+        {":/pixmaps/file.xpm", 16, 16, 5},  {":/pixmaps/dir.xpm", 16, 16, 6},
+        {":/pixmaps/link.xpm", 16, 16, 10}, {":/pixmaps/up.xpm", 15, 13, 3},
+        {":/pixmaps/ok.xpm", 24, 16, 3},    {":/pixmaps/cancel.xpm", 24, 16, 4},
+        {":/pixmaps/mkdir.xpm", 17, 15, 4},
+    };
+    for (const auto &img : images) {
+        QFile f(QString::fromLatin1(img.file));
+        QVERIFY2(f.open(QIODevice::ReadOnly), img.file);
+        const QByteArray head = QString("\"%1 %2 %3 1\"").arg(img.w).arg(img.h).arg(img.colours).toLatin1();
+        QVERIFY2(f.readAll().contains(head), img.file);
+        const QPixmap pixmap(QString::fromLatin1(img.file));
+        QCOMPARE(pixmap.size(), QSize(img.w, img.h));
+    }
+}
+
+void TestFileDialog::formLaysOutItsRowsTopToBottom()
+{
+    ScQtFileDlg form;
+    auto *outer = qobject_cast<QBoxLayout *>(form.layout());
+    QVERIFY(outer);
+    QCOMPARE(outer->direction(), QBoxLayout::TopToBottom);
+    QCOMPARE(outer->contentsMargins(), QMargins(11, 11, 11, 11));
+    QCOMPARE(outer->spacing(), 6);
+    QCOMPARE(outer->count(), 4);
+    auto *first = qobject_cast<QBoxLayout *>(outer->itemAt(0)->layout());
+    QVERIFY(first);
+    QCOMPARE(first->contentsMargins(), QMargins(0, 0, 0, 0));
+    QCOMPARE(first->spacing(), 6);
+    QCOMPARE(first->count(), 4);
+    QCOMPARE(first->itemAt(0)->widget(), form.TypeComboBox);
+    QVERIFY(first->itemAt(1)->spacerItem());
+    QCOMPARE(first->itemAt(1)->spacerItem()->sizeHint(), QSize(20, 20));
+    QCOMPARE(first->itemAt(2)->widget(), form.OkButton);
+    QCOMPARE(first->itemAt(3)->widget(), form.CancelButton);
+    auto *second = qobject_cast<QBoxLayout *>(outer->itemAt(1)->layout());
+    QVERIFY(second);
+    QCOMPARE(second->contentsMargins(), QMargins(0, 0, 0, 0));
+    QCOMPARE(second->spacing(), 6);
+    QCOMPARE(second->itemAt(0)->widget(), form.FNameLineEdit);
+    QCOMPARE(second->itemAt(1)->widget(), form.MkDirButton);
+    QCOMPARE(outer->itemAt(2)->widget(), form.DirComboBox);
+    QCOMPARE(outer->itemAt(3)->widget(), form.ListView);
+}
+
+void TestFileDialog::formStubSlotsWarnNotImplemented()
+{
+    ScQtFileDlg form;
+    QTreeWidgetItem row(QStringList{"a", "", "file"});
+    QTest::ignoreMessage(QtWarningMsg, "ScQtFileDlg::slotCancel(): Not implemented yet!");
+    form.slotCancel();
+    QTest::ignoreMessage(QtWarningMsg, "ScQtFileDlg::slotDirComboBoxChanged( int ): Not implemented yet!");
+    form.slotDirComboBoxChanged(0);
+    QTest::ignoreMessage(QtWarningMsg, "ScQtFileDlg::slotDoubleClicked( QTreeWidgetItem * ): Not implemented yet!");
+    form.slotDoubleClicked(&row);
+    QTest::ignoreMessage(QtWarningMsg, "ScQtFileDlg::slotFileTextChanged( const QString & ): Not implemented yet!");
+    form.slotFileTextChanged("x");
+    QTest::ignoreMessage(QtWarningMsg, "ScQtFileDlg::slotMkDir(): Not implemented yet!");
+    form.slotMkDir();
+    QTest::ignoreMessage(QtWarningMsg, "ScQtFileDlg::slotOK(): Not implemented yet!");
+    form.slotOK();
+    QTest::ignoreMessage(QtWarningMsg, "ScQtFileDlg::slotSelectionChanged( QTreeWidgetItem * ): Not implemented yet!");
+    form.slotSelectionChanged(&row);
+    QTest::ignoreMessage(QtWarningMsg, "ScQtFileDlg::slotTypeComboBoxChanged( int ): Not implemented yet!");
+    form.slotTypeComboBoxChanged(0);
+    QCOMPARE(form.result(), 0);
+}
+
+void TestFileDialog::formConnectsItsSignalsToTheSlots()
+{
+    SlotRecorder form;
+    form.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&form));
+    form.OkButton->click();
+    form.CancelButton->click();
+    form.MkDirButton->click();
+    form.DirComboBox->addItems({"/", "/tmp"});
+    emit form.DirComboBox->activated(1);
+    form.TypeComboBox->addItems({"*", "*.wfn"});
+    emit form.TypeComboBox->activated(1);
+    QTest::keyClicks(form.FNameLineEdit, "a");
+    QTest::keyClick(form.FNameLineEdit, Qt::Key_Return);
+    auto *row = new QTreeWidgetItem(QStringList{"row", "", "file"});
+    form.ListView->addTopLevelItem(row);
+    form.calls.clear();
+    QVERIFY(ModalHelper::tapItem(form.ListView, row));
+    form.ListView->setFocus();
+    QTest::keyClick(form.ListView, Qt::Key_Return);
+    const QRect rect = form.ListView->visualItemRect(row);
+    QTest::mouseDClick(form.ListView->viewport(), Qt::LeftButton, Qt::NoModifier, rect.center());
+    QVERIFY(form.calls.contains("slotSelectionChanged row"));
+    QCOMPARE(form.calls.count("slotDoubleClicked row"), 1);
+    // Return on the row hands it over as well (a double tap may also activate it).
+    QVERIFY(form.calls.count("slotSelectionChanged row") >= 2);
+    form.hide();
+
+    SlotRecorder other;
+    other.OkButton->click();
+    other.CancelButton->click();
+    other.MkDirButton->click();
+    other.DirComboBox->addItems({"/", "/tmp"});
+    emit other.DirComboBox->activated(1);
+    other.TypeComboBox->addItems({"*", "*.wfn"});
+    emit other.TypeComboBox->activated(1);
+    other.FNameLineEdit->setText("a");
+    emit other.FNameLineEdit->returnPressed();
+    QCOMPARE(other.calls, QStringList({"slotOK", "slotCancel", "slotMkDir", "slotDirComboBoxChanged 1",
+                                       "slotTypeComboBoxChanged 1", "slotFileTextChanged a", "slotOK"}));
+}
+
+void TestFileDialog::constructorFillsBothBoxesBehindTheirFirstEntry()
+{
+    ScQtFileEditDlg dlg(nullptr, "", dir, "*.wfn");
+    dlg.hide();
+    QCOMPARE(entries(dlg.DirComboBox), QStringList({"/", dir}));
+    QCOMPARE(entries(dlg.TypeComboBox), QStringList({"*", "*.wfn"}));
+    QVERIFY(!dlg.MkDirButton->isEnabled());
+    QVERIFY(dlg.isModal());
+    QVERIFY(dlg.ListView->allColumnsShowFocus());
+    QCOMPARE(dlg.windowTitle(), QString("FileDlg"));
+    // Nothing is listed before refresh.
+    QCOMPARE(dlg.ListView->topLevelItemCount(), 0);
+
+    ScQtFileEditDlg empty(nullptr, "", "", "");
+    empty.hide();
+    QCOMPARE(entries(empty.DirComboBox), QStringList({"/"}));
+    QCOMPARE(entries(empty.TypeComboBox), QStringList({"*"}));
+}
+
+void TestFileDialog::dotIsNotListedAndDotDotIs()
+{
+    ScQtFileEditDlg dlg(nullptr, "", dir, "*");
+    dlg.hide();
+    dlg.refresh();
+    const QStringList listed = names(dlg.ListView);
+    QVERIFY(!listed.contains("."));
+    QVERIFY(listed.contains(".."));
+    QVERIFY(!listed.contains(".hidden.wfn"));
+    QVERIFY(sameImage(item(dlg.ListView, "..")->icon(0), ":/pixmaps/up.xpm"));
+    QCOMPARE(item(dlg.ListView, "..")->text(2), QString("dir"));
+}
+
+void TestFileDialog::dotDotIsEnteredByASingleTap()
+{
+    QVERIFY(QDir(dir).mkdir("sub/deeper"));
+    const QString sub = dir + "/sub";
+    QStringList before, after;
+    ModalTicket t = ModalHelper::onNextModal(
+        [](QWidget *w) { return qobject_cast<ScQtFileDlg *>(w) != nullptr; },
+        [&](QWidget *w, ModalOutcome &out) {
+            auto *dlg = static_cast<ScQtFileDlg *>(w);
+            before = names(dlg->ListView);
+            if (!ModalHelper::tapItem(dlg->ListView, item(dlg->ListView, "..")))
+                out.error = "can't tap ..";
+            // The list is refilled by the short timer, not at the tap.
+            QTest::qWait(100);
+            after = names(dlg->ListView);
+            dlg->OkButton->click();
+        });
+    const QString path = ScQtFileEdit::getOpenFileName(nullptr, "", sub, "*");
+    QVERIFY2(t->handled && t->error.isEmpty(), qPrintable(t->error));
+    QCOMPARE(before, QStringList({"..", "deeper", "inner.wfn"}));
+    QVERIFY(after.contains("sub"));
+    QVERIFY(after.contains("alpha.wfn"));
+    // Accepted without a name: the caller gets the directory.
+    QCOMPARE(path, dir);
+}
+
+void TestFileDialog::fileSizeShowsInBytesAndDirectoriesAndLinksShowNone()
+{
+    ScQtFileEditDlg dlg(nullptr, "", dir, "*");
+    dlg.setFilterSpec(7);
+    dlg.setUseNameFilter(true);
+    dlg.hide();
+    dlg.refresh();
+    const QStringList r = rows(dlg.ListView);
+    QVERIFY(r.contains("alpha.wfn|123|file"));
+    QVERIFY(r.contains("beta.txt|5|file"));
+    QVERIFY(r.contains("sub||dir"));
+    QVERIFY(r.contains("link.wfn||link"));
+    QVERIFY(r.contains("..||dir"));
+    QVERIFY(sameImage(item(dlg.ListView, "alpha.wfn")->icon(0), ":/pixmaps/file.xpm"));
+    QVERIFY(sameImage(item(dlg.ListView, "sub")->icon(0), ":/pixmaps/dir.xpm"));
+    QVERIFY(sameImage(item(dlg.ListView, "link.wfn")->icon(0), ":/pixmaps/link.xpm"));
+    QCOMPARE(item(dlg.ListView, "alpha.wfn")->textAlignment(1) & Qt::AlignHorizontal_Mask, int(Qt::AlignRight));
+}
+
+void TestFileDialog::linkToADirectoryCountsAsADirectory()
+{
+    ScQtFileEditDlg dlg(nullptr, "", dir, "*");
+    dlg.hide();
+    dlg.refresh();
+    QVERIFY(rows(dlg.ListView).contains("dirlink||dir"));
+    QVERIFY(sameImage(item(dlg.ListView, "dirlink")->icon(0), ":/pixmaps/dir.xpm"));
+}
+
+void TestFileDialog::listRisesByNameWhateverTheDirectoryDelivers()
+{
+    ScQtFileEditDlg dlg(nullptr, "", dir, "*");
+    dlg.setDirsFirst(true);
+    dlg.setFilterSpec(519);
+    dlg.hide();
+    dlg.refresh();
+    // Directories first is the directory's order; the list sorts by name all the same.
+    QCOMPARE(names(dlg.ListView),
+             QStringList({"..", "alpha.wfn", "beta.txt", "broken.wfn", "dirlink", "link.wfn", "sub"}));
+}
+
+void TestFileDialog::nameFilterHidesDirectoriesThatDoNotMatch()
+{
+    // The name filter is the directory's: it applies to directories as well.
+    ScQtFileEditDlg dlg(nullptr, "", dir, "*.wfn");
+    dlg.setUseNameFilter(true);
+    dlg.hide();
+    dlg.refresh();
+    QCOMPARE(names(dlg.ListView), QStringList({"alpha.wfn", "link.wfn"}));
+}
+
+void TestFileDialog::otherKindsOfEntryPrintSomethingElseAndKeepTheTypeBefore()
+{
+    QTemporaryDir other;
+    QVERIFY(other.isValid());
+    writeFile(other.path() + "/a.txt", 5);
+    QCOMPARE(::mkfifo(QFile::encodeName(other.path() + "/b.fifo").constData(), 0600), 0);
+    ScQtFileEditDlg dlg(nullptr, "", other.path(), "*");
+    dlg.setFilterSpec(519);
+    dlg.setDirsFirst(true);
+    dlg.hide();
+    StdoutCapture capture;
+    dlg.refresh();
+    const QByteArray printed = capture.finish();
+    QCOMPARE(printed, QByteArray("something else\n"));
+    // The pipe comes behind a.txt and shows its size and type.
+    QVERIFY(rows(dlg.ListView).contains("b.fifo|5|file"));
+    QVERIFY(item(dlg.ListView, "b.fifo")->icon(0).isNull());
+}
+
+void TestFileDialog::directoryBoxDropsItsSecondEntryFirstAtTheNinthDirectory()
+{
+    QString chain = dir;
+    for (int i = 1; i <= 8; ++i) {
+        chain += QString("/d%1").arg(i);
+        QVERIFY(QDir().mkpath(chain));
+    }
+    QList<QStringList> seen;
+    ModalTicket t = ModalHelper::onNextModal(
+        [](QWidget *w) { return qobject_cast<ScQtFileDlg *>(w) != nullptr; },
+        [&](QWidget *w, ModalOutcome &out) {
+            auto *dlg = static_cast<ScQtFileDlg *>(w);
+            seen << entries(dlg->DirComboBox);
+            for (int i = 1; i <= 8; ++i) {
+                if (!ModalHelper::tapItem(dlg->ListView, item(dlg->ListView, QString("d%1").arg(i))))
+                    out.error += QString("can't tap d%1; ").arg(i);
+                QTest::qWait(50);
+                seen << entries(dlg->DirComboBox);
+            }
+            dlg->CancelButton->click();
+        });
+    const QString path = ScQtFileEdit::getOpenFileName(nullptr, "", dir, "*");
+    QVERIFY2(t->handled && t->error.isEmpty(), qPrintable(t->error));
+    QCOMPARE(path, QString(""));
+    QCOMPARE(seen.size(), 9);
+    QString d = dir;
+    QStringList visited = {dir};
+    for (int i = 1; i <= 8; ++i)
+        visited << (d += QString("/d%1").arg(i));
+    QCOMPARE(seen[0], QStringList({"/", dir}));
+    // Eight entries after the sixth subdirectory: the root and seven directories.
+    QCOMPARE(seen[6], QStringList({"/"}) + visited.mid(0, 7));
+    // The ninth directory drops the second entry; the root stays.
+    QCOMPARE(seen[7], QStringList({"/"}) + visited.mid(1, 7));
+    QCOMPARE(seen[8], QStringList({"/"}) + visited.mid(2, 7));
+}
+
+void TestFileDialog::knownDirectoryMakesItsEntryCurrentAndAddsNone()
+{
+    QStringList afterSub, afterBack;
+    int currentAfterBack = -1;
+    ModalTicket t = ModalHelper::onNextModal(
+        [](QWidget *w) { return qobject_cast<ScQtFileDlg *>(w) != nullptr; },
+        [&](QWidget *w, ModalOutcome &out) {
+            auto *dlg = static_cast<ScQtFileDlg *>(w);
+            if (!ModalHelper::tapItem(dlg->ListView, item(dlg->ListView, "sub")))
+                out.error += "can't tap sub; ";
+            QTest::qWait(50);
+            afterSub = entries(dlg->DirComboBox);
+            if (!ModalHelper::tapItem(dlg->ListView, item(dlg->ListView, "..")))
+                out.error += "can't tap ..; ";
+            QTest::qWait(50);
+            afterBack = entries(dlg->DirComboBox);
+            currentAfterBack = dlg->DirComboBox->currentIndex();
+            dlg->CancelButton->click();
+        });
+    ScQtFileEdit::getOpenFileName(nullptr, "", dir, "*");
+    QVERIFY2(t->handled && t->error.isEmpty(), qPrintable(t->error));
+    QCOMPARE(afterSub, QStringList({"/", dir, dir + "/sub"}));
+    QCOMPARE(afterBack, afterSub);
+    QCOMPARE(currentAfterBack, 1);
+}
+
+void TestFileDialog::typeBoxHoldsEightEntriesAtMostKeepingTheFirst()
+{
+    ScQtFileEditDlg dlg(nullptr, "", dir, "*.wfn");
+    dlg.hide();
+    QStringList filters;
+    for (int i = 1; i <= 8; ++i) {
+        filters << QString("*.t%1").arg(i);
+        dlg.readDir(dir, filters.last());
+    }
+    // "*", "*.wfn", then six; the seventh drops "*.wfn", the eighth "*.t1".
+    QCOMPARE(entries(dlg.TypeComboBox), QStringList({"*"}) + filters.mid(1, 7));
+    QCOMPARE(dlg.TypeComboBox->currentText(), QString("*.t8"));
+    dlg.readDir(dir, "*.t5");
+    QCOMPARE(dlg.TypeComboBox->count(), 8);
+    QCOMPARE(dlg.TypeComboBox->currentText(), QString("*.t5"));
+    // An empty filter counts as "*", which stays first.
+    dlg.readDir(dir, "");
+    QCOMPARE(dlg.TypeComboBox->currentIndex(), 0);
+    QCOMPARE(dlg.TypeComboBox->count(), 8);
+}
+
+void TestFileDialog::unreadableDirectoryFromTheListGoesBackToTheOldOne()
+{
+    QVERIFY(QDir(dir).mkdir("gone"));
+    QStringList listedBefore, listedAfter, boxAfter;
+    ModalTicket t = ModalHelper::onNextModal(
+        [](QWidget *w) { return qobject_cast<ScQtFileDlg *>(w) != nullptr; },
+        [&](QWidget *w, ModalOutcome &out) {
+            auto *dlg = static_cast<ScQtFileDlg *>(w);
+            listedBefore = names(dlg->ListView);
+            QDir(dir).rmdir("gone");
+            if (!ModalHelper::tapItem(dlg->ListView, item(dlg->ListView, "gone")))
+                out.error += "can't tap gone; ";
+            QTest::qWait(50);
+            listedAfter = names(dlg->ListView);
+            boxAfter = entries(dlg->DirComboBox);
+            dlg->OkButton->click();
+        });
+    const QString path = ScQtFileEdit::getOpenFileName(nullptr, "", dir, "*");
+    QVERIFY2(t->handled && t->error.isEmpty(), qPrintable(t->error));
+    QVERIFY(listedBefore.contains("gone"));
+    // Back in the old directory, listed anew; the failed name went into the box.
+    QVERIFY(!listedAfter.contains("gone"));
+    QVERIFY(listedAfter.contains("alpha.wfn"));
+    QCOMPARE(boxAfter, QStringList({"/", dir, dir + "/gone"}));
+    QCOMPARE(path, dir);
+}
+
+void TestFileDialog::unreadableDirectoryFromTheBoxLeavesTheListAsItIs()
+{
+    QStringList listedBefore, listedAfter;
+    ModalTicket t = ModalHelper::onNextModal(
+        [](QWidget *w) { return qobject_cast<ScQtFileDlg *>(w) != nullptr; },
+        [&](QWidget *w, ModalOutcome &) {
+            auto *dlg = static_cast<ScQtFileDlg *>(w);
+            listedBefore = names(dlg->ListView);
+            dlg->DirComboBox->lineEdit()->setText(dir + "/nothing");
+            QTest::keyClick(dlg->DirComboBox->lineEdit(), Qt::Key_Return);
+            listedAfter = names(dlg->ListView);
+            dlg->FNameLineEdit->setText("x.wfn");
+            dlg->OkButton->click();
+        });
+    const QString path = ScQtFileEdit::getOpenFileName(nullptr, "", dir, "*");
+    QVERIFY2(t->handled && t->error.isEmpty(), qPrintable(t->error));
+    QCOMPARE(listedAfter, listedBefore);
+    // The directory is the new text all the same.
+    QCOMPARE(path, dir + "/nothing/x.wfn");
+}
+
+void TestFileDialog::doubleTapOnAFileDoesNotAcceptIt()
+{
+    ScQtFileEditDlg dlg(nullptr, "", dir, "*");
+    dlg.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&dlg));
+    dlg.refresh();
+    QTreeWidgetItem *alpha = item(dlg.ListView, "alpha.wfn");
+    QVERIFY(alpha);
+    const QRect rect = dlg.ListView->visualItemRect(alpha);
+    QTest::mouseClick(dlg.ListView->viewport(), Qt::LeftButton, Qt::NoModifier, rect.center());
+    QTest::mouseDClick(dlg.ListView->viewport(), Qt::LeftButton, Qt::NoModifier, rect.center());
+    QTest::qWait(50);
+    QVERIFY(dlg.isVisible());
+    QCOMPARE(dlg.result(), 0);
+    QCOMPARE(dlg.FNameLineEdit->text(), QString("alpha.wfn"));
+    QCOMPARE(dlg.selectedPath(), dir + "/alpha.wfn");
+    dlg.hide();
+}
+
+void TestFileDialog::selectedPathWithoutANameIsTheDirectory()
+{
+    ScQtFileEditDlg dlg(nullptr, "", dir + "/sub/../sub/", "*");
+    dlg.hide();
+    QCOMPARE(dlg.selectedPath(), dir + "/sub");
+    dlg.FNameLineEdit->setText("a.wfn");
+    QCOMPARE(dlg.selectedPath(), dir + "/sub/a.wfn");
+}
+
+void TestFileDialog::dirBaseNameIsTheLastPartOfTheDirectory()
+{
+    ScQtFileEditDlg dlg(nullptr, "", dir + "/sub", "*");
+    dlg.hide();
+    QCOMPARE(dlg.dirBaseName(), QString("sub"));
+    ScQtFileEditDlg plain(nullptr, "", "data", "*");
+    plain.hide();
+    QCOMPARE(plain.dirBaseName(), QString("data"));
+}
+
+void TestFileDialog::saveAppendsTheExtensionOfTheFilter()
+{
+    ModalTicket t = ModalHelper::typeNameInNextFileDialog("trip");
+    const QString path = ScQtFileEdit::getSaveFileName(nullptr, "", dir, "*.wfn");
+    QVERIFY2(t->handled && t->error.isEmpty(), qPrintable(t->error));
+    QCOMPARE(t->title, QString("FileDlg"));
+    QCOMPARE(path, dir + "/trip.wfn");
+}
+
+void TestFileDialog::saveKeepsANameThatHoldsTheExtension()
+{
+    ModalTicket t = ModalHelper::typeNameInNextFileDialog("trip.wfn");
+    const QString path = ScQtFileEdit::getSaveFileName(nullptr, "", dir, "*.wfn");
+    QVERIFY2(t->handled && t->error.isEmpty(), qPrintable(t->error));
+    QCOMPARE(path, dir + "/trip.wfn");
+}
+
+void TestFileDialog::saveKeepsANameThatHoldsTheExtensionInside()
+{
+    ModalTicket t = ModalHelper::typeNameInNextFileDialog("trip.wfn.old");
+    const QString path = ScQtFileEdit::getSaveFileName(nullptr, "", dir, "*.wfn");
+    QVERIFY2(t->handled && t->error.isEmpty(), qPrintable(t->error));
+    QCOMPARE(path, dir + "/trip.wfn.old");
+    // Case counts: ".WFN" is not ".wfn".
+    ModalTicket u = ModalHelper::typeNameInNextFileDialog("TRIP.WFN");
+    QCOMPARE(ScQtFileEdit::getSaveFileName(nullptr, "", dir, "*.wfn"), dir + "/TRIP.WFN.wfn");
+    QVERIFY2(u->handled, qPrintable(u->error));
+}
+
+void TestFileDialog::saveWithTheFilterStarAddsNoExtension()
+{
+    ModalTicket t = ModalHelper::typeNameInNextFileDialog("trip");
+    const QString path = ScQtFileEdit::getSaveFileName(nullptr, "", dir, "*");
+    QVERIFY2(t->handled && t->error.isEmpty(), qPrintable(t->error));
+    QCOMPARE(path, dir + "/trip");
+}
+
+void TestFileDialog::saveWithAFilterWithoutADotAddsNothing()
+{
+    ModalTicket t = ModalHelper::typeNameInNextFileDialog("trip");
+    const QString path = ScQtFileEdit::getSaveFileName(nullptr, "", dir, "trip*");
+    QVERIFY2(t->handled && t->error.isEmpty(), qPrintable(t->error));
+    QCOMPARE(path, dir + "/trip");
+}
+
+void TestFileDialog::cancelReturnsAnEmptyText()
+{
+    ModalTicket t = ModalHelper::cancelNextFileDialog();
+    const QString path = ScQtFileEdit::getOpenFileName(nullptr, "", dir, "*.wfn");
+    QVERIFY2(t->handled && t->error.isEmpty(), qPrintable(t->error));
+    QCOMPARE(path, QString(""));
+    QVERIFY(!path.isNull());
+
+    // Whatever was typed or chosen before.
+    ModalTicket u = ModalHelper::onNextModal(
+        [](QWidget *w) { return qobject_cast<ScQtFileDlg *>(w) != nullptr; },
+        [](QWidget *w, ModalOutcome &) {
+            auto *dlg = static_cast<ScQtFileDlg *>(w);
+            dlg->FNameLineEdit->setText("trip");
+            dlg->CancelButton->click();
+        });
+    QCOMPARE(ScQtFileEdit::getSaveFileName(nullptr, "", dir, "*.wfn"), QString(""));
+    QVERIFY(u->handled);
+}
+
+void TestFileDialog::openReturnsTheFileTappedInTheList()
+{
+    ModalTicket t = ModalHelper::chooseFileInNextFileDialog("alpha.wfn");
+    const QString path = ScQtFileEdit::getOpenFileName(nullptr, "", dir, "*.wfn");
+    QVERIFY2(t->handled && t->error.isEmpty(), qPrintable(t->error));
+    QCOMPARE(path, dir + "/alpha.wfn");
+}
+
+void TestFileDialog::openReachesAFileInASubdirectoryByTaps()
+{
+    ModalTicket t = ModalHelper::chooseFileInNextFileDialog("sub/inner.wfn");
+    const QString path = ScQtFileEdit::getOpenFileName(nullptr, "", dir, "*");
+    QVERIFY2(t->handled && t->error.isEmpty(), qPrintable(t->error));
+    QCOMPARE(path, dir + "/sub/inner.wfn");
+}
+
+void TestFileDialog::openAddsNoExtension()
+{
+    ModalTicket t = ModalHelper::typeNameInNextFileDialog("trip");
+    const QString path = ScQtFileEdit::getOpenFileName(nullptr, "", dir, "*.wfn");
+    QVERIFY2(t->handled && t->error.isEmpty(), qPrintable(t->error));
+    QCOMPARE(path, dir + "/trip");
+}
+
+void TestFileDialog::openListsSystemEntriesAndSaveDoesNot()
+{
+    // A link to nothing is a system entry: only the open dialog lists it.
+    QStringList opened, saved;
+    auto grab = [](QStringList *into) {
+        return ModalHelper::onNextModal(
+            [](QWidget *w) { return qobject_cast<ScQtFileDlg *>(w) != nullptr; },
+            [into](QWidget *w, ModalOutcome &) {
+                auto *dlg = static_cast<ScQtFileDlg *>(w);
+                *into = rows(dlg->ListView);
+                dlg->CancelButton->click();
+            });
+    };
+    ModalTicket a = grab(&opened);
+    ScQtFileEdit::getOpenFileName(nullptr, "", dir, "*.wfn");
+    ModalTicket b = grab(&saved);
+    ScQtFileEdit::getSaveFileName(nullptr, "", dir, "*.wfn");
+    QVERIFY(a->handled && b->handled);
+    QCOMPARE(opened, QStringList({"alpha.wfn|123|file", "broken.wfn||link", "link.wfn||link"}));
+    QCOMPARE(saved, QStringList({"alpha.wfn|123|file", "link.wfn||link"}));
+}
+
+void TestFileDialog::linkToAFileCannotBePickedFromTheList()
+{
+    ModalTicket t = ModalHelper::chooseFileInNextFileDialog("link.wfn");
+    const QString path = ScQtFileEdit::getOpenFileName(nullptr, "", dir, "*.wfn");
+    QVERIFY2(t->handled && t->error.isEmpty(), qPrintable(t->error));
+    // The tap chose nothing: OK gives the directory.
+    QCOMPARE(path, dir);
+}
+
+void TestFileDialog::linkToAFileCanBeTyped()
+{
+    ModalTicket t = ModalHelper::typeNameInNextFileDialog("link.wfn");
+    const QString path = ScQtFileEdit::getOpenFileName(nullptr, "", dir, "*.wfn");
+    QVERIFY2(t->handled && t->error.isEmpty(), qPrintable(t->error));
+    QCOMPARE(path, dir + "/link.wfn");
+}
+
+void TestFileDialog::typeBoxChangesTheListingOnlyWhereTheNameFilterIsUsed()
+{
+    auto chooseStar = [](QStringList *before, QStringList *after) {
+        return ModalHelper::onNextModal(
+            [](QWidget *w) { return qobject_cast<ScQtFileDlg *>(w) != nullptr; },
+            [before, after](QWidget *w, ModalOutcome &) {
+                auto *dlg = static_cast<ScQtFileDlg *>(w);
+                *before = names(dlg->ListView);
+                dlg->TypeComboBox->setCurrentIndex(0); // "*"
+                emit dlg->TypeComboBox->activated(0);
+                *after = names(dlg->ListView);
+                dlg->CancelButton->click();
+            });
+    };
+    QStringList openBefore, openAfter, newBefore, newAfter;
+    ModalTicket a = chooseStar(&openBefore, &openAfter);
+    ScQtFileEdit::getOpenFileName(nullptr, "", dir, "*.wfn");
+    ModalTicket b = chooseStar(&newBefore, &newAfter);
+    ScQtFileEdit::getNewFileName(nullptr, "", dir, "*.wfn");
+    QVERIFY(a->handled && b->handled);
+    QVERIFY(!openBefore.contains("beta.txt"));
+    QVERIFY(openAfter.contains("beta.txt"));
+    QVERIFY(openAfter.contains(".."));
+    // The new-file dialog keeps the filter that it was built with.
+    QCOMPARE(newBefore, QStringList({"alpha.wfn", "link.wfn"}));
+    QCOMPARE(newAfter, newBefore);
+}
+
+void TestFileDialog::existingDirectoryListsDirectoriesOnly()
+{
+    QStringList listed;
+    QStringList types;
+    ModalTicket t = ModalHelper::onNextModal(
+        [](QWidget *w) { return qobject_cast<ScQtFileDlg *>(w) != nullptr; },
+        [&](QWidget *w, ModalOutcome &) {
+            auto *dlg = static_cast<ScQtFileDlg *>(w);
+            listed = names(dlg->ListView);
+            types = entries(dlg->TypeComboBox);
+            dlg->OkButton->click();
+        });
+    const QString path = ScQtFileEdit::getExistingDirectory(nullptr, "", dir);
+    QVERIFY2(t->handled && t->error.isEmpty(), qPrintable(t->error));
+    QCOMPARE(listed, QStringList({"..", "dirlink", "sub"}));
+    QCOMPARE(types.first(), QString("*"));
+    QCOMPARE(path, dir);
+}
+
+void TestFileDialog::newFileNameMakesADirectoryAndAppendsTheExtension()
+{
+    QStringList listed;
+    QString lineAfter;
+    ModalTicket t = ModalHelper::onNextModal(
+        [](QWidget *w) { return qobject_cast<ScQtFileDlg *>(w) != nullptr; },
+        [&](QWidget *w, ModalOutcome &) {
+            auto *dlg = static_cast<ScQtFileDlg *>(w);
+            QTest::keyClicks(dlg->FNameLineEdit, "newdir.wfn");
+            dlg->MkDirButton->click();
+            lineAfter = dlg->FNameLineEdit->text();
+            listed = rows(dlg->ListView);
+            // An empty name makes nothing.
+            dlg->MkDirButton->click();
+            QTest::keyClicks(dlg->FNameLineEdit, "trip");
+            dlg->OkButton->click();
+        });
+    const QString path = ScQtFileEdit::getNewFileName(nullptr, "", dir, "*.wfn");
+    QVERIFY2(t->handled && t->error.isEmpty(), qPrintable(t->error));
+    QVERIFY(QFileInfo(dir + "/newdir.wfn").isDir());
+    QCOMPARE(lineAfter, QString());
+    QVERIFY(listed.contains("newdir.wfn||dir"));
+    QCOMPARE(path, dir + "/trip.wfn");
+}
+
+void TestFileDialog::mkDirButtonIsUsableOnlyForANewFileName()
+{
+    QList<bool> enabled;
+    auto look = [&enabled] {
+        return ModalHelper::onNextModal(
+            [](QWidget *w) { return qobject_cast<ScQtFileDlg *>(w) != nullptr; },
+            [&enabled](QWidget *w, ModalOutcome &) {
+                auto *dlg = static_cast<ScQtFileDlg *>(w);
+                enabled << dlg->MkDirButton->isEnabled();
+                dlg->CancelButton->click();
+            });
+    };
+    look();
+    ScQtFileEdit::getOpenFileName(nullptr, "", dir, "*.wfn");
+    look();
+    ScQtFileEdit::getSaveFileName(nullptr, "", dir, "*.wfn");
+    look();
+    ScQtFileEdit::getExistingDirectory(nullptr, "", dir);
+    look();
+    ScQtFileEdit::getNewFileName(nullptr, "", dir, "*.wfn");
+    QCOMPARE(enabled, QList<bool>({false, false, false, true}));
+}
+
+QTEST_MAIN(TestFileDialog)
+#include "tst_filedialog.moc"
