@@ -2,6 +2,8 @@
 
 // Small file helpers shared by the core's tests.
 
+#include "stdoutcapture.h"
+
 #include <QByteArray>
 #include <QFile>
 #include <QString>
@@ -40,4 +42,19 @@ inline QList<QByteArray> undatedLines(const QByteArray &bytes)
             line = "#                 time = <time>";
     }
     return lines;
+}
+
+// Writes `bytes` to `path`, then runs `read` and returns its result; what it printed on
+// standard output goes to *printed.
+template <typename Read>
+int readPrinted(const QString &path, const QByteArray &bytes, QString *printed, Read read)
+{
+    if (!writeBytes(path, bytes))
+        return -99;
+    StdoutCapture out;
+    const int result = read();
+    const QString text = out.text();
+    if (printed)
+        *printed = text;
+    return result;
 }

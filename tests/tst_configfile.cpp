@@ -56,13 +56,9 @@ private:
     QTemporaryDir dir;
     int read(WayFernData &doc, const QByteArray &bytes, QString *printed)
     {
-        if (!writeBytes(dir.filePath(QStringLiteral("wayfern.cfg")), bytes))
-            return -99;
         WayfernIOCfg io(&doc);
-        StdoutCapture out;
-        const int result = io.ReadFile(dir.path(), QStringLiteral("wayfern.cfg"));
-        *printed = out.text();
-        return result;
+        return readPrinted(dir.filePath(QStringLiteral("wayfern.cfg")), bytes, printed,
+                           [&] { return io.ReadFile(dir.path(), QStringLiteral("wayfern.cfg")); });
     }
 };
 

@@ -31,15 +31,8 @@ private:
     int read(WayFernData &doc, const QByteArray &bytes, QString *printed = nullptr)
     {
         const QString file = dir.filePath(QStringLiteral("in.wfn"));
-        if (!writeBytes(file, bytes))
-            return -99;
         WayfernIO io(&doc);
-        StdoutCapture out;
-        const int result = io.ReadFile(file);
-        const QString text = out.text();
-        if (printed)
-            *printed = text;
-        return result;
+        return readPrinted(file, bytes, printed, [&] { return io.ReadFile(file); });
     }
 };
 

@@ -31,13 +31,9 @@ private:
     QTemporaryDir dir;
     int read(WayFernData &doc, const QByteArray &bytes, QString *printed)
     {
-        if (!writeBytes(dir.filePath(QStringLiteral("wayfern.last")), bytes))
-            return -99;
         WayfernIOLast io(&doc);
-        StdoutCapture out;
-        const int result = io.ReadFile(dir.path(), QStringLiteral("wayfern.last"));
-        *printed = out.text();
-        return result;
+        return readPrinted(dir.filePath(QStringLiteral("wayfern.last")), bytes, printed,
+                           [&] { return io.ReadFile(dir.path(), QStringLiteral("wayfern.last")); });
     }
 };
 

@@ -1,5 +1,7 @@
 #include "storage/scqtutil.h"
 
+#include "storage/printline.h"
+
 #include <QDateTime>
 #include <QTextStream>
 
@@ -74,6 +76,23 @@ int ScQtUtil::writeRecord(QTextStream *stream, const QString &key, const QString
 int ScQtUtil::writeRecord(QTextStream *stream, const QString &key, bool value)
 {
     return writeRecord(stream, key, value ? QStringLiteral("TRUE") : QStringLiteral("FALSE"));
+}
+
+bool ScQtUtil::openAtHeader(RecordStream &stream, const QString &path, const QString &name,
+                            const char *reader)
+{
+    if (path.isNull())
+        return false;
+    const QString fullName = path.isEmpty() ? name : path + u'/' + name;
+    if (!stream.open(fullName)) {
+        printLine("\n%s::ReadFile - file not found (%s)\n", reader, cstr(fullName).constData());
+        return false;
+    }
+    if (findSection(&stream, QStringLiteral("Header"), true) != 0) {
+        printLine("\n%s::ReadFile - section not found : %s\n", reader, "Header");
+        return false;
+    }
+    return true;
 }
 
 void ScQtUtil::writeFileHead(QTextStream *stream, const char *type, const char *title)

@@ -86,6 +86,12 @@ public:
     int writeRecord(QTextStream *stream, const QString &key, float value, const QString &format);
     int writeRecord(QTextStream *stream, const QString &key, double value, const QString &format);
 
+    // The first steps of reading a small settings file: opens `path`/`name` (`name` alone
+    // when `path` is empty) and finds its "Header" section. A null `path` fails without a
+    // word; other failures print their line, naming `reader`.
+    bool openAtHeader(RecordStream &stream, const QString &path, const QString &name,
+                      const char *reader);
+
     // The processing line of a file of this `type` and the comment block under it, dated now.
     static void writeFileHead(QTextStream *stream, const char *type, const char *title);
 

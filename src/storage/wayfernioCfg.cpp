@@ -6,20 +6,10 @@ WayfernIOCfg::WayfernIOCfg(WayFernData *document) : document(document) {}
 
 int WayfernIOCfg::ReadFile(const QString &path, const QString &name)
 {
-    if (path.isNull())
-        return -1;
-    const QString fullName = path.isEmpty() ? name : path + u'/' + name;
     RecordStream stream;
-    if (!stream.open(fullName)) {
-        printLine("\nWayfernIOCfg::ReadFile - file not found (%s)\n", cstr(fullName).constData());
+    if (!openAtHeader(stream, path, name, "WayfernIOCfg"))
         return -1;
-    }
     WayFernConfig &config = document->config;
-
-    if (findSection(&stream, QStringLiteral("Header"), true) != 0) {
-        printLine("\nWayfernIOCfg::ReadFile - section not found : %s\n", "Header");
-        return -1;
-    }
     walkSection(&stream, [&](QStringView key, QStringView value) {
         if (keyIs(key, u"DATA-PATH"))
             config.datapath = stringValue(value);

@@ -6,18 +6,9 @@ WayfernIOLast::WayfernIOLast(WayFernData *document) : document(document) {}
 
 int WayfernIOLast::ReadFile(const QString &path, const QString &name)
 {
-    if (path.isNull())
-        return -1;
-    const QString fullName = path.isEmpty() ? name : path + u'/' + name;
     RecordStream stream;
-    if (!stream.open(fullName)) {
-        printLine("\nWayfernIOLast::ReadFile - file not found (%s)\n", cstr(fullName).constData());
+    if (!openAtHeader(stream, path, name, "WayfernIOLast"))
         return -1;
-    }
-    if (findSection(&stream, QStringLiteral("Header"), true) != 0) {
-        printLine("\nWayfernIOLast::ReadFile - section not found : %s\n", "Header");
-        return -1;
-    }
     walkSection(&stream, [&](QStringView key, QStringView value) {
         if (keyIs(key, u"LASTFILE"))
             document->lastfile = stringValue(value);
