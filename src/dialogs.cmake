@@ -1,11 +1,5 @@
 # Common dialogs and the forms they are built on. Included by ui.cmake into wayfern_ui.
 
-# Date arithmetic needs no widgets: it lives in the core, beside the records.
-target_sources(wayfern_core PRIVATE
-  dialogs/calendarday.h
-  dialogs/calendar.h dialogs/calendar.cpp
-)
-
 # Form headers include the ui_*.h that AUTOUIC writes; whoever includes a form needs them too.
 target_include_directories(wayfern_ui PUBLIC ${CMAKE_CURRENT_BINARY_DIR}/wayfern_ui_autogen/include)
 
