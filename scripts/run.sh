@@ -10,17 +10,11 @@ export WAYFERNCFG="${WAYFERNCFG:-$HOME/.config/wayfern}"
 export WAYFERN_DATA="${WAYFERN_DATA:-$HOME/wayfern}"
 bash "$top/scripts/prepare-user.sh"
 
-if [ -x "$build/src/wayfern" ]; then
-  if [ -z "${QT_QPA_PLATFORM:-}" ] && [ -z "${DISPLAY:-}" ] && [ -z "${WAYLAND_DISPLAY:-}" ]; then
-    port="${WAYFERN_VNC_PORT:-5900}"
-    export QT_QPA_PLATFORM="vnc:size=480x640:port=$port"
-    echo "Wayfern: no display found; the window is served over VNC."
-    echo "Wayfern: connect a VNC viewer to localhost:$port (e.g. 'vncviewer localhost:$port')."
-  fi
-  cd "$WAYFERN_DATA"
-  exec "$build/src/wayfern" "$@"
+if [ -z "${QT_QPA_PLATFORM:-}" ] && [ -z "${DISPLAY:-}" ] && [ -z "${WAYLAND_DISPLAY:-}" ]; then
+  port="${WAYFERN_VNC_PORT:-5900}"
+  export QT_QPA_PLATFORM="vnc:size=480x640:port=$port"
+  echo "Wayfern: no display found; the window is served over VNC."
+  echo "Wayfern: connect a VNC viewer to localhost:$port (e.g. 'vncviewer localhost:$port')."
 fi
-
-# No window yet: check the journey that a new user starts with.
-echo "Wayfern: the window comes with the shell; checking the starting journey instead."
-exec "$build/src/wayfern-check" "$WAYFERN_DATA/template.wfn"
+cd "$WAYFERN_DATA"
+exec "$build/src/wayfern" "$@"
