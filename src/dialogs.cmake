@@ -1,7 +1,5 @@
 # Common dialogs and the forms they are built on. Included by ui.cmake into wayfern_ui.
 
-# Form headers include the ui_*.h that AUTOUIC writes; whoever includes a form needs them too.
-target_include_directories(wayfern_ui PUBLIC ${CMAKE_CURRENT_BINARY_DIR}/wayfern_ui_autogen/include)
 
 target_sources(wayfern_ui PRIVATE
   forms/forms.qrc

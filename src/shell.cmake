@@ -14,8 +14,6 @@ target_link_libraries(wayfern PRIVATE wayfern_ui)
 add_executable(wayfern-help helpviewer/main.cpp)
 target_link_libraries(wayfern-help PRIVATE Qt6::Widgets)
 
-# Form headers include their generated ui_*.h: users of the library need that directory.
-target_include_directories(wayfern_ui PUBLIC ${CMAKE_CURRENT_BINARY_DIR}/wayfern_ui_autogen/include)
 
 # Pictures of the main window for the documentation.
 add_executable(wayfern-screenshot shell/screenshot.cpp)

@@ -8,6 +8,8 @@ if(EXISTS ${CMAKE_CURRENT_SOURCE_DIR}/dialogs.cmake)
   target_include_directories(wayfern_ui PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
   target_link_libraries(wayfern_ui PUBLIC wayfern_core Qt6::Widgets)
   set_target_properties(wayfern_ui PROPERTIES AUTOUIC_SEARCH_PATHS ${CMAKE_CURRENT_SOURCE_DIR}/forms)
+  # Form headers include the ui_*.h that AUTOUIC writes: whoever includes a form needs them.
+  target_include_directories(wayfern_ui PUBLIC ${CMAKE_CURRENT_BINARY_DIR}/wayfern_ui_autogen/include)
   include(${CMAKE_CURRENT_SOURCE_DIR}/dialogs.cmake)
   include(${CMAKE_CURRENT_SOURCE_DIR}/shell.cmake OPTIONAL)
 endif()

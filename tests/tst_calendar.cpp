@@ -167,6 +167,7 @@ private slots:
     void pickingADateThroughTheModalHelper();
     void cancellingThroughTheModalHelper();
     void daysBetweenCountsFromTheFirstDateToTheSecond();
+    void daysBetweenCountsAnInvalidDateAsDayZero();
     void daysBetweenWithAnEmptyTextUsesTheLastNumbersRead();
 };
 
@@ -627,6 +628,14 @@ void TestCalendar::daysBetweenCountsFromTheFirstDateToTheSecond()
     QCOMPARE(p.dlg.daysBetween("05.05.2002", "05.05.2002"), 0);
     // The year is what stands behind the last dot, as it is written.
     QCOMPARE(p.dlg.daysBetween("01.01.02", "01.01.2002"), int(QDate(2, 1, 1).daysTo(QDate(2002, 1, 1))));
+}
+
+void TestCalendar::daysBetweenCountsAnInvalidDateAsDayZero()
+{
+    Picker p;
+    const int day = int(QDate(2002, 6, 2).toJulianDay());
+    QCOMPARE(p.dlg.daysBetween("no date", "02.06.2002"), day);
+    QCOMPARE(p.dlg.daysBetween("02.06.2002", "31.02.2002"), -day);
 }
 
 void TestCalendar::daysBetweenWithAnEmptyTextUsesTheLastNumbersRead()

@@ -154,11 +154,16 @@ int calenderEdit::daysBetween(const QString &from, const QString &to)
             workMonth = 0;
         }
     };
+    // A date that is not valid counts as day 0 of the calendar, far in front of every valid
+    // one; Qt's daysTo would answer 0 for it instead.
+    const auto dayNumber = [this] {
+        const QDate date(workYear, workMonth, workDay);
+        return date.isValid() ? date.toJulianDay() : 0;
+    };
     parse(from);
-    const QDate start(workYear, workMonth, workDay);
+    const qint64 start = dayNumber();
     parse(to);
-    const QDate end(workYear, workMonth, workDay);
-    return int(start.daysTo(end));
+    return int(dayNumber() - start);
 }
 
 void calenderEdit::slotCancel()
