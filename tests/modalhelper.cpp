@@ -24,6 +24,9 @@ namespace {
 
 constexpr int pollInterval = 5;
 
+// Helpers armed before the last cancelPending() stop at their next poll.
+int generation = 0;
+
 // Closes a modal widget that nobody answered, so that its exec() returns.
 void closeModal(QWidget *widget)
 {
@@ -47,10 +50,13 @@ struct Watch
     QPointer<QWidget> excluded; // active when armed: not "the next" one while it stays
     QElapsedTimer clock;
     int timeoutMs = defaultTimeout;
+    int generation = 0;
 };
 
 void poll(const std::shared_ptr<Watch> &watch)
 {
+    if (watch->generation != generation)
+        return;
     QWidget *active = QApplication::activeModalWidget();
     if (watch->excluded && active != watch->excluded)
         watch->excluded = nullptr;
@@ -108,6 +114,7 @@ ModalTicket onNextModal(std::function<bool(QWidget *)> matches,
     watch->outcome = std::make_shared<ModalOutcome>();
     watch->excluded = QApplication::activeModalWidget();
     watch->timeoutMs = timeoutMs;
+    watch->generation = generation;
     watch->clock.start();
     QTimer::singleShot(0, qApp, [watch] { poll(watch); });
     return watch->outcome;
@@ -296,6 +303,11 @@ ModalTicket cancelNextFileDialog(int timeoutMs)
     return onNextModal(isFileDialog,
                        [](QWidget *w, ModalOutcome &out) { click(w, "CancelButton", out); },
                        timeoutMs);
+}
+
+void cancelPending()
+{
+    ++generation;
 }
 
 } // namespace ModalHelper

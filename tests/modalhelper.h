@@ -80,6 +80,9 @@ ModalTicket typeNameInNextFileDialog(const QString &name, const QString &dir = Q
 // In the next file dialog: presses Cancel.
 ModalTicket cancelNextFileDialog(int timeoutMs = defaultTimeout);
 
+// Drops every helper still waiting, so that none outlives the test that armed it.
+void cancelPending();
+
 // Taps an item of a list view or a cell of a table the way a finger does: scrolls it into
 // view and clicks the middle of it. False when it can't be reached.
 bool tapItem(QTreeWidget *view, QTreeWidgetItem *item);

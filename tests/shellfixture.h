@@ -4,6 +4,8 @@
 // "wayfern.cfg" (WAYFERNCFG points at it) and a journey directory with the template and
 // the fixture journeys of tests/data/shell.
 
+#include "modalhelper.h"
+
 #include <QDir>
 #include <QFile>
 #include <QString>
@@ -91,90 +93,3 @@ private:
         f.write(text);
     }
 };
-
-#include <QAbstractButton>
-#include <QApplication>
-#include <QLineEdit>
-#include <QMessageBox>
-#include <QPointer>
-#include <QTimer>
-
-#include <functional>
-#include <memory>
-
-// The watchers still waiting; a test ends them in its cleanup so that none outlives it.
-inline QList<QPointer<QTimer>> &modalWatchers()
-{
-    static QList<QPointer<QTimer>> watchers;
-    return watchers;
-}
-
-inline void cancelModalWatchers()
-{
-    for (const QPointer<QTimer> &timer : modalWatchers())
-        delete timer.data();
-    modalWatchers().clear();
-}
-
-// Runs `act` on the next modal widget as soon as it shows (within five seconds).
-inline void whenModal(std::function<void(QWidget *)> act)
-{
-    auto *timer = new QTimer;
-    modalWatchers().append(timer);
-    auto ticks = std::make_shared<int>(500);
-    QObject::connect(timer, &QTimer::timeout, timer, [timer, act, ticks] {
-        QWidget *w = QApplication::activeModalWidget();
-        if (w && w->isVisible()) {
-            timer->stop();
-            timer->deleteLater();
-            act(w);
-        } else if (--*ticks <= 0) {
-            timer->stop();
-            timer->deleteLater();
-        }
-    });
-    timer->start(10);
-}
-
-struct SeenBox
-{
-    bool shown = false;
-    QString title;
-    QString text;
-};
-
-// Answers the next message box with `button` and notes what it said.
-inline std::shared_ptr<SeenBox> answerMessageBox(QMessageBox::StandardButton button,
-                                                 std::function<void()> then = {})
-{
-    auto seen = std::make_shared<SeenBox>();
-    whenModal([seen, button, then](QWidget *w) {
-        auto *box = qobject_cast<QMessageBox *>(w);
-        if (!box)
-            return;
-        seen->shown = true;
-        seen->title = box->windowTitle();
-        seen->text = box->text();
-        if (then)
-            then();
-        box->button(button)->click();
-    });
-    return seen;
-}
-
-// Types `name` into the next file dialog and confirms it; an empty name cancels.
-inline std::shared_ptr<bool> chooseFile(const QString &name)
-{
-    auto shown = std::make_shared<bool>(false);
-    whenModal([shown, name](QWidget *w) {
-        *shown = true;
-        if (name.isEmpty()) {
-            if (auto *cancel = w->findChild<QAbstractButton *>(QStringLiteral("CancelButton")))
-                cancel->click();
-            return;
-        }
-        w->findChild<QLineEdit *>(QStringLiteral("FNameLineEdit"))->setText(name);
-        w->findChild<QAbstractButton *>(QStringLiteral("OkButton"))->click();
-    });
-    return shown;
-}

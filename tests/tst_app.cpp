@@ -5,6 +5,7 @@
 #include "shell/wayfernapp.h"
 #include "shell/wayfernview.h"
 
+#include <QTimer>
 #include <QAction>
 #include <QDirIterator>
 #include <QSignalSpy>
@@ -62,7 +63,7 @@ class TestApp : public QObject
 private slots:
     void cleanup()
     {
-        cancelModalWatchers();
+        ModalHelper::cancelPending();
         WayfernApp::forkProcess = &::fork;
     }
 
@@ -233,11 +234,11 @@ private slots:
     {
         ShellFixture fx;
         WayfernApp app;
-        auto seen = answerMessageBox(QMessageBox::Cancel);
+        auto seen = ModalHelper::answerNextMessageBox(QMessageBox::Cancel);
         QVERIFY(!app.queryExit());
         QCOMPARE(seen->title, QStringLiteral("Quit..."));
         QCOMPARE(seen->text, QStringLiteral("Do your really want to quit?"));
-        answerMessageBox(QMessageBox::Ok);
+        ModalHelper::answerNextMessageBox(QMessageBox::Ok);
         QVERIFY(app.queryExit());
     }
 
@@ -263,10 +264,10 @@ private slots:
         app.doc->journeyname = QStringLiteral("Changed");
         app.doc->setModified(true);
         QFile::remove(fx.lastFile());
-        auto seen = answerMessageBox(QMessageBox::Yes);
+        auto seen = ModalHelper::answerNextMessageBox(QMessageBox::Yes);
         QTimer::singleShot(0, &app, [&app] { app.close(); });
         QVERIFY(runUntilQuit(5000));
-        QVERIFY(seen->shown);
+        QVERIFY(seen->handled);
         QCOMPARE(seen->title, QStringLiteral("Quit ... "));
         QCOMPARE(seen->text,
                  QStringLiteral("You have modified the data!\nDo you want to save the changes ?"));
@@ -286,10 +287,10 @@ private slots:
         app.doc->journeyname = QStringLiteral("Changed");
         app.doc->setModified(true);
         QFile::remove(fx.lastFile());
-        auto seen = answerMessageBox(QMessageBox::No);
+        auto seen = ModalHelper::answerNextMessageBox(QMessageBox::No);
         QTimer::singleShot(0, &app, [&app] { app.close(); });
         QVERIFY(runUntilQuit(5000));
-        QVERIFY(seen->shown);
+        QVERIFY(seen->handled);
         QCOMPARE(fx.lastNamed(), QStringLiteral("sample.wfn"));
         QFile saved(fx.dataFile(QStringLiteral("sample.wfn")));
         QVERIFY(saved.open(QIODevice::ReadOnly));
@@ -304,10 +305,10 @@ private slots:
         app.show();
         app.doc->setModified(true);
         QFile::remove(fx.lastFile());
-        auto seen = answerMessageBox(QMessageBox::Cancel);
+        auto seen = ModalHelper::answerNextMessageBox(QMessageBox::Cancel);
         QTimer::singleShot(0, &app, [&app] { app.close(); });
         QVERIFY(!runUntilQuit(1500));
-        QVERIFY(seen->shown);
+        QVERIFY(seen->handled);
         QVERIFY(app.isVisible());
         QVERIFY(app.doc->isModified());
         QVERIFY(!QFile::exists(fx.lastFile()));
@@ -341,14 +342,11 @@ private slots:
     {
         ShellFixture fx({}, QStringLiteral("/nonexistent/viewer"));
         WayfernApp app;
-        auto boxShown = std::make_shared<bool>(false);
-        whenModal([boxShown](QWidget *w) {
-            *boxShown = true;
-            w->close();
-        });
+        auto box = ModalHelper::onNextModal([](QWidget *) { return true; },
+                                            [](QWidget *w, ModalOutcome &) { w->close(); }, 300);
         app.slotOpenHelp();
-        QTest::qWait(200);
-        QVERIFY(!*boxShown);
+        QTest::qWait(400);
+        QVERIFY(!box->handled);
         QTRY_COMPARE_WITH_TIMEOUT(zombieChildren(), 0, 2000);
     }
 
@@ -357,9 +355,9 @@ private slots:
         ShellFixture fx;
         WayfernApp app;
         WayfernApp::forkProcess = &failingFork;
-        auto seen = answerMessageBox(QMessageBox::Ok);
+        auto seen = ModalHelper::answerNextMessageBox(QMessageBox::Ok);
         app.slotOpenHelp();
-        QVERIFY(seen->shown);
+        QVERIFY(seen->handled);
         QCOMPARE(seen->title, QStringLiteral("onlinehelp failure"));
         QCOMPARE(seen->text, QStringLiteral("PID < 0"));
     }

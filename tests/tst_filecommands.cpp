@@ -5,6 +5,7 @@
 #include "shell/wayfernapp.h"
 #include "shell/wayfernview.h"
 
+#include <QTimer>
 #include <QStatusBar>
 #include <QTest>
 #include <QTreeWidget>
@@ -24,7 +25,7 @@ class TestFileCommands : public QObject
     Q_OBJECT
 
 private slots:
-    void cleanup() { cancelModalWatchers(); }
+    void cleanup() { ModalHelper::cancelPending(); }
 
     void firstStartWithoutLastStateLoadsTheTemplate()
     {
@@ -44,9 +45,9 @@ private slots:
         QVERIFY(!QFile::exists(fx.lastFile()));
 
         // Save goes to the save dialog, which names the file.
-        auto shown = chooseFile(QStringLiteral("trip"));
+        auto shown = ModalHelper::typeNameInNextFileDialog(QStringLiteral("trip"));
         app.fileSave->trigger();
-        QVERIFY(*shown);
+        QVERIFY2(shown->handled, qPrintable(shown->error));
         const QString path = fx.dataFile(QStringLiteral("trip.wfn"));
         QVERIFY(readAll(path).contains("JOURNEY-NAME=Template;"));
         QCOMPARE(app.windowTitle(), QStringLiteral("trip.wfn"));
@@ -88,17 +89,17 @@ private slots:
         fx.writeLast(QStringLiteral("sample.wfn"));
         WayfernApp app;
         app.doc->setModified(true);
-        auto seen = answerMessageBox(QMessageBox::Cancel);
+        auto seen = ModalHelper::answerNextMessageBox(QMessageBox::Cancel);
         app.slotFileNew();
-        QVERIFY(seen->shown);
+        QVERIFY(seen->handled);
         QCOMPARE(seen->title, QStringLiteral("New file ... "));
         QCOMPARE(app.windowTitle(), QStringLiteral("sample.wfn"));
         QCOMPARE(app.doc->costs.count(), 5);
         QVERIFY(app.doc->isModified());
 
-        seen = answerMessageBox(QMessageBox::Cancel);
+        seen = ModalHelper::answerNextMessageBox(QMessageBox::Cancel);
         app.slotFileOpen();
-        QVERIFY(seen->shown);
+        QVERIFY(seen->handled);
         QCOMPARE(seen->title, QStringLiteral("Open file ... "));
         QCOMPARE(app.windowTitle(), QStringLiteral("sample.wfn"));
         QVERIFY(app.doc->isModified());
@@ -110,16 +111,18 @@ private slots:
         fx.writeLast(QStringLiteral("sample.wfn"));
         WayfernApp app;
         app.doc->setModified(true);
-        auto seen = answerMessageBox(QMessageBox::No);
+        auto seen = ModalHelper::answerNextMessageBox(QMessageBox::No);
         app.slotFileNew();
-        QVERIFY(seen->shown);
+        QVERIFY(seen->handled);
         QCOMPARE(app.windowTitle(), QStringLiteral("new file"));
         QVERIFY(app.doc->isModified());
 
         // The question comes again at the next Open.
-        seen = answerMessageBox(QMessageBox::No, [] { chooseFile(QStringLiteral("sample-nousers.wfn")); });
+        // The file dialog follows the question; both helpers wait for their own kind.
+        ModalHelper::typeNameInNextFileDialog(QStringLiteral("sample-nousers.wfn"));
+        seen = ModalHelper::answerNextMessageBox(QMessageBox::No);
         app.slotFileOpen();
-        QVERIFY(seen->shown);
+        QVERIFY(seen->handled);
         QCOMPARE(app.windowTitle(), QStringLiteral("sample-nousers.wfn"));
         QCOMPARE(app.doc->journeyname, QStringLiteral("Lakes and Passes"));
         QVERIFY(!app.doc->userflag);
@@ -131,9 +134,9 @@ private slots:
         ShellFixture fx({QStringLiteral("sample.wfn")});
         WayfernApp app;
         QCOMPARE(app.windowTitle(), QStringLiteral("new file"));
-        auto shown = chooseFile(QStringLiteral("sample.wfn"));
+        auto shown = ModalHelper::typeNameInNextFileDialog(QStringLiteral("sample.wfn"));
         app.fileOpen->trigger();
-        QVERIFY(*shown);
+        QVERIFY2(shown->handled, qPrintable(shown->error));
         const QString path = fx.dataFile(QStringLiteral("sample.wfn"));
         QCOMPARE(app.windowTitle(), QStringLiteral("sample.wfn"));
         QCOMPARE(app.fileName, path);
@@ -147,9 +150,9 @@ private slots:
     {
         ShellFixture fx({QStringLiteral("sample.wfn")});
         WayfernApp app;
-        auto shown = chooseFile(QString());
+        auto shown = ModalHelper::cancelNextFileDialog();
         app.slotFileOpen();
-        QVERIFY(*shown);
+        QVERIFY2(shown->handled, qPrintable(shown->error));
         QCOMPARE(app.statusBar()->currentMessage(), QStringLiteral("Opening aborted"));
         QCOMPARE(app.windowTitle(), QStringLiteral("new file"));
         QVERIFY(!QFile::exists(fx.lastFile()));
@@ -176,9 +179,9 @@ private slots:
         fx.writeLast(QStringLiteral("sample.wfn"));
         WayfernApp app;
         app.doc->setModified(true);
-        auto shown = chooseFile(QStringLiteral("copy.wfn"));
+        auto shown = ModalHelper::typeNameInNextFileDialog(QStringLiteral("copy.wfn"));
         app.fileSaveAs->trigger();
-        QVERIFY(*shown);
+        QVERIFY2(shown->handled, qPrintable(shown->error));
         const QString path = fx.dataFile(QStringLiteral("copy.wfn"));
         QVERIFY(readAll(path).contains("JOURNEY-NAME=Lakes and Passes;"));
         QCOMPARE(app.windowTitle(), QStringLiteral("copy.wfn"));
@@ -196,9 +199,9 @@ private slots:
         fx.writeLast(QStringLiteral("sample.wfn"));
         WayfernApp app;
         QFile::remove(fx.lastFile());
-        auto shown = chooseFile(QString());
+        auto shown = ModalHelper::cancelNextFileDialog();
         app.slotFileSaveAs();
-        QVERIFY(*shown);
+        QVERIFY2(shown->handled, qPrintable(shown->error));
         QCOMPARE(app.statusBar()->currentMessage(), QStringLiteral("Saving aborted"));
         QCOMPARE(app.windowTitle(), QStringLiteral("sample.wfn"));
         QVERIFY(!QFile::exists(fx.lastFile()));
@@ -210,9 +213,10 @@ private slots:
         WayfernApp app;
         app.doc->journeyname = QStringLiteral("Unsaved");
         app.doc->setModified(true);
-        auto seen = answerMessageBox(QMessageBox::Yes, [] { chooseFile(QString()); });
+        ModalHelper::cancelNextFileDialog();
+        auto seen = ModalHelper::answerNextMessageBox(QMessageBox::Yes);
         app.slotFileNew();
-        QVERIFY(seen->shown);
+        QVERIFY(seen->handled);
         // The save was aborted, and New went on: the changes are gone.
         QCOMPARE(app.doc->journeyname, QStringLiteral("Template"));
         QCOMPARE(app.windowTitle(), QStringLiteral("new file"));

@@ -4,6 +4,7 @@
 #include "shell/wayfernapp.h"
 #include "shell/wayfernview.h"
 
+#include <QTimer>
 #include <QTest>
 #include <QTreeWidget>
 
@@ -54,7 +55,7 @@ class TestOverview : public QObject
     Q_OBJECT
 
 private slots:
-    void cleanup() { cancelModalWatchers(); }
+    void cleanup() { ModalHelper::cancelPending(); }
 
     void overviewOfAJourneyAcrossAMonthEnd()
     {

@@ -6,6 +6,7 @@
 #include "shell/wayfernview.h"
 #include "storage/scqtutil.h"
 
+#include <QTimer>
 #include <QDate>
 #include <QImage>
 #include <QRandomGenerator>
@@ -94,7 +95,7 @@ class TestView : public QObject
     Q_OBJECT
 
 private slots:
-    void cleanup() { cancelModalWatchers(); }
+    void cleanup() { ModalHelper::cancelPending(); }
 
     void costListShowsRowsIconsAndBaseCurrencyHead()
     {
