@@ -6,6 +6,7 @@
 // The figures are reported, never judged: this program always exits 0.
 
 #include "journeygen.h"
+#include "quietstdout.h"
 
 #include "storage/wayfernio.h"
 
@@ -55,25 +56,6 @@ void inChild(Measure measure)
     waitpid(pid, &status, 0);
 }
 
-// The program prints a trace line per account section while reading: keep it off the report.
-struct QuietStdout
-{
-    QuietStdout()
-    {
-        fflush(stdout);
-        saved = dup(STDOUT_FILENO);
-        const int null = open("/dev/null", O_WRONLY);
-        dup2(null, STDOUT_FILENO);
-        close(null);
-    }
-    ~QuietStdout()
-    {
-        fflush(stdout);
-        dup2(saved, STDOUT_FILENO);
-        close(saved);
-    }
-    int saved;
-};
 } // namespace
 
 int main(int argc, char **argv)

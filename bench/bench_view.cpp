@@ -6,6 +6,7 @@
 // reported, never judged: this program always exits 0.
 
 #include "journeygen.h"
+#include "quietstdout.h"
 
 #include "shell/wayfernapp.h"
 #include "shell/wayfernview.h"
@@ -23,25 +24,6 @@
 #include <unistd.h>
 
 namespace {
-// The program prints a trace line per account section while reading: keep it off the report.
-struct QuietStdout
-{
-    QuietStdout()
-    {
-        fflush(stdout);
-        saved = dup(STDOUT_FILENO);
-        const int null = open("/dev/null", O_WRONLY);
-        dup2(null, STDOUT_FILENO);
-        close(null);
-    }
-    ~QuietStdout()
-    {
-        fflush(stdout);
-        dup2(saved, STDOUT_FILENO);
-        close(saved);
-    }
-    int saved;
-};
 
 bool writeText(const QString &path, const QByteArray &text)
 {
