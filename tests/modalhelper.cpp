@@ -143,34 +143,34 @@ static std::function<bool(QWidget *)> dialogOfClass(const char *className)
     };
 }
 
-ModalTicket acceptNextDialog(std::function<void(QDialog *)> before, const char *className,
-                             int timeoutMs)
+namespace {
+// Runs `before` on the next dialog of the class, then closes it through `close`.
+ModalTicket closeNextDialog(std::function<void(QDialog *)> before, const char *className,
+                            int timeoutMs, void (QDialog::*close)())
 {
     return onNextModal(
         dialogOfClass(className),
-        [before](QWidget *w, ModalOutcome &) {
+        [before, close](QWidget *w, ModalOutcome &) {
             QPointer<QDialog> dialog = static_cast<QDialog *>(w);
             if (before)
                 before(dialog);
             if (dialog && dialog->isVisible())
-                dialog->accept();
+                (dialog->*close)();
         },
         timeoutMs);
+}
+} // namespace
+
+ModalTicket acceptNextDialog(std::function<void(QDialog *)> before, const char *className,
+                             int timeoutMs)
+{
+    return closeNextDialog(std::move(before), className, timeoutMs, &QDialog::accept);
 }
 
 ModalTicket rejectNextDialog(std::function<void(QDialog *)> before, const char *className,
                              int timeoutMs)
 {
-    return onNextModal(
-        dialogOfClass(className),
-        [before](QWidget *w, ModalOutcome &) {
-            QPointer<QDialog> dialog = static_cast<QDialog *>(w);
-            if (before)
-                before(dialog);
-            if (dialog && dialog->isVisible())
-                dialog->reject();
-        },
-        timeoutMs);
+    return closeNextDialog(std::move(before), className, timeoutMs, &QDialog::reject);
 }
 
 ModalTicket clickInNextDialog(const QString &buttonName, std::function<void(QDialog *)> before,

@@ -54,6 +54,21 @@ bool runUntilQuit(int ms)
     return QCoreApplication::exec() == 0;
 }
 
+// Changes the journey of a shown window, then closes the window and answers the question
+// about saving with `answer`; true when the program ended within `ms`. The last-state file
+// is removed first, so that a test sees whether the close wrote it.
+bool closeChangedJourney(WayfernApp &app, const ShellFixture &fx,
+                         QMessageBox::StandardButton answer, ModalTicket &seen, int ms)
+{
+    app.show();
+    app.doc->journeyname = QStringLiteral("Changed");
+    app.doc->setModified(true);
+    QFile::remove(fx.lastFile());
+    seen = ModalHelper::answerNextMessageBox(answer);
+    QTimer::singleShot(0, &app, [&app] { app.close(); });
+    return runUntilQuit(ms);
+}
+
 } // namespace
 
 class TestApp : public QObject
@@ -260,13 +275,8 @@ private slots:
         ShellFixture fx({QStringLiteral("sample.wfn")});
         fx.writeLast(QStringLiteral("sample.wfn"));
         WayfernApp app;
-        app.show();
-        app.doc->journeyname = QStringLiteral("Changed");
-        app.doc->setModified(true);
-        QFile::remove(fx.lastFile());
-        auto seen = ModalHelper::answerNextMessageBox(QMessageBox::Yes);
-        QTimer::singleShot(0, &app, [&app] { app.close(); });
-        QVERIFY(runUntilQuit(5000));
+        ModalTicket seen;
+        QVERIFY(closeChangedJourney(app, fx, QMessageBox::Yes, seen, 5000));
         QVERIFY(seen->handled);
         QCOMPARE(seen->title, QStringLiteral("Quit ... "));
         QCOMPARE(seen->text,
@@ -283,13 +293,8 @@ private slots:
         ShellFixture fx({QStringLiteral("sample.wfn")});
         fx.writeLast(QStringLiteral("sample.wfn"));
         WayfernApp app;
-        app.show();
-        app.doc->journeyname = QStringLiteral("Changed");
-        app.doc->setModified(true);
-        QFile::remove(fx.lastFile());
-        auto seen = ModalHelper::answerNextMessageBox(QMessageBox::No);
-        QTimer::singleShot(0, &app, [&app] { app.close(); });
-        QVERIFY(runUntilQuit(5000));
+        ModalTicket seen;
+        QVERIFY(closeChangedJourney(app, fx, QMessageBox::No, seen, 5000));
         QVERIFY(seen->handled);
         QCOMPARE(fx.lastNamed(), QStringLiteral("sample.wfn"));
         QFile saved(fx.dataFile(QStringLiteral("sample.wfn")));
@@ -302,12 +307,8 @@ private slots:
         ShellFixture fx({QStringLiteral("sample.wfn")});
         fx.writeLast(QStringLiteral("sample.wfn"));
         WayfernApp app;
-        app.show();
-        app.doc->setModified(true);
-        QFile::remove(fx.lastFile());
-        auto seen = ModalHelper::answerNextMessageBox(QMessageBox::Cancel);
-        QTimer::singleShot(0, &app, [&app] { app.close(); });
-        QVERIFY(!runUntilQuit(1500));
+        ModalTicket seen;
+        QVERIFY(!closeChangedJourney(app, fx, QMessageBox::Cancel, seen, 1500));
         QVERIFY(seen->handled);
         QVERIFY(app.isVisible());
         QVERIFY(app.doc->isModified());

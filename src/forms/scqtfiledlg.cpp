@@ -1,16 +1,6 @@
 #include "forms/scqtfiledlg.h"
 
-#include <QtGlobal>
-
-// The pixmaps live in a static library; nothing would pull their registration in.
-static void initFormResources()
-{
-    static const bool done = [] {
-        Q_INIT_RESOURCE(forms);
-        return true;
-    }();
-    Q_UNUSED(done);
-}
+#include "forms/formresources.h"
 
 ScQtFileDlg::ScQtFileDlg(QWidget *parent, const char *name, bool modal, Qt::WindowFlags fl)
     : QDialog(parent, fl)
