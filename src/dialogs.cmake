@@ -3,7 +3,7 @@
 
 target_sources(wayfern_ui PRIVATE
   forms/forms.qrc
-  forms/formresources.h
+  forms/formsupport.h
   forms/calenderdlg.ui forms/calenderdlg.h forms/calenderdlg.cpp
   forms/scqtfiledlg.ui forms/scqtfiledlg.h forms/scqtfiledlg.cpp
   dialogs/calenderedit.h dialogs/calenderedit.cpp

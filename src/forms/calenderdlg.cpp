@@ -1,6 +1,6 @@
 #include "forms/calenderdlg.h"
 
-#include "forms/formresources.h"
+#include "forms/formsupport.h"
 
 CalenderDlg::CalenderDlg(QWidget *parent, const char *name, bool modal, Qt::WindowFlags fl)
     : QDialog(parent, fl)
@@ -21,9 +21,7 @@ CalenderDlg::CalenderDlg(QWidget *parent, const char *name, bool modal, Qt::Wind
 
 CalenderDlg::~CalenderDlg()
 {
-    // The widgets outlive this part of the object; nothing they emit may reach it now.
-    for (QObject *child : findChildren<QObject *>())
-        QObject::disconnect(child, nullptr, this, nullptr);
+    disconnectChildren(this);
 }
 
 void CalenderDlg::slotCancel()

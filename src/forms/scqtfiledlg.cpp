@@ -1,6 +1,6 @@
 #include "forms/scqtfiledlg.h"
 
-#include "forms/formresources.h"
+#include "forms/formsupport.h"
 
 ScQtFileDlg::ScQtFileDlg(QWidget *parent, const char *name, bool modal, Qt::WindowFlags fl)
     : QDialog(parent, fl)
@@ -31,9 +31,7 @@ ScQtFileDlg::ScQtFileDlg(QWidget *parent, const char *name, bool modal, Qt::Wind
 
 ScQtFileDlg::~ScQtFileDlg()
 {
-    // The widgets outlive this part of the object; nothing they emit may reach it now.
-    for (QObject *child : findChildren<QObject *>())
-        QObject::disconnect(child, nullptr, this, nullptr);
+    disconnectChildren(this);
 }
 
 void ScQtFileDlg::slotCancel()
