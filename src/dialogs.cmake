@@ -10,4 +10,5 @@ target_sources(wayfern_ui PRIVATE
   dialogs/scqtfileedit.h dialogs/scqtfileedit.cpp
   dialogs/scqtfileeditdlg.h dialogs/scqtfileeditdlg.cpp
   dialogs/scqtwidgetutil.h dialogs/scqtwidgetutil.cpp
+  dialogs/savechangesquestion.h dialogs/savechangesquestion.cpp
 )

@@ -1,6 +1,7 @@
 #include "shell/wayfernapp.h"
 
 #include "data/wayferndata.h"
+#include "dialogs/savechangesquestion.h"
 #include "dialogs/scqtfileedit.h"
 #include "shell/wayfernview.h"
 
@@ -213,9 +214,7 @@ bool WayfernApp::queryModified(const QString &caption)
 {
     if (!doc->isModified())
         return true;
-    const int answer = QMessageBox::information(
-        this, caption, tr("You have modified the data!\nDo you want to save the changes ?"),
-        QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QMessageBox::Yes);
+    const auto answer = askSaveChanges(this, caption);
     if (answer == QMessageBox::Yes) {
         slotFileSave();
         return true;
