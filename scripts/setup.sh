@@ -1,15 +1,28 @@
 #!/usr/bin/env bash
 # Installs everything Wayfern needs to build, test and run, from Debian's packages.
+#   bash scripts/setup.sh           what the build, the tests and the run command use
+#   bash scripts/setup.sh ninja     also ninja-build, for scripts/check-multiconfig.sh
+#   bash scripts/setup.sh format    also clang-format, to check a file against .clang-format
 set -euo pipefail
 
 packages=(
-  build-essential cmake pkg-config
-  qt6-base-dev qt6-base-dev-tools qt6-tools-dev qt6-tools-dev-tools qt6-l10n-tools
-  libgl-dev libxkbcommon-dev
+  # compiler, make and CMake
+  build-essential cmake
+  # Qt Core, Widgets and Test with moc, uic and rcc; find_package(Qt6 Widgets) also needs
+  # the OpenGL headers and libraries
+  qt6-base-dev qt6-base-dev-tools libgl-dev
+  # the VNC platform that the run command serves the window with when there is no display
   qt6-qpa-plugins
+  # the rate grabber fetches its pages with it
   wget
-  xvfb xauth
 )
+for extra in "$@"; do
+  case "$extra" in
+    ninja) packages+=(ninja-build) ;;
+    format) packages+=(clang-format) ;;
+    *) echo "setup.sh: unknown extra '$extra' (ninja, format)" >&2; exit 2 ;;
+  esac
+done
 
 missing=()
 for p in "${packages[@]}"; do

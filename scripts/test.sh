@@ -1,10 +1,10 @@
 #!/usr/bin/env bash
-# Sets everything up, builds and runs the whole test suite.
+# Sets everything up, builds with warnings as errors and runs the whole test suite.
 # WAYFERN_SANITIZE=1 builds into build-asan with address and undefined-behaviour sanitizers.
 set -euo pipefail
 top="$(cd "$(dirname "$0")/.." && pwd)"
 bash "$top/scripts/setup.sh"
-args=()
+args=(-DWAYFERN_WERROR=ON)
 if [ "${WAYFERN_SANITIZE:-0}" = 1 ]; then
   export WAYFERN_BUILD_DIR="${WAYFERN_BUILD_DIR:-$top/build-asan}"
   args+=(-DWAYFERN_SANITIZE=ON)

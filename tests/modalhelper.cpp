@@ -1,6 +1,6 @@
 #include "modalhelper.h"
 
-#include "dialogs/calendar.h"
+#include "calendar/calendar.h"
 #include "forms/calenderdlg.h"
 #include "forms/scqtfiledlg.h"
 

@@ -7,60 +7,27 @@
 //   io.ReadFile(path);
 //   QCOMPARE(out.text(), "...");   // text() ends the capture
 //
-// The descriptor is redirected to a temporary file rather than a pipe, so a large amount of
-// output can never block the writer.
+// The descriptor is redirected to a temporary file rather than a pipe, so no amount of
+// output can block the writer while nobody reads.
 
 #include <QByteArray>
 #include <QString>
 
-#include <cstdio>
-#include <cstdlib>
-#include <unistd.h>
-
 class StdoutCapture
 {
 public:
-    StdoutCapture()
-    {
-        fflush(stdout);
-        saved = dup(STDOUT_FILENO);
-        char name[] = "/tmp/wayfern-stdout-XXXXXX";
-        fd = mkstemp(name);
-        unlink(name);
-        dup2(fd, STDOUT_FILENO);
-    }
-    ~StdoutCapture() { stop(); }
+    StdoutCapture();
+    ~StdoutCapture();
     StdoutCapture(const StdoutCapture &) = delete;
     StdoutCapture &operator=(const StdoutCapture &) = delete;
 
-    // Ends the capture and returns everything printed since it began (UTF-8).
-    QString text()
-    {
-        stop();
-        return QString::fromUtf8(captured);
-    }
-    QByteArray bytes()
-    {
-        stop();
-        return captured;
-    }
+    // End the capture and return everything printed since it began: as UTF-8 text, or the
+    // bytes as they are.
+    QString text();
+    QByteArray bytes();
 
 private:
-    void stop()
-    {
-        if (fd < 0)
-            return;
-        fflush(stdout);
-        dup2(saved, STDOUT_FILENO);
-        close(saved);
-        lseek(fd, 0, SEEK_SET);
-        char buffer[65536];
-        ssize_t n;
-        while ((n = read(fd, buffer, sizeof buffer)) > 0)
-            captured.append(buffer, n);
-        close(fd);
-        fd = -1;
-    }
+    void stop();
 
     int saved = -1;
     int fd = -1;

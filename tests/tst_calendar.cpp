@@ -1,6 +1,6 @@
 // The date arithmetic of the month grid and the date picker built on it.
 
-#include "dialogs/calendar.h"
+#include "calendar/calendar.h"
 #include "dialogs/calenderedit.h"
 #include "forms/calenderdlg.h"
 #include "modalhelper.h"

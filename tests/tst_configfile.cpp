@@ -4,7 +4,8 @@
 #include "stdoutcapture.h"
 
 #include "data/wayferndata.h"
-#include "storage/wayfernioCfg.h"
+#include "storage/wayferniocfg.h"
+#include "wayfernversion.h"
 
 #include <QDir>
 #include <QTemporaryDir>
@@ -238,7 +239,7 @@ void TestConfigFile::writtenFileReadsBackOnlyAsFarAsHeader()
         "<?wayfern version=\"0.1\" type=\"config\"?>",
         "#-------------------------------------------------------------",
         "# Config-File for wayfern",
-        "# written from wayfern : 0.2.0",
+        "# written from wayfern : " WAYFERN_VERSION,
         "# last modified : date = <date>",
         "#                 time = <time>",
         "#",

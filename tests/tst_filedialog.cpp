@@ -5,6 +5,7 @@
 #include "dialogs/scqtfileeditdlg.h"
 #include "forms/scqtfiledlg.h"
 #include "modalhelper.h"
+#include "stdoutcapture.h"
 
 #include <QBoxLayout>
 #include <QComboBox>
@@ -73,38 +74,6 @@ bool sameImage(const QIcon &icon, const char *resource)
            && icon.pixmap(expected.size()).toImage().convertToFormat(QImage::Format_ARGB32)
                   == expected.toImage().convertToFormat(QImage::Format_ARGB32);
 }
-
-// Catches what the dialog prints on standard output around a call.
-class StdoutCapture
-{
-public:
-    StdoutCapture()
-    {
-        std::fflush(stdout);
-        if (::pipe(fds) == 0) {
-            saved = ::dup(STDOUT_FILENO);
-            ::dup2(fds[1], STDOUT_FILENO);
-        }
-    }
-    QByteArray finish()
-    {
-        std::fflush(stdout);
-        ::dup2(saved, STDOUT_FILENO);
-        ::close(saved);
-        ::close(fds[1]);
-        QByteArray out;
-        char buf[4096];
-        ssize_t n;
-        while ((n = ::read(fds[0], buf, sizeof buf)) > 0)
-            out.append(buf, int(n));
-        ::close(fds[0]);
-        return out;
-    }
-
-private:
-    int fds[2] = {-1, -1};
-    int saved = -1;
-};
 
 // Records which slot a signal of the form reached.
 class SlotRecorder : public ScQtFileDlg
@@ -494,7 +463,7 @@ void TestFileDialog::otherKindsOfEntryPrintSomethingElseAndKeepTheTypeBefore()
     dlg.hide();
     StdoutCapture capture;
     dlg.refresh();
-    const QByteArray printed = capture.finish();
+    const QByteArray printed = capture.bytes();
     QCOMPARE(printed, QByteArray("something else\n"));
     // The pipe comes behind a.txt and shows its size and type.
     QVERIFY(rows(dlg.ListView).contains("b.fifo|5|file"));

@@ -5,6 +5,7 @@
 
 #include "data/wayferndata.h"
 #include "storage/wayfernio.h"
+#include "wayfernversion.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -318,7 +319,7 @@ void TestJourneyFile::emptyGroupWritesOnlySeparator()
         "<?wayfern version=\"0.1\" type=\"data\"?>",
         "#-------------------------------------------------------------",
         "# Data-File for wayfern",
-        "# written from wayfern : 0.2.0",
+        "# written from wayfern : " WAYFERN_VERSION,
         "# last modified : date = <date>",
         "#                 time = <time>",
         "#",

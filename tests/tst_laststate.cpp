@@ -4,8 +4,9 @@
 #include "stdoutcapture.h"
 
 #include "data/wayferndata.h"
-#include "storage/wayfernioCfg.h"
-#include "storage/wayfernioLast.h"
+#include "storage/wayferniocfg.h"
+#include "storage/wayferniolast.h"
+#include "wayfernversion.h"
 
 #include <QDir>
 #include <QTemporaryDir>
@@ -48,7 +49,7 @@ void TestLastState::writtenFileHasExactLines()
         "<?wayfern version=\"0.1\" type=\"last\"?>",
         "#-------------------------------------------------------------",
         "# Last-State-File for wayfern",
-        "# written from wayfern : 0.2.0",
+        "# written from wayfern : " WAYFERN_VERSION,
         "# last modified : date = <date>",
         "#                 time = <time>",
         "#",

@@ -6,7 +6,7 @@
 
 #include "data/wayferndata.h"
 #include "storage/wayfernio.h"
-#include "storage/wayfernioCfg.h"
+#include "storage/wayferniocfg.h"
 
 #include <QFileInfo>
 #include <QProcess>

@@ -1,6 +1,6 @@
 #include "dialogs/calenderedit.h"
 
-#include "dialogs/calendar.h"
+#include "calendar/calendar.h"
 
 #include <QDate>
 #include <QHeaderView>

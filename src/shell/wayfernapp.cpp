@@ -4,6 +4,7 @@
 #include "dialogs/savechangesquestion.h"
 #include "dialogs/scqtfileedit.h"
 #include "shell/wayfernview.h"
+#include "wayfernversion.h"
 
 #include <QAction>
 #include <QApplication>
@@ -26,7 +27,7 @@ WayfernApp::WayfernApp(QWidget *parent, const char *name, Qt::WindowFlags flags)
 {
     if (name)
         setObjectName(QString::fromLatin1(name));
-    setWindowTitle(QStringLiteral("Wayfern 0.2.0"));
+    setWindowTitle(QStringLiteral("Wayfern " WAYFERN_VERSION));
     initActions();
     initToolBar();
     initStatusBar();

@@ -6,8 +6,8 @@
 #include "shell/wayfernapp.h"
 #include "storage/printline.h"
 #include "storage/wayfernio.h"
-#include "storage/wayfernioCfg.h"
-#include "storage/wayfernioLast.h"
+#include "storage/wayferniocfg.h"
+#include "storage/wayferniolast.h"
 
 #include <QDate>
 #include <QHeaderView>

@@ -1,4 +1,4 @@
-#include "storage/wayfernioCfg.h"
+#include "storage/wayferniocfg.h"
 
 #include "storage/printline.h"
 

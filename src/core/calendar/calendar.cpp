@@ -1,4 +1,4 @@
-#include "dialogs/calendar.h"
+#include "calendar/calendar.h"
 
 #include <QDate>
 #include <QLocale>

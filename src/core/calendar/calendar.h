@@ -1,6 +1,6 @@
 #pragma once
 
-#include "dialogs/calendarday.h"
+#include "calendar/calendarday.h"
 
 #include <QList>
 #include <QString>

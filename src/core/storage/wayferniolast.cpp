@@ -1,4 +1,4 @@
-#include "storage/wayfernioLast.h"
+#include "storage/wayferniolast.h"
 
 #include "storage/printline.h"
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "storage/recordstream.h"
+#include "wayfernversion.h"
 
 #include <QString>
 #include <QStringView>
@@ -10,8 +11,7 @@
 class QTextStream;
 
 namespace Wayfern {
-// The program's version, written into every file; the release date goes into none.
-inline constexpr const char version[] = "0.2.0";
+// The release date goes into no file; the version (wayfernversion.h) into every one.
 inline constexpr const char releaseDate[] = "26.05.2002";
 // The version of the file syntax, in the processing line.
 inline constexpr const char formatVersion[] = "0.1";
