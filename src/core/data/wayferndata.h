@@ -1,36 +1,12 @@
 #pragma once
 
 #include "data/journeyrecords.h"
+#include "data/wayfernconfig.h"
 
 #include <QByteArray>
 #include <QObject>
 #include <QString>
 #include <QStringList>
-
-// Values of the configuration file and of the environment.
-struct WayFernConfig
-{
-    WayFernConfig();
-
-    int width1 = 240;
-    int height1 = 320;
-    int width2 = 240;
-    int height2 = 210;
-    QString datapath;
-    QString cfgpath;
-    QString last;
-    QString template_;
-    QString helpprog;
-    QString helpfile;
-    QString syncfile;
-    QString server;
-    QString fromprefix;
-    QString toprefix;
-    QString postfix;
-
-    // The variable's value, or a null text (with a printed line) when it is not set.
-    QString getEnv(const QString &name) const;
-};
 
 // The one journey document of the running program. Everybody gets a plain pointer to it;
 // the main window owns it.

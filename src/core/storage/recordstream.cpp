@@ -1,7 +1,6 @@
 #include "storage/recordstream.h"
 
 #include <QFile>
-#include <QFileInfo>
 #include <QStringDecoder>
 
 #include <algorithm>
@@ -164,33 +163,4 @@ void RecordStream::buildHash()
     for (size_t i = 0; i < heads.size(); ++i)
         if (idOf[i] >= 0)
             sameHeads[size_t(fill[size_t(idOf[i])]++)] = heads[i];
-}
-
-RecordSink::RecordSink(const QString &path) : path(path), file(path), out(&text) {}
-
-bool RecordSink::open()
-{
-    if (path.isEmpty() || QFileInfo(path).isDir())
-        return false;
-    return file.open(QIODevice::WriteOnly);
-}
-
-QByteArray RecordSink::encode(const QString &text)
-{
-    const bool latin1 = std::all_of(text.begin(), text.end(),
-                                    [](QChar c) { return c.unicode() < 0x100; });
-    return latin1 ? text.toLatin1() : text.toUtf8();
-}
-
-bool RecordSink::commit()
-{
-    out.flush();
-    const QByteArray bytes = encode(text);
-    text.clear();
-    if (file.write(bytes) != bytes.size()) {
-        file.cancelWriting();
-        file.commit();
-        return false;
-    }
-    return file.commit();
 }

@@ -1,6 +1,7 @@
 #include "storage/wayfernio.h"
 
 #include "storage/printline.h"
+#include "storage/recordsink.h"
 
 #include <QTextStream>
 

@@ -1,6 +1,7 @@
 #include "storage/wayferniocfg.h"
 
 #include "storage/printline.h"
+#include "storage/recordsink.h"
 
 WayfernIOCfg::WayfernIOCfg(WayFernData *document) : document(document) {}
 

@@ -1,6 +1,7 @@
 #include "storage/wayferniolast.h"
 
 #include "storage/printline.h"
+#include "storage/recordsink.h"
 
 WayfernIOLast::WayfernIOLast(WayFernData *document) : document(document) {}
 
