@@ -111,20 +111,14 @@ void calenderEdit::setDate(const QString &date)
     if (date.isEmpty())
         return;
 
-    QString rest = date;
-    int dot = rest.indexOf(QLatin1Char('.'));
-    if (dot > 0) {
-        day = rest.left(dot).toInt(nullptr, 10);
-        rest = rest.mid(dot + 1);
-        dot = rest.indexOf(QLatin1Char('.'));
-        if (dot > 0) {
-            month = rest.left(dot).toInt(nullptr, 10);
-            year = rest.mid(dot + 1).toInt(nullptr, 10);
-            // Two-digit years: "03.05.02" is 2002. Any year below 2000 is taken this way.
-            if (year < 2000)
-                year += 2000;
-        }
-    }
+    DateParts parts{day, month, year};
+    const int reached = DateText::read(date, DateText::Picker, parts);
+    day = parts.day;
+    month = parts.month;
+    year = parts.year;
+    // Two-digit years: "03.05.02" is 2002. Any year below 2000 is taken this way.
+    if ((reached & DateText::Year) && year < 2000)
+        year += 2000;
 
     fillTable();
     fillMonthBox();
@@ -139,31 +133,7 @@ QString calenderEdit::dateText()
 
 int calenderEdit::daysBetween(const QString &from, const QString &to)
 {
-    auto parse = [this](const QString &date) {
-        if (date.isEmpty())
-            return;
-        const int last = date.lastIndexOf(QLatin1Char('.'));
-        const QString front = last >= 0 ? date.left(last) : QString();
-        workYear = date.mid(last + 1).toInt(nullptr, 10);
-        const int first = front.indexOf(QLatin1Char('.'));
-        if (first >= 0) {
-            workDay = front.left(first).toInt(nullptr, 10);
-            workMonth = front.mid(first + 1).toInt(nullptr, 10);
-        } else {
-            workDay = front.toInt(nullptr, 10);
-            workMonth = 0;
-        }
-    };
-    // A date that is not valid counts as day 0 of the calendar, far in front of every valid
-    // one; Qt's daysTo would answer 0 for it instead.
-    const auto dayNumber = [this] {
-        const QDate date(workYear, workMonth, workDay);
-        return date.isValid() ? date.toJulianDay() : 0;
-    };
-    parse(from);
-    const qint64 start = dayNumber();
-    parse(to);
-    return int(dayNumber() - start);
+    return DateText::daysBetween(from, to, work);
 }
 
 void calenderEdit::slotCancel()

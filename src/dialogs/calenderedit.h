@@ -1,5 +1,6 @@
 #pragma once
 
+#include "data/datetext.h"
 #include "forms/calenderdlg.h"
 
 #include <QString>
@@ -42,7 +43,5 @@ private:
     void fillTable();
     void fillMonthBox();
     // daysBetween's working numbers: an empty text leaves them as the last parse made them.
-    int workDay = 0;
-    int workMonth = 0;
-    int workYear = 0;
+    DateParts work;
 };

@@ -1,5 +1,6 @@
 #include "shell/wayfernview.h"
 
+#include "data/journeycalc.h"
 #include "data/wayferndata.h"
 #include "dialogs/calenderedit.h"
 #include "dialogs/scqtwidgetutil.h"
@@ -9,15 +10,10 @@
 #include "storage/wayferniocfg.h"
 #include "storage/wayferniolast.h"
 
-#include <QDate>
 #include <QHeaderView>
 #include <QIcon>
 #include <QPixmap>
 #include <QTreeWidget>
-
-#include <algorithm>
-#include <numeric>
-#include <vector>
 
 WayfernView::WayfernView(WayfernApp *parent, WayFernData *doc)
     : MainDlg1(parent, nullptr, {}), doc(doc)
@@ -138,67 +134,15 @@ void WayfernView::forgetStaleRecords()
         actutip = nullptr;
 }
 
-namespace {
-
-// The day number that orders a date text: a date that is not valid counts as day 0, in
-// front of every valid one.
-qint64 dayNumber(ScQtUtil &util, const QString &date)
-{
-    const int year = util.dateYear(date);
-    const int month = util.dateMonth(date);
-    const int day = util.dateDay(date);
-    const QDate d(year, month, day);
-    return d.isValid() ? d.toJulianDay() : 0;
-}
-
-// Orders the records of a list by date, keeping the order of records of one day. The
-// contents move between the list positions; the fields that `keep` names stay with their
-// position, exactly as exchanging contents pairwise would leave them.
-template <typename Record, typename Keep>
-void sortByDate(ScQtUtil &util, RecordList<Record> &list, Keep keep)
-{
-    const int n = list.count();
-    std::vector<qint64> keys(size_t(n), 0);
-    bool sorted = true;
-    for (int i = 0; i < n; ++i) {
-        keys[size_t(i)] = dayNumber(util, list.at(i)->date);
-        if (i > 0 && keys[size_t(i)] < keys[size_t(i) - 1])
-            sorted = false;
-    }
-    if (sorted)
-        return;
-
-    std::vector<int> order(static_cast<size_t>(n));
-    std::iota(order.begin(), order.end(), 0);
-    std::stable_sort(order.begin(), order.end(),
-                     [&keys](int a, int b) { return keys[size_t(a)] < keys[size_t(b)]; });
-
-    std::vector<Record> contents;
-    contents.reserve(size_t(n));
-    for (int i = 0; i < n; ++i)
-        contents.push_back(std::move(*list.at(i)));
-    for (int i = 0; i < n; ++i) {
-        Record *record = list.at(i);
-        Record moved = std::move(contents[size_t(order[size_t(i)])]);
-        keep(*record, moved);
-        *record = std::move(moved);
-    }
-}
-
-} // namespace
-
 void WayfernView::sortCosts()
 {
-    sortByDate(util, doc->costs, [](const CostsData &position, CostsData &moved) {
-        moved.shared = position.shared;
-        moved.item = position.item;
-    });
+    // Shares the record tools' memory of the date read last, as their date helpers do.
+    JourneyCalc::sortCosts(*doc, ScQtUtil::lastDate);
 }
 
 void WayfernView::sortTips()
 {
-    sortByDate(util, doc->tips,
-               [](const TipData &position, TipData &moved) { moved.item = position.item; });
+    JourneyCalc::sortTips(*doc, ScQtUtil::lastDate);
 }
 
 void WayfernView::fillCosts()
@@ -314,36 +258,15 @@ void WayfernView::slotTabViewChanged(QWidget *widget)
 
 void WayfernView::calcSums()
 {
-    doc->total = 0.0;
-    doc->recalcFactors();
-    doc->recalcCosts();
-    for (int i = doc->costs.count() - 1; i >= 0; --i)
-        doc->total = doc->total + doc->costs.at(i)->bvalue;
-    doc->totaltext = QString::asprintf("%.2f", doc->total);
-
-    int days = 0;
-    const CostsData *first = doc->costs.first();
-    const CostsData *last = doc->costs.last();
-    if (first && last && first->date != QLatin1String("(null)")
-        && last->date != QLatin1String("(null)"))
-        days = calendar->daysBetween(first->date, last->date);
-    // Both ends of the span count as days of the journey.
-    if (days != 0)
-        doc->perday = doc->total / (days + 1);
-    else
-        doc->perday = doc->total;
-    doc->perdaytext = QString::asprintf("%.2f", doc->perday);
+    // The calendar serves as the date tool for the span of the journey.
+    JourneyCalc::calcSums(*doc, [this](const QString &from, const QString &to) {
+        return calendar->daysBetween(from, to);
+    });
 }
 
 double WayfernView::categorySum(const QString &type)
 {
-    double sum = 0.0;
-    for (int i = doc->costs.count() - 1; i >= 0; --i) {
-        const CostsData *cost = doc->costs.at(i);
-        if (cost->type == type)
-            sum = sum + cost->bvalue;
-    }
-    return sum;
+    return JourneyCalc::categorySum(*doc, type);
 }
 
 void WayfernView::fillOverview()

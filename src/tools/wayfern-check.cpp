@@ -1,4 +1,5 @@
 // Reads a journey and prints what it holds: a check of a file without the window.
+#include "data/journeycalc.h"
 #include "data/wayferndata.h"
 #include "storage/wayfernio.h"
 
@@ -18,7 +19,6 @@ int main(int argc, char **argv)
     WayfernIO io(&document);
     if (io.ReadFile(args.at(1)) != 0)
         return 1;
-    document.recalcUsers();
     printf("\njourney   : %s\n", qPrintable(document.journeyname));
     printf("base      : %s\n", qPrintable(document.basecurrency));
     printf("costs     : %d\n", document.costs.count());
@@ -30,5 +30,23 @@ int main(int argc, char **argv)
     const CostsData *last = document.costs.last();
     printf("total     : %s %s\n", last ? qPrintable(last->bsum) : "0.00",
            qPrintable(document.basecurrency));
+
+    // The overview's figures, computed as the window computes them when it opens the journey:
+    // costs sorted by date, the sums, and the balances when the journey has accounts.
+    JourneyCalc::sortCosts(document, ScQtUtil::lastDate);
+    DateParts span;
+    JourneyCalc::calcSums(document, [&span](const QString &from, const QString &to) {
+        return DateText::daysBetween(from, to, span);
+    });
+    printf("overview  : total %s %s, per day %s %s\n", qPrintable(document.totaltext),
+           qPrintable(document.basecurrency), qPrintable(document.perdaytext),
+           qPrintable(document.basecurrency));
+    if (document.userflag) {
+        document.recalcUsers();
+        for (const UserData *user : document.users)
+            printf("balance   : %s %s %s\n", qPrintable(user->short_),
+                   qPrintable(QString::asprintf("%.2f", user->value)),
+                   qPrintable(document.basecurrency));
+    }
     return 0;
 }

@@ -11,27 +11,9 @@ UserData &UserData::operator=(const UserData &other)
 {
     if (this == &other)
         return *this;
-    date = other.date;
-    short_ = other.short_;
-    name = other.name;
-    firstname = other.firstname;
-    street = other.street;
-    pcode = other.pcode;
-    town = other.town;
-    tel = other.tel;
-    fax = other.fax;
-    email = other.email;
-    www = other.www;
-    bank = other.bank;
-    blz = other.blz;
-    acount = other.acount;
-    value = other.value;
-    count = other.count;
-    kto = other.kto;
+    forEachField(*this, other, [](auto &mine, const auto &theirs) { mine = theirs; });
     const int current = other.kto.indexOf(other.actukto);
     actukto = current >= 0 ? kto.at(current) : nullptr;
-    temp = other.temp;
-    item = other.item;
     return *this;
 }
 

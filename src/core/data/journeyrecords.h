@@ -4,6 +4,8 @@
 
 #include <QString>
 
+#include <utility>
+
 class QTreeWidgetItem;
 struct CurrData;
 
@@ -30,6 +32,15 @@ struct CostsData
     bool shared = false;
     CurrData *curr = nullptr;
     QTreeWidgetItem *item = nullptr;
+
+    // What belongs to the list position rather than to the cost: the date sort moves every
+    // other field and leaves these, so the shared icon stays on its row.
+    template <class A, class B, class F>
+    static void forEachPositionField(A &a, B &b, F f)
+    {
+        f(a.shared, b.shared);
+        f(a.item, b.item);
+    }
 };
 
 struct CustomData
@@ -55,6 +66,13 @@ struct TipData
     QString comment;
     QTreeWidgetItem *item = nullptr;
     RecordList<CustomData> customs;
+
+    // What belongs to the list position rather than to the tip (see CostsData).
+    template <class A, class B, class F>
+    static void forEachPositionField(A &a, B &b, F f)
+    {
+        f(a.item, b.item);
+    }
 };
 
 struct KtoData
@@ -69,7 +87,8 @@ struct KtoData
 struct UserData
 {
     UserData() = default;
-    // Copies keep `actukto` pointing at the same line of their own account.
+    // Copies take every field of forEachField and keep `actukto` pointing at the same line
+    // of their own account.
     UserData(const UserData &other);
     UserData &operator=(const UserData &other);
 
@@ -101,6 +120,32 @@ struct UserData
     // Removes the line (null does nothing); `actukto` becomes the line now last, or null.
     void removeKto(KtoData *line);
     void clearKto();
+
+    // Every field, in declared order, but `actukto`: that one points into `kto` and is set
+    // from it. A field added to the record goes here too, or copies lose it.
+    template <class A, class B, class F>
+    static void forEachField(A &a, B &b, F f)
+    {
+        f(a.date, b.date);
+        f(a.short_, b.short_);
+        f(a.name, b.name);
+        f(a.firstname, b.firstname);
+        f(a.street, b.street);
+        f(a.pcode, b.pcode);
+        f(a.town, b.town);
+        f(a.tel, b.tel);
+        f(a.fax, b.fax);
+        f(a.email, b.email);
+        f(a.www, b.www);
+        f(a.bank, b.bank);
+        f(a.blz, b.blz);
+        f(a.acount, b.acount);
+        f(a.value, b.value);
+        f(a.count, b.count);
+        f(a.kto, b.kto);
+        f(a.temp, b.temp);
+        f(a.item, b.item);
+    }
 };
 
 struct CurrData
@@ -136,3 +181,14 @@ struct QTypeData
 {
     QString type;
 };
+
+// Exchanges the contents of two records that stand in a list. Everything moves but the
+// fields of the record's forEachPositionField, so no field can be left out of the exchange.
+template <class Record>
+void exchangeContents(Record &a, Record &b)
+{
+    if (&a == &b)
+        return;
+    std::swap(a, b);
+    Record::forEachPositionField(a, b, [](auto &x, auto &y) { std::swap(x, y); });
+}

@@ -2,7 +2,6 @@
 
 #include <cstdio>
 #include <cstdlib>
-#include <utility>
 
 WayFernData::WayFernData() = default;
 
@@ -216,41 +215,12 @@ int WayFernData::nextCostId() const
 
 void WayFernData::swapCosts(CostsData *a, CostsData *b)
 {
-    // `shared` and `item` belong to the list position, not to the cost.
-    std::swap(a->date, b->date);
-    std::swap(a->type, b->type);
-    std::swap(a->typeletter, b->typeletter);
-    std::swap(a->ctype, b->ctype);
-    std::swap(a->fval, b->fval);
-    std::swap(a->bval, b->bval);
-    std::swap(a->comment, b->comment);
-    std::swap(a->bsum, b->bsum);
-    std::swap(a->exchange, b->exchange);
-    std::swap(a->fvalue, b->fvalue);
-    std::swap(a->bvalue, b->bvalue);
-    std::swap(a->bsumvalue, b->bsumvalue);
-    std::swap(a->exchangevalue, b->exchangevalue);
-    std::swap(a->id, b->id);
-    std::swap(a->curr, b->curr);
+    exchangeContents(*a, *b);
 }
 
 void WayFernData::swapTips(TipData *a, TipData *b)
 {
-    // `item` belongs to the list position.
-    std::swap(a->date, b->date);
-    std::swap(a->name, b->name);
-    std::swap(a->street, b->street);
-    std::swap(a->pcode, b->pcode);
-    std::swap(a->town, b->town);
-    std::swap(a->tel, b->tel);
-    std::swap(a->fax, b->fax);
-    std::swap(a->email, b->email);
-    std::swap(a->www, b->www);
-    std::swap(a->tiptype, b->tiptype);
-    std::swap(a->typeletter, b->typeletter);
-    std::swap(a->qualitytype, b->qualitytype);
-    std::swap(a->comment, b->comment);
-    std::swap(a->customs, b->customs);
+    exchangeContents(*a, *b);
 }
 
 void WayFernData::clearAll()

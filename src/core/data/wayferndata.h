@@ -67,6 +67,8 @@ public:
     // The buffer lives until the next call.
     const char *firstCapital(const QString &text);
     int nextCostId() const;
+    // Exchange the contents of two records of the list; what belongs to the list position
+    // (`shared` of a cost, `item`) stays.
     void swapCosts(CostsData *a, CostsData *b);
     void swapTips(TipData *a, TipData *b);
 

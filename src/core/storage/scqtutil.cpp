@@ -8,9 +8,7 @@
 #include <charconv>
 
 bool ScQtUtil::lastBool = false;
-int ScQtUtil::lastDay = 0;
-int ScQtUtil::lastMonth = 0;
-int ScQtUtil::lastYear = 0;
+DateParts ScQtUtil::lastDate;
 
 int ScQtUtil::findSection(RecordStream *stream, const QString &name, bool rewind)
 {
@@ -293,29 +291,20 @@ QString ScQtUtil::fileBaseName(const QString &name)
 
 int ScQtUtil::dateDay(const QString &date)
 {
-    if (date.isEmpty())
-        return lastDay;
-    const qsizetype dot = date.indexOf(u'.');
-    lastDay = dot >= 1 ? date.left(dot).toInt() : 0;
-    return lastDay;
+    DateText::read(date, DateText::Record, lastDate, DateText::Day);
+    return lastDate.day;
 }
 
 int ScQtUtil::dateMonth(const QString &date)
 {
-    if (date.isEmpty())
-        return lastMonth;
-    const qsizetype dot = date.indexOf(u'.');
-    lastMonth = dot >= 1 ? date.mid(dot + 1, 2).toInt() : 0;
-    return lastMonth;
+    DateText::read(date, DateText::Record, lastDate, DateText::Month);
+    return lastDate.month;
 }
 
 int ScQtUtil::dateYear(const QString &date)
 {
-    if (date.isEmpty())
-        return lastYear;
-    const qsizetype dot = date.lastIndexOf(u'.');
-    lastYear = dot >= 1 ? date.mid(dot + 1).toInt() : 0;
-    return lastYear;
+    DateText::read(date, DateText::Record, lastDate, DateText::Year);
+    return lastDate.year;
 }
 
 QString ScQtUtil::nthWord(const QString &text, int n)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "data/datetext.h"
 #include "storage/recordstream.h"
 #include "wayfernversion.h"
 
@@ -112,10 +113,14 @@ public:
 
     // "trip.wfn" gives "trip"; no dot at position 1 or later gives "".
     static QString fileBaseName(const QString &name);
-    // Parts of "dd.mm.yyyy"; a null or empty text answers the previous result.
+    // Parts of "dd.mm.yyyy", read as DateText::Record; a null or empty text answers the
+    // previous result.
     int dateDay(const QString &date);
     int dateMonth(const QString &date);
     int dateYear(const QString &date);
+    // What the three above read last, each part on its own. The date sort of the view
+    // reads into it too, so that an empty date there gives back the same parts.
+    static DateParts lastDate;
     // Word n (from 1; 0 and below mean the first) of a text split at blanks and tabs.
     static QString nthWord(const QString &text, int n);
 
@@ -124,7 +129,4 @@ private:
 
     // The results that survive into the next call.
     static bool lastBool;
-    static int lastDay;
-    static int lastMonth;
-    static int lastYear;
 };

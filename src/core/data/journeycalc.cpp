@@ -1,0 +1,101 @@
+#include "data/journeycalc.h"
+
+#include "data/wayferndata.h"
+
+#include <algorithm>
+#include <numeric>
+#include <vector>
+
+namespace {
+
+// Orders the records of a list by date, keeping the order of records of one day. Contents
+// move between the positions through exchangeContents, exactly as exchanging pairwise would
+// leave them.
+template <typename Record>
+void sortByDate(RecordList<Record> &list, DateParts &last)
+{
+    const int n = list.count();
+    std::vector<qint64> keys(size_t(n), 0);
+    bool sorted = true;
+    for (int i = 0; i < n; ++i) {
+        keys[size_t(i)] = JourneyCalc::dateKey(list.at(i)->date, last);
+        if (i > 0 && keys[size_t(i)] < keys[size_t(i) - 1])
+            sorted = false;
+    }
+    if (sorted)
+        return;
+
+    std::vector<int> order(static_cast<size_t>(n));
+    std::iota(order.begin(), order.end(), 0);
+    std::stable_sort(order.begin(), order.end(),
+                     [&keys](int a, int b) { return keys[size_t(a)] < keys[size_t(b)]; });
+
+    // Position i takes the contents that stood at order[i]: follow each cycle of the
+    // permutation, one exchange per record moved.
+    std::vector<bool> placed(size_t(n), false);
+    for (int start = 0; start < n; ++start) {
+        int at = start;
+        while (!placed[size_t(at)]) {
+            placed[size_t(at)] = true;
+            const int from = order[size_t(at)];
+            if (from == start)
+                break;
+            exchangeContents(*list.at(at), *list.at(from));
+            at = from;
+        }
+    }
+}
+
+} // namespace
+
+qint64 JourneyCalc::dateKey(const QString &date, DateParts &last)
+{
+    DateText::read(date, DateText::Record, last);
+    return DateText::dayNumber(last);
+}
+
+void JourneyCalc::sortCosts(WayFernData &doc, DateParts &last)
+{
+    sortByDate(doc.costs, last);
+}
+
+void JourneyCalc::sortTips(WayFernData &doc, DateParts &last)
+{
+    sortByDate(doc.tips, last);
+}
+
+void JourneyCalc::calcSums(WayFernData &doc, const DaysBetween &daysBetween)
+{
+    doc.total = 0.0;
+    doc.recalcFactors();
+    doc.recalcCosts();
+    // Backwards, as the overview always added: the last digits may differ from the
+    // running sum of the costs, which goes forwards.
+    for (int i = doc.costs.count() - 1; i >= 0; --i)
+        doc.total = doc.total + doc.costs.at(i)->bvalue;
+    doc.totaltext = QString::asprintf("%.2f", doc.total);
+
+    int days = 0;
+    const CostsData *first = doc.costs.first();
+    const CostsData *last = doc.costs.last();
+    if (first && last && first->date != QLatin1String("(null)")
+        && last->date != QLatin1String("(null)"))
+        days = daysBetween(first->date, last->date);
+    // Both ends of the span count as days of the journey.
+    if (days != 0)
+        doc.perday = doc.total / (days + 1);
+    else
+        doc.perday = doc.total;
+    doc.perdaytext = QString::asprintf("%.2f", doc.perday);
+}
+
+double JourneyCalc::categorySum(const WayFernData &doc, const QString &type)
+{
+    double sum = 0.0;
+    for (int i = doc.costs.count() - 1; i >= 0; --i) {
+        const CostsData *cost = doc.costs.at(i);
+        if (cost->type == type)
+            sum = sum + cost->bvalue;
+    }
+    return sum;
+}
