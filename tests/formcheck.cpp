@@ -1,21 +1,18 @@
 #include "formcheck.h"
 
+#include "widgetreaders.h"
+
 #include <QAbstractButton>
-#include <QAbstractSpinBox>
 #include <QComboBox>
-#include <QGroupBox>
 #include <QIcon>
 #include <QImage>
 #include <QLabel>
-#include <QLineEdit>
 #include <QMetaMethod>
 #include <QPixmap>
 #include <QTabWidget>
 #include <QTableWidget>
 #include <QTest>
 #include <QTreeWidget>
-
-#include "widgetreaders.h"
 
 #include <memory>
 #include <vector>
@@ -26,16 +23,6 @@ QString shownText(const QWidget *widget)
 {
     if (widget->isWindow())
         return widget->windowTitle();
-    if (auto *button = qobject_cast<const QAbstractButton *>(widget))
-        return button->text();
-    if (auto *label = qobject_cast<const QLabel *>(widget))
-        return label->text();
-    if (auto *edit = qobject_cast<const QLineEdit *>(widget))
-        return edit->text();
-    if (auto *spin = qobject_cast<const QAbstractSpinBox *>(widget))
-        return spin->text();
-    if (auto *group = qobject_cast<const QGroupBox *>(widget))
-        return group->title();
     if (auto *box = qobject_cast<const QComboBox *>(widget))
         return WidgetReaders::comboTexts(box).join(u'|');
     if (auto *list = qobject_cast<const QTreeWidget *>(widget))
@@ -48,6 +35,12 @@ QString shownText(const QWidget *widget)
         const int index = tabs->indexOf(const_cast<QWidget *>(widget));
         if (index >= 0)
             return tabs->tabText(index);
+    }
+    // Buttons, labels, line edits and spin boxes show a text, group boxes a title.
+    for (const char *property : {"text", "title"}) {
+        const QVariant value = widget->property(property);
+        if (value.isValid())
+            return value.toString();
     }
     return QString();
 }
