@@ -268,20 +268,15 @@ void TestCalendar::formWidgetsCarryTheirNamesTextsAndTips()
     FormCheck::checkWidgets(&form, calendarFormWidgets);
     if (QTest::currentTestFailed())
         return;
-    QComboBox *month = form.MonthComboBox;
-    QVERIFY(!month->isEditable());
-    QSpinBox *year = form.YearSpinBox;
-    QCOMPARE(year->buttonSymbols(), QAbstractSpinBox::PlusMinus);
-    QCOMPARE(year->minimum(), 1980);
-    QCOMPARE(year->maximum(), 2300);
-    QCOMPARE(year->value(), 2002);
-    QToolButton *ok = form.OkButton;
-    QCOMPARE(ok->iconSize(), QSize(24, 16));
-    QToolButton *cancel = form.CancelButton;
-    QTableWidget *table = form.Table;
-    QCOMPARE(table->rowCount(), 6);
-    QCOMPARE(table->columnCount(), 7);
-    QVERIFY(table->showGrid());
+    QVERIFY(!form.MonthComboBox->isEditable());
+    QCOMPARE(form.YearSpinBox->buttonSymbols(), QAbstractSpinBox::PlusMinus);
+    QCOMPARE(form.YearSpinBox->minimum(), 1980);
+    QCOMPARE(form.YearSpinBox->maximum(), 2300);
+    QCOMPARE(form.YearSpinBox->value(), 2002);
+    QCOMPARE(form.OkButton->iconSize(), QSize(24, 16));
+    QCOMPARE(form.Table->rowCount(), 6);
+    QCOMPARE(form.Table->columnCount(), 7);
+    QVERIFY(form.Table->showGrid());
 
     // Order: the row of boxes and buttons, then the table.
     auto *outer = qobject_cast<QBoxLayout *>(form.layout());
@@ -294,13 +289,13 @@ void TestCalendar::formWidgetsCarryTheirNamesTextsAndTips()
     QCOMPARE(row->contentsMargins(), QMargins(0, 0, 0, 0));
     QCOMPARE(row->spacing(), 6);
     QCOMPARE(row->count(), 5);
-    QCOMPARE(row->itemAt(0)->widget(), month);
-    QCOMPARE(row->itemAt(1)->widget(), year);
+    QCOMPARE(row->itemAt(0)->widget(), form.MonthComboBox);
+    QCOMPARE(row->itemAt(1)->widget(), form.YearSpinBox);
     QVERIFY(row->itemAt(2)->spacerItem());
     QVERIFY(row->itemAt(2)->spacerItem()->sizePolicy().horizontalPolicy() & QSizePolicy::ExpandFlag);
-    QCOMPARE(row->itemAt(3)->widget(), ok);
-    QCOMPARE(row->itemAt(4)->widget(), cancel);
-    QCOMPARE(outer->itemAt(1)->widget(), table);
+    QCOMPARE(row->itemAt(3)->widget(), form.OkButton);
+    QCOMPARE(row->itemAt(4)->widget(), form.CancelButton);
+    QCOMPARE(outer->itemAt(1)->widget(), form.Table);
 }
 
 void TestCalendar::formStubSlotsWarnNotImplemented()

@@ -6,6 +6,7 @@
 #include "forms/scqtfiledlg.h"
 #include "formcheck.h"
 #include "modalhelper.h"
+#include "stdoutcapture.h"
 #include "widgetreaders.h"
 
 #include <QBoxLayout>
@@ -22,10 +23,7 @@
 #include <QToolButton>
 #include <QTreeWidget>
 
-#include <cstdio>
-#include <fcntl.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 namespace {
 
@@ -105,38 +103,6 @@ const FormCheck::StubRow fileFormStubs[] = {
      "ScQtFileDlg::slotSelectionChanged( QTreeWidgetItem * ): Not implemented yet!"},
     {"slotTypeComboBoxChanged(int)",
      "ScQtFileDlg::slotTypeComboBoxChanged( int ): Not implemented yet!"},
-};
-
-// Catches what the dialog prints on standard output around a call.
-class StdoutCapture
-{
-public:
-    StdoutCapture()
-    {
-        std::fflush(stdout);
-        if (::pipe(fds) == 0) {
-            saved = ::dup(STDOUT_FILENO);
-            ::dup2(fds[1], STDOUT_FILENO);
-        }
-    }
-    QByteArray finish()
-    {
-        std::fflush(stdout);
-        ::dup2(saved, STDOUT_FILENO);
-        ::close(saved);
-        ::close(fds[1]);
-        QByteArray out;
-        char buf[4096];
-        ssize_t n;
-        while ((n = ::read(fds[0], buf, sizeof buf)) > 0)
-            out.append(buf, int(n));
-        ::close(fds[0]);
-        return out;
-    }
-
-private:
-    int fds[2] = {-1, -1};
-    int saved = -1;
 };
 
 // Records which slot a signal of the form reached.
@@ -467,7 +433,7 @@ void TestFileDialog::otherKindsOfEntryPrintSomethingElseAndKeepTheTypeBefore()
     dlg.hide();
     StdoutCapture capture;
     dlg.refresh();
-    const QByteArray printed = capture.finish();
+    const QByteArray printed = capture.bytes();
     QCOMPARE(printed, QByteArray("something else\n"));
     // The pipe comes behind a.txt and shows its size and type.
     QVERIFY(rows(dlg.ListView).contains("b.fifo|5|file"));
