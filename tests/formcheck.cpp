@@ -3,10 +3,12 @@
 #include "widgetreaders.h"
 
 #include <QAbstractButton>
+#include <QBoxLayout>
 #include <QComboBox>
 #include <QIcon>
 #include <QImage>
 #include <QLabel>
+#include <QMetaEnum>
 #include <QMetaMethod>
 #include <QPixmap>
 #include <QTabWidget>
@@ -53,6 +55,40 @@ bool showsPicture(const QIcon &icon, const QPixmap &expected)
 }
 
 namespace {
+
+void addOutline(const QLayout *layout, int depth, QStringList &lines)
+{
+    const QString indent(2 * depth, u' ');
+    const QMargins m = layout->contentsMargins();
+    const QString margins = m.left() == m.top() && m.top() == m.right() && m.right() == m.bottom()
+        ? QString::number(m.left())
+        : QStringLiteral("%1 %2 %3 %4").arg(m.left()).arg(m.top()).arg(m.right()).arg(m.bottom());
+    lines << indent
+            + QStringLiteral("%1 margins %2 spacing %3")
+                  .arg(QLatin1String(layout->metaObject()->className()), margins)
+                  .arg(layout->spacing());
+    const auto *box = qobject_cast<const QBoxLayout *>(layout);
+    const bool across = box && (box->direction() == QBoxLayout::LeftToRight
+                                || box->direction() == QBoxLayout::RightToLeft);
+    const QMetaEnum policies = QMetaEnum::fromType<QSizePolicy::Policy>();
+    for (int i = 0; i < layout->count(); ++i) {
+        QLayoutItem *item = layout->itemAt(i);
+        if (const QLayout *inner = item->layout()) {
+            addOutline(inner, depth + 1, lines);
+        } else if (const QWidget *widget = item->widget()) {
+            lines << indent + QStringLiteral("  ") + widget->objectName();
+        } else if (QSpacerItem *spacer = item->spacerItem()) {
+            const QSizePolicy policy = spacer->sizePolicy();
+            const QSize hint = spacer->sizeHint();
+            lines << indent
+                    + QStringLiteral("  spacer %1x%2 %3")
+                          .arg(hint.width())
+                          .arg(hint.height())
+                          .arg(QLatin1String(policies.valueToKey(
+                              across ? policy.horizontalPolicy() : policy.verticalPolicy())));
+        }
+    }
+}
 
 QIcon pictureOf(const QWidget *widget)
 {
@@ -121,6 +157,14 @@ private:
 };
 
 } // namespace
+
+QStringList layoutOutline(const QLayout *layout)
+{
+    QStringList lines;
+    if (layout)
+        addOutline(layout, 0, lines);
+    return lines;
+}
 
 void checkWidgets(const QWidget *form, const WidgetRow *rows, std::size_t count)
 {

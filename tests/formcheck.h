@@ -26,17 +26,31 @@
 //     };
 //     FormCheck::checkStubs(&form, CostsDlg::staticMetaObject, stubs);
 //
-// Both report the first row that does not hold, by object name or slot, and stop there:
+// Layouts: the outline of a form's layouts as lines of text, one a layout, widget or
+// spacer, nested items indented by two blanks, compared in one QCOMPARE:
+//
+//     QCOMPARE(FormCheck::layoutOutline(form.layout()),
+//              (QStringList{"QVBoxLayout margins 11 spacing 6",
+//                           "  QHBoxLayout margins 0 spacing 6",
+//                           "    OkButton",
+//                           "    spacer 20x20 Expanding",
+//                           "  ListView"}));
+//
+// A spacer names its size hint and its policy in the direction of its layout.
+//
+// Both table checks report the first row that does not hold, by object name or slot, and stop there:
 // call them last in a test, or look at QTest::currentTestFailed() after them.
 //
 // The stub warnings are expected with QTest::ignoreMessage, which Qt lets win over
 // QTest::failOnWarning: the check passes in a test whose init() fails on stub warnings.
 
 #include <QString>
+#include <QStringList>
 
 #include <cstddef>
 
 class QIcon;
+class QLayout;
 class QObject;
 class QPixmap;
 class QWidget;
@@ -71,6 +85,8 @@ QString shownText(const QWidget *widget);
 
 // True when `icon` shows `expected`, pixel by pixel at the picture's size.
 bool showsPicture(const QIcon &icon, const QPixmap &expected);
+
+QStringList layoutOutline(const QLayout *layout);
 
 void checkWidgets(const QWidget *form, const WidgetRow *rows, std::size_t count);
 

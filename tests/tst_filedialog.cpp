@@ -238,30 +238,18 @@ void TestFileDialog::formWidgetsCarryTheirNamesTextsAndTips()
 void TestFileDialog::formLaysOutItsRowsTopToBottom()
 {
     ScQtFileDlg form;
-    auto *outer = qobject_cast<QBoxLayout *>(form.layout());
-    QVERIFY(outer);
-    QCOMPARE(outer->direction(), QBoxLayout::TopToBottom);
-    QCOMPARE(outer->contentsMargins(), QMargins(11, 11, 11, 11));
-    QCOMPARE(outer->spacing(), 6);
-    QCOMPARE(outer->count(), 4);
-    auto *first = qobject_cast<QBoxLayout *>(outer->itemAt(0)->layout());
-    QVERIFY(first);
-    QCOMPARE(first->contentsMargins(), QMargins(0, 0, 0, 0));
-    QCOMPARE(first->spacing(), 6);
-    QCOMPARE(first->count(), 4);
-    QCOMPARE(first->itemAt(0)->widget(), form.TypeComboBox);
-    QVERIFY(first->itemAt(1)->spacerItem());
-    QCOMPARE(first->itemAt(1)->spacerItem()->sizeHint(), QSize(20, 20));
-    QCOMPARE(first->itemAt(2)->widget(), form.OkButton);
-    QCOMPARE(first->itemAt(3)->widget(), form.CancelButton);
-    auto *second = qobject_cast<QBoxLayout *>(outer->itemAt(1)->layout());
-    QVERIFY(second);
-    QCOMPARE(second->contentsMargins(), QMargins(0, 0, 0, 0));
-    QCOMPARE(second->spacing(), 6);
-    QCOMPARE(second->itemAt(0)->widget(), form.FNameLineEdit);
-    QCOMPARE(second->itemAt(1)->widget(), form.MkDirButton);
-    QCOMPARE(outer->itemAt(2)->widget(), form.DirComboBox);
-    QCOMPARE(outer->itemAt(3)->widget(), form.ListView);
+    QCOMPARE(FormCheck::layoutOutline(form.layout()),
+             (QStringList{"QVBoxLayout margins 11 spacing 6",
+                          "  QHBoxLayout margins 0 spacing 6",
+                          "    TypeComboBox",
+                          "    spacer 20x20 Expanding",
+                          "    OkButton",
+                          "    CancelButton",
+                          "  QHBoxLayout margins 0 spacing 6",
+                          "    FNameLineEdit",
+                          "    MkDirButton",
+                          "  DirComboBox",
+                          "  ListView"}));
 }
 
 void TestFileDialog::formStubSlotsWarnNotImplemented()
