@@ -1,33 +1,22 @@
+#include "formcheck.h"
 #include "shellfixture.h"
 #include "stdoutcapture.h"
+#include "widgetreaders.h"
 
 #include "data/wayferndata.h"
 #include "shell/wayfernapp.h"
 #include "shell/wayfernview.h"
 #include "storage/scqtutil.h"
 
-#include <QTimer>
 #include <QDate>
-#include <QImage>
 #include <QRandomGenerator>
+#include <QRegularExpression>
 #include <QTest>
 #include <QTreeWidget>
 
 namespace {
 
-QStringList rowTexts(QTreeWidgetItem *item)
-{
-    QStringList texts;
-    for (int i = 0; i < item->columnCount(); ++i)
-        texts << item->text(i);
-    return texts;
-}
-
-bool sameImage(const QIcon &icon, const QPixmap *pixmap)
-{
-    return icon.pixmap(16, 16).toImage().convertToFormat(QImage::Format_ARGB32)
-        == pixmap->toImage().convertToFormat(QImage::Format_ARGB32);
-}
+using WidgetReaders::itemTexts;
 
 // The day number of a date as a plain, pairwise exchanging sort compares it.
 qint64 referenceDay(ScQtUtil &util, const QString &date)
@@ -95,6 +84,7 @@ class TestView : public QObject
     Q_OBJECT
 
 private slots:
+    void init() { QTest::failOnWarning(QRegularExpression("Not implemented yet!")); }
     void cleanup() { ModalHelper::cancelPending(); }
 
     void costListShowsRowsIconsAndBaseCurrencyHead()
@@ -106,15 +96,15 @@ private slots:
         QCOMPARE(list->headerItem()->text(2), QStringLiteral("EUR"));
         QCOMPARE(list->topLevelItemCount(), 5);
         // Sorted by date, the year left out, amounts as the document holds them.
-        QCOMPARE(rowTexts(list->topLevelItem(0)),
+        QCOMPARE(itemTexts(list->topLevelItem(0)),
                  (QStringList{"30.05", "H", "90.00", "90.00", "EUR"}));
-        QCOMPARE(rowTexts(list->topLevelItem(1)),
+        QCOMPARE(itemTexts(list->topLevelItem(1)),
                  (QStringList{"30.05", "F", "24.00", "36.00", "CHF"}));
-        QCOMPARE(rowTexts(list->topLevelItem(2)),
+        QCOMPARE(itemTexts(list->topLevelItem(2)),
                  (QStringList{"31.05", "T", "50.00", "45.00", "USD"}));
-        QCOMPARE(rowTexts(list->topLevelItem(3)),
+        QCOMPARE(itemTexts(list->topLevelItem(3)),
                  (QStringList{"01.06", "M", "12.00", "18.00", "CHF"}));
-        QCOMPARE(rowTexts(list->topLevelItem(4)),
+        QCOMPARE(itemTexts(list->topLevelItem(4)),
                  (QStringList{"02.06", "F", "30.00", "27.00", "USD"}));
         QVERIFY(list->topLevelItem(0)->textAlignment(2) & Qt::AlignRight);
         QVERIFY(list->topLevelItem(0)->textAlignment(3) & Qt::AlignRight);
@@ -132,8 +122,9 @@ private slots:
         const bool expected[] = {true, true, false, true, true};
         for (int i = 0; i < 5; ++i) {
             QCOMPARE(app.doc->costs.at(i)->shared, expected[i]);
-            QVERIFY(sameImage(list->topLevelItem(i)->icon(0),
-                              expected[i] ? app.view->sharedPixmap : app.view->unsharedPixmap));
+            QVERIFY(FormCheck::showsPicture(list->topLevelItem(i)->icon(0),
+                                            expected[i] ? *app.view->sharedPixmap
+                                                        : *app.view->unsharedPixmap));
         }
         QCOMPARE(app.doc->costs.at(2)->type, QStringLiteral("Transport"));
         QCOMPARE(app.doc->costs.at(3)->type, QStringLiteral("Museum"));
@@ -173,9 +164,9 @@ private slots:
         WayfernApp app;
         QTreeWidget *list = app.view->TipListView;
         QCOMPARE(list->topLevelItemCount(), 3);
-        QCOMPARE(rowTexts(list->topLevelItem(0)), (QStringList{"H", "Lakeside hostel", "fair"}));
-        QCOMPARE(rowTexts(list->topLevelItem(1)), (QStringList{"R", "Zum Anker", "good"}));
-        QCOMPARE(rowTexts(list->topLevelItem(2)), (QStringList{"S", "Glacier garden", "good"}));
+        QCOMPARE(itemTexts(list->topLevelItem(0)), (QStringList{"H", "Lakeside hostel", "fair"}));
+        QCOMPARE(itemTexts(list->topLevelItem(1)), (QStringList{"R", "Zum Anker", "good"}));
+        QCOMPARE(itemTexts(list->topLevelItem(2)), (QStringList{"S", "Glacier garden", "good"}));
         QCOMPARE(app.doc->tips.at(1)->typeletter, QStringLiteral("R"));
         QCOMPARE(app.view->findTip(list->topLevelItem(2)), app.doc->tips.at(2));
         QCOMPARE(app.view->findTip(nullptr), nullptr);

@@ -2,11 +2,13 @@
 
 #include "data/wayferndata.h"
 #include "dialogs/scqtwidgetutil.h"
+#include "widgetreaders.h"
 
 #include <QApplication>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QRegularExpression>
 #include <QTest>
 #include <QTreeWidget>
 #include <QTreeWidgetItem>
@@ -22,14 +24,6 @@ void addRows(QTreeWidget *view, const QList<QStringList> &rows)
         view->addTopLevelItem(new QTreeWidgetItem(row));
 }
 
-QStringList items(const QComboBox &box)
-{
-    QStringList texts;
-    for (int i = 0; i < box.count(); ++i)
-        texts << box.itemText(i);
-    return texts;
-}
-
 } // namespace
 
 class TestWidgetUtil : public QObject
@@ -37,6 +31,7 @@ class TestWidgetUtil : public QObject
     Q_OBJECT
 
 private slots:
+    void init();
     void utilHasTheRecordToolsToo();
     void setAllWidgetsFontGivesEveryWidgetTheFont();
     void selectComboItemMakesTheMatchingEntryCurrent();
@@ -52,6 +47,11 @@ private slots:
     void fillersPutTheDocumentsNamesInOrder();
     void fillersClearTheBoxFirst();
 };
+
+void TestWidgetUtil::init()
+{
+    QTest::failOnWarning(QRegularExpression("Not implemented yet!"));
+}
 
 void TestWidgetUtil::utilHasTheRecordToolsToo()
 {
@@ -217,13 +217,13 @@ void TestWidgetUtil::fillersPutTheDocumentsNamesInOrder()
 
     QComboBox box;
     ScQtWidgetUtil::fillCostTypes(&doc, &box);
-    QCOMPARE(items(box), QStringList({"Food", "Hotel", "Travel"}));
+    QCOMPARE(WidgetReaders::comboTexts(&box), QStringList({"Food", "Hotel", "Travel"}));
     ScQtWidgetUtil::fillCurrencies(&doc, &box);
-    QCOMPARE(items(box), QStringList({"EUR", "USD"}));
+    QCOMPARE(WidgetReaders::comboTexts(&box), QStringList({"EUR", "USD"}));
     ScQtWidgetUtil::fillTipTypes(&doc, &box);
-    QCOMPARE(items(box), QStringList({"Restaurant", "Camping", "Museum"}));
+    QCOMPARE(WidgetReaders::comboTexts(&box), QStringList({"Restaurant", "Camping", "Museum"}));
     ScQtWidgetUtil::fillQualityTypes(&doc, &box);
-    QCOMPARE(items(box), QStringList({"good", "bad"}));
+    QCOMPARE(WidgetReaders::comboTexts(&box), QStringList({"good", "bad"}));
     QCOMPARE(box.currentIndex(), 0);
 }
 

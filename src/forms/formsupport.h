@@ -6,14 +6,27 @@
 // What every form class does alike.
 
 // The forms' pixmaps live in a static library, and nothing would pull their registration
-// in: every form calls this before it builds its widgets.
+// in: every form calls its resource file's function before it builds its widgets. Each file
+// is registered once per program.
+#define WAYFERN_REGISTER_RESOURCE_ONCE(qrc)                                                     \
+    do {                                                                                       \
+        static const bool registered = [] {                                                    \
+            Q_INIT_RESOURCE(qrc);                                                              \
+            return true;                                                                       \
+        }();                                                                                   \
+        Q_UNUSED(registered);                                                                  \
+    } while (false)
+
+// forms.qrc: the pictures of the common dialogs.
 inline void initFormResources()
 {
-    static const bool done = [] {
-        Q_INIT_RESOURCE(forms);
-        return true;
-    }();
-    Q_UNUSED(done);
+    WAYFERN_REGISTER_RESOURCE_ONCE(forms);
+}
+
+// shell.qrc: the pictures of the main form and the window's actions.
+inline void initShellResources()
+{
+    WAYFERN_REGISTER_RESOURCE_ONCE(shell);
 }
 
 // For a form's destructor: the widgets outlive the form's part of the object, and nothing

@@ -1,15 +1,12 @@
 #include "forms/maindlg1.h"
 
+#include "forms/formsupport.h"
+
 #include <QEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QToolButton>
 #include <QTreeWidget>
-
-static void initShellResources()
-{
-    // The pixmaps live in a static library; make sure the linker keeps them.
-    Q_INIT_RESOURCE(shell);
-}
 
 // The selected item of a single-selection list, or null when nothing is selected.
 static QTreeWidgetItem *selectedItem(QTreeWidget *list)
@@ -24,20 +21,38 @@ MainDlg1::MainDlg1(QWidget *parent, const char *name, Qt::WindowFlags flags)
     initShellResources();
     setupUi(this);
     if (name)
-        setObjectName(QString::fromLatin1(name));
+        setObjectName(QString::fromUtf8(name));
     OverListView->header()->setSortIndicatorShown(true);
 
+    connect(ChangeButton, &QToolButton::clicked, this, [this] { slotCostsChange(); });
+    connect(DeleteButton, &QToolButton::clicked, this, [this] { slotCostsDelete(); });
+    connect(TChangeButton, &QToolButton::clicked, this, [this] { slotTipChange(); });
+    connect(TDeleteButton, &QToolButton::clicked, this, [this] { slotTipDelete(); });
+    connect(InsertButton, &QToolButton::clicked, this, [this] { slotCostsNew(); });
+    connect(TInsertButton, &QToolButton::clicked, this, [this] { slotTipNew(); });
+    // Return in a list changes the current entry like a double click, through the event
+    // filter below: item activation would also come with the double click and run the
+    // change twice.
+    CostsListView->installEventFilter(this);
+    connect(CostsListView, &QTreeWidget::itemDoubleClicked, this,
+            [this](QTreeWidgetItem *, int) { slotCostsChange(); });
     connect(CostsListView, &QTreeWidget::itemSelectionChanged, this,
             [this] { slotCostsSelectionChanged(selectedItem(CostsListView)); });
+    connect(TipListView, &QTreeWidget::itemDoubleClicked, this,
+            [this](QTreeWidgetItem *, int) { slotTipChange(); });
+    TipListView->installEventFilter(this);
     connect(TipListView, &QTreeWidget::itemSelectionChanged, this,
             [this] { slotTipSelectionChanged(selectedItem(TipListView)); });
-    // Return in a list changes the current entry, like a double click; item activation
-    // would also fire on the double click and run the change twice.
-    CostsListView->installEventFilter(this);
-    TipListView->installEventFilter(this);
+    connect(CopyButton, &QToolButton::clicked, this, [this] { slotCCopy(); });
+    connect(PasteButton, &QToolButton::clicked, this, [this] { slotCPaste(); });
+    connect(TCopyButton, &QToolButton::clicked, this, [this] { slotTCopy(); });
+    connect(TPasteButton, &QToolButton::clicked, this, [this] { slotTPaste(); });
 }
 
-MainDlg1::~MainDlg1() = default;
+MainDlg1::~MainDlg1()
+{
+    disconnectChildren(this);
+}
 
 bool MainDlg1::event(QEvent *e)
 {
@@ -97,7 +112,7 @@ void MainDlg1::slotCostsNew()
 
 void MainDlg1::slotCostsSelectionChanged(QTreeWidgetItem *)
 {
-    qWarning("MainDlg1::slotCostsSelectionChanged(QTreeWidgetItem*): Not implemented yet!");
+    qWarning("MainDlg1::slotCostsSelectionChanged( QTreeWidgetItem * ): Not implemented yet!");
 }
 
 void MainDlg1::slotTCopy()
@@ -122,5 +137,5 @@ void MainDlg1::slotTipNew()
 
 void MainDlg1::slotTipSelectionChanged(QTreeWidgetItem *)
 {
-    qWarning("MainDlg1::slotTipSelectionChanged(QTreeWidgetItem*): Not implemented yet!");
+    qWarning("MainDlg1::slotTipSelectionChanged( QTreeWidgetItem * ): Not implemented yet!");
 }

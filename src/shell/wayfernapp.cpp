@@ -3,6 +3,7 @@
 #include "data/wayferndata.h"
 #include "dialogs/savechangesquestion.h"
 #include "dialogs/scqtfileedit.h"
+#include "forms/formsupport.h"
 #include "shell/wayfernview.h"
 #include "wayfernversion.h"
 
@@ -25,6 +26,8 @@ pid_t (*WayfernApp::forkProcess)() = &::fork;
 WayfernApp::WayfernApp(QWidget *parent, const char *name, Qt::WindowFlags flags)
     : QMainWindow(parent, flags)
 {
+    // The actions' pictures come from the same resource file as the main form's.
+    initShellResources();
     if (name)
         setObjectName(QString::fromLatin1(name));
     setWindowTitle(QStringLiteral("Wayfern " WAYFERN_VERSION));
@@ -57,7 +60,8 @@ WayfernApp::WayfernApp(QWidget *parent, const char *name, Qt::WindowFlags flags)
 
 WayfernApp::~WayfernApp()
 {
-    // The view and its dialogs hold the document: they go first.
+    // The view is a child widget and would go with the window's base, after the document:
+    // it and its dialogs hold the document, so it goes first.
     delete view;
     view = nullptr;
 }

@@ -25,9 +25,9 @@ public:
     bool queryModified(const QString &caption);
     bool queryExit();
 
-    WayfernView *view = nullptr;
-    WayFernData *doc = nullptr;
-    QToolBar *toolBar = nullptr;
+    WayfernView *view = nullptr; // a child widget, deleted before the document
+    WayFernData *doc = nullptr;  // the document that `document` owns
+    QToolBar *toolBar = nullptr; // the toolbar and the actions are children too
     QAction *fileNew = nullptr;
     QAction *fileOpen = nullptr;
     QAction *fileSave = nullptr;

@@ -19,14 +19,14 @@ WayfernView::WayfernView(WayfernApp *parent, WayFernData *doc)
     : MainDlg1(parent, nullptr, {}), doc(doc)
 {
     // The last-state file is found through the configuration: the order matters.
-    io = new WayfernIO(doc);
-    ioCfg = new WayfernIOCfg(doc);
+    io = std::make_unique<WayfernIO>(doc);
+    ioCfg = std::make_unique<WayfernIOCfg>(doc);
     loadCfg();
-    ioLast = new WayfernIOLast(doc);
+    ioLast = std::make_unique<WayfernIOLast>(doc);
     loadLast();
 
-    unsharedPixmap = new QPixmap(QStringLiteral(":/shell/unshared.xpm"));
-    sharedPixmap = new QPixmap(QStringLiteral(":/shell/shared.xpm"));
+    unsharedPixmap = std::make_unique<QPixmap>(QStringLiteral(":/shell/unshared.xpm"));
+    sharedPixmap = std::make_unique<QPixmap>(QStringLiteral(":/shell/shared.xpm"));
 
     doc->clearAll();
     app = parent;
@@ -59,14 +59,8 @@ WayfernView::WayfernView(WayfernApp *parent, WayFernData *doc)
     TPasteButton->setEnabled(false);
 }
 
-WayfernView::~WayfernView()
-{
-    delete io;
-    delete ioLast;
-    delete ioCfg;
-    delete sharedPixmap;
-    delete unsharedPixmap;
-}
+// Out of line: the file objects' classes are complete only here.
+WayfernView::~WayfernView() = default;
 
 void WayfernView::createDialogs()
 {

@@ -6,6 +6,8 @@
 
 #include <QString>
 
+#include <memory>
+
 class QPixmap;
 class QTreeWidgetItem;
 class WayFernData;
@@ -57,13 +59,13 @@ public:
     calenderEdit *calendar = nullptr;
     WayFernData *doc = nullptr;
     WayfernApp *app = nullptr;
-    QPixmap *sharedPixmap = nullptr;
-    QPixmap *unsharedPixmap = nullptr;
+    std::unique_ptr<QPixmap> sharedPixmap;
+    std::unique_ptr<QPixmap> unsharedPixmap;
     bool costCopied = false;
     bool tipCopied = false;
-    WayfernIO *io = nullptr;
-    WayfernIOLast *ioLast = nullptr;
-    WayfernIOCfg *ioCfg = nullptr;
+    std::unique_ptr<WayfernIO> io;
+    std::unique_ptr<WayfernIOLast> ioLast;
+    std::unique_ptr<WayfernIOCfg> ioCfg;
     CostsData costBuffer;
     TipData tipBuffer;
     QString labelCommon;
