@@ -14,5 +14,7 @@ target_sources(wayfern_ui PRIVATE
   forms/userpaydlg.ui forms/userpaydlg.h forms/userpaydlg.cpp
   forms/userktodlg.ui forms/userktodlg.h forms/userktodlg.cpp
   editors/userpayedit.h editors/userpayedit.cpp
+  forms/usercashdlg.ui forms/usercashdlg.h forms/usercashdlg.cpp
+  editors/usercashedit.h editors/usercashedit.cpp
   editors/userktoedit.h editors/userktoedit.cpp
 )
