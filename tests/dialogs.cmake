@@ -3,3 +3,4 @@
 wayfern_add_test(calendar LIBS wayfern_ui SOURCES modalhelper.h modalhelper.cpp)
 wayfern_add_test(filedialog LIBS wayfern_ui SOURCES modalhelper.h modalhelper.cpp)
 wayfern_add_test(widgetutil LIBS wayfern_ui SOURCES modalhelper.h modalhelper.cpp)
+wayfern_add_test(usercash LIBS wayfern_ui SOURCES modalhelper.h modalhelper.cpp formcheck.h)

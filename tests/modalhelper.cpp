@@ -200,6 +200,20 @@ bool tapItem(QTreeWidget *view, QTreeWidgetItem *item)
     return true;
 }
 
+bool tapItem(QTreeWidget *view, QTreeWidgetItem *item, int column)
+{
+    if (!view || !item || column < 0 || column >= view->columnCount())
+        return false;
+    view->scrollToItem(item);
+    const QModelIndex index = view->indexFromItem(item, column);
+    view->scrollTo(index);
+    const QRect rect = view->visualRect(index);
+    if (!rect.isValid() || !view->viewport()->rect().contains(rect.center()))
+        return false;
+    QTest::mouseClick(view->viewport(), Qt::LeftButton, Qt::NoModifier, rect.center());
+    return true;
+}
+
 bool tapCell(QTableWidget *table, int row, int column)
 {
     if (!table)

@@ -86,6 +86,8 @@ void cancelPending();
 // Taps an item of a list view or a cell of a table the way a finger does: scrolls it into
 // view and clicks the middle of it. False when it can't be reached.
 bool tapItem(QTreeWidget *view, QTreeWidgetItem *item);
+// The same, in the middle of one column of the row (a tick box in column 0, say).
+bool tapItem(QTreeWidget *view, QTreeWidgetItem *item, int column);
 bool tapCell(QTableWidget *table, int row, int column);
 
 } // namespace ModalHelper
