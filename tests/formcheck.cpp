@@ -158,6 +158,17 @@ private:
 
 } // namespace
 
+QStringList childWidgets(const QWidget *form)
+{
+    QStringList list;
+    for (QWidget *w : form->findChildren<QWidget *>(Qt::FindDirectChildrenOnly)) {
+        if (w->objectName().isEmpty() || w->isWindow())
+            continue;
+        list << w->objectName() + QLatin1Char(':') + QString::fromLatin1(w->metaObject()->className());
+    }
+    return list;
+}
+
 QStringList layoutOutline(const QLayout *layout)
 {
     QStringList lines;

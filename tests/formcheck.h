@@ -86,6 +86,10 @@ QString shownText(const QWidget *widget);
 // True when `icon` shows `expected`, pixel by pixel at the picture's size.
 bool showsPicture(const QIcon &icon, const QPixmap &expected);
 
+// The direct child widgets of a form that have an object name, in creation order, each as
+// "Name:Class". Dialogs that a logic class builds as its children are left out.
+QStringList childWidgets(const QWidget *form);
+
 QStringList layoutOutline(const QLayout *layout);
 
 void checkWidgets(const QWidget *form, const WidgetRow *rows, std::size_t count);

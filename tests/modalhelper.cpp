@@ -65,8 +65,11 @@ void poll(const std::shared_ptr<Watch> &watch)
         out.className = QString::fromLatin1(active->metaObject()->className());
         out.objectName = active->objectName();
         out.title = active->windowTitle();
-        if (auto *box = qobject_cast<QMessageBox *>(active))
+        if (auto *box = qobject_cast<QMessageBox *>(active)) {
             out.text = box->text();
+            out.buttons = box->standardButtons();
+            out.icon = box->icon();
+        }
         out.handled = true;
         watch->action(active, out);
         return;
@@ -194,6 +197,20 @@ bool tapItem(QTreeWidget *view, QTreeWidgetItem *item)
         return false;
     view->scrollToItem(item);
     const QRect rect = view->visualItemRect(item);
+    if (!rect.isValid() || !view->viewport()->rect().contains(rect.center()))
+        return false;
+    QTest::mouseClick(view->viewport(), Qt::LeftButton, Qt::NoModifier, rect.center());
+    return true;
+}
+
+bool tapItem(QTreeWidget *view, QTreeWidgetItem *item, int column)
+{
+    if (!view || !item || column < 0 || column >= view->columnCount())
+        return false;
+    view->scrollToItem(item);
+    const QModelIndex index = view->indexFromItem(item, column);
+    view->scrollTo(index);
+    const QRect rect = view->visualRect(index);
     if (!rect.isValid() || !view->viewport()->rect().contains(rect.center()))
         return false;
     QTest::mouseClick(view->viewport(), Qt::LeftButton, Qt::NoModifier, rect.center());

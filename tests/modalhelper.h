@@ -34,6 +34,8 @@ struct ModalOutcome
     QString objectName;
     QString title;        // its window title
     QString text;         // a message box's text
+    QMessageBox::StandardButtons buttons; // the buttons a message box offered
+    QMessageBox::Icon icon = QMessageBox::NoIcon;
     QString error;        // why it did not act, or what went wrong while it acted
 };
 using ModalTicket = std::shared_ptr<ModalOutcome>;
@@ -86,6 +88,8 @@ void cancelPending();
 // Taps an item of a list view or a cell of a table the way a finger does: scrolls it into
 // view and clicks the middle of it. False when it can't be reached.
 bool tapItem(QTreeWidget *view, QTreeWidgetItem *item);
+// The same, in the middle of one column of the row (a tick box in column 0, say).
+bool tapItem(QTreeWidget *view, QTreeWidgetItem *item, int column);
 bool tapCell(QTableWidget *table, int row, int column);
 
 } // namespace ModalHelper

@@ -1,0 +1,138 @@
+#include "editors/usercashedit.h"
+
+#include "data/wayferndata.h"
+#include "dialogs/calenderedit.h"
+#include "dialogs/savechangesquestion.h"
+
+#include <QCloseEvent>
+#include <QMessageBox>
+
+userCashEdit::userCashEdit(QWidget *parent, const char *name, bool modal, WayFernData *doc)
+    : UserCashDlg(parent, name, modal)
+{
+    // Callers always pass a name; the caption of the form is then kept.
+    if (!name)
+        setWindowTitle(QString());
+    document = doc;
+    modified = false;
+}
+
+userCashEdit::~userCashEdit() = default;
+
+void userCashEdit::prepare(QString type, QString date, UserData *u, KtoData *line,
+                           calenderEdit *cal)
+{
+    calendar = cal;
+    user = u;
+    actu = line;
+    if (!user || !line)
+        return;
+    cashDate = date;
+    cashType = type;
+    if (cashDate.isEmpty())
+        slotSelectButton();
+    else
+        TextLabel->setText(cashDate);
+    tmp = *line;
+    setWindowTitle(cashType + QLatin1Char('-') + user->short_);
+
+    modified = false;
+    DateButton->setEnabled(true);
+    LineEdit->setEnabled(true);
+    ComboBox->setEnabled(false);
+    LineEdit->clear();
+}
+
+void userCashEdit::readEntry()
+{
+    tmp.date = cashDate;
+    tmp.type = cashType;
+    tmp.change = LineEdit->text().toDouble();
+    tmp.percentage = 100.0;
+    // The stored word decides, never its translation.
+    if (tmp.type == QLatin1String("pay off"))
+        tmp.change = -tmp.change;
+}
+
+void userCashEdit::checkChanges()
+{
+    if (!actu)
+        return;
+    if (tmp.date != actu->date || tmp.type != actu->type || tmp.change != actu->change
+        || tmp.percentage != actu->percentage)
+        modified = true;
+}
+
+void userCashEdit::store()
+{
+    if (actu) {
+        actu->magic = tmp.magic;
+        actu->date = tmp.date;
+        actu->type = tmp.type;
+        actu->change = tmp.change;
+        actu->percentage = tmp.percentage;
+    }
+    document->recalcUsers();
+    document->setModified(true);
+    modified = false;
+}
+
+void userCashEdit::slotOk()
+{
+    readEntry();
+    checkChanges();
+    if (modified)
+        store();
+    accept();
+}
+
+void userCashEdit::slotCancel()
+{
+    readEntry();
+    checkChanges();
+    if (!modified) {
+        reject();
+        return;
+    }
+    switch (askSaveChanges(this, tr("Cancel"))) {
+    case QMessageBox::Yes:
+        store();
+        accept();
+        break;
+    case QMessageBox::No:
+        modified = false;
+        reject();
+        break;
+    default:
+        // The dialog stays open with what was typed.
+        break;
+    }
+}
+
+void userCashEdit::closeEvent(QCloseEvent *event)
+{
+    slotCancel();
+    // accept() and reject() hide the dialog; while it is still shown the answer kept it open.
+    if (isVisible())
+        event->ignore();
+    else
+        event->accept();
+}
+
+void userCashEdit::slotSelectButton()
+{
+    if (!calendar)
+        return;
+    calendar->setDate(cashDate);
+    calendar->exec();
+    calendar->hide();
+    if (calendar->result() == 1) {
+        cashDate = calendar->dateText();
+        TextLabel->setText(cashDate);
+    }
+}
+
+void userCashEdit::slotComboChanged(const QString &)
+{
+    // The box is kept in the form but never used here.
+}

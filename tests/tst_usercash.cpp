@@ -1,0 +1,752 @@
+// The deposit and pay-off dialog and the account list of one traveller.
+
+#include "data/wayferndata.h"
+#include "dialogs/calenderedit.h"
+#include "editors/usercashedit.h"
+#include "editors/userktoedit.h"
+#include "forms/usercashdlg.h"
+#include "forms/userktodlg.h"
+#include "formcheck.h"
+#include "modalhelper.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QFont>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QTest>
+#include <QToolButton>
+#include <QTreeWidget>
+
+#include <memory>
+
+namespace {
+
+const char *const okWhatsThis = "confirms the changes.\nIf pressed, all changed will be stored.";
+const char *const cancelWhatsThis = "all changes will be lost,\nif this button is pressed.\n\n"
+                                    "The user is asked to confirm\nthe cancellation.";
+const char *const saveQuestion = "You have modified the data!\nDo you want to save the changes ?";
+
+// A journey with travellers, as the user list makes them.
+struct Journey
+{
+    WayFernData doc;
+    Journey() { doc.basecurrency = QStringLiteral("EUR"); }
+    UserData *addUser(const QString &shortName)
+    {
+        UserData *user = doc.users.append();
+        user->short_ = shortName;
+        return user;
+    }
+};
+
+// The dialogs as their owners make them: named, built once, hidden at once.
+struct CashSetup
+{
+    Journey journey;
+    calenderEdit calendar{nullptr, "Calendar", true, &journey.doc};
+    userCashEdit dlg{nullptr, "User cash", true, &journey.doc};
+    UserData *user = nullptr;
+    KtoData *line = nullptr;
+    CashSetup()
+    {
+        calendar.hide();
+        dlg.hide();
+        user = journey.addUser(QStringLiteral("XY"));
+        // The user list appends the line before the dialog opens.
+        line = user->addKto(-2);
+        user->actukto = line;
+    }
+    void open(const QString &type, const QString &date = QStringLiteral("03.05.2002"))
+    {
+        if (type == QLatin1String("pay off")) {
+            line->magic = -3;
+        }
+        dlg.prepare(type, date, user, line, &calendar);
+        dlg.show();
+    }
+};
+
+void checkTexts(QWidget *w, const QString &tip, const QString &whatsThis)
+{
+    QVERIFY2(w, "widget missing");
+    QCOMPARE(w->toolTip(), tip);
+    QCOMPARE(w->whatsThis(), whatsThis);
+}
+
+void checkBigBoldFont(QLabel *label)
+{
+    QCOMPARE(label->font().pointSize(), 11);
+    QVERIFY(label->font().bold());
+}
+
+// Records which slot a signal of the form reached.
+class CashRecorder : public UserCashDlg
+{
+public:
+    QStringList calls;
+    void slotSelectButton() override { calls << "slotSelectButton"; }
+    void slotCancel() override { calls << "slotCancel"; }
+    void slotComboChanged(const QString &text) override { calls << "slotComboChanged " + text; }
+    void slotOk() override { calls << "slotOk"; }
+};
+
+class KtoRecorder : public UserKtoDlg
+{
+public:
+    QStringList calls;
+    void slotClose() override { calls << "slotClose"; }
+};
+
+QStringList rowTexts(QTreeWidget *view)
+{
+    QStringList rows;
+    for (int i = 0; i < view->topLevelItemCount(); ++i) {
+        QTreeWidgetItem *item = view->topLevelItem(i);
+        QStringList cells;
+        for (int c = 0; c < view->columnCount(); ++c)
+            cells << item->text(c);
+        rows << cells.join(QLatin1Char('|'));
+    }
+    return rows;
+}
+
+} // namespace
+
+class TestUserCash : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void cleanup();
+
+    // The deposit and pay-off form.
+    void cashFormHasItsWidgetsInOrder();
+    void cashFormTextsToolTipsAndWhatsThis();
+    void cashFormLayout();
+    void cashFormFontsAndFrames();
+    void cashFormStubsSayNotImplemented();
+    void cashFormConnections();
+    void cashFormKeepsTheDateLabelBigOnAFontChange();
+
+    // Booking.
+    void payOffOf50StoresMinus50AndPercentage100();
+    void depositOf50Stores50AndPercentage100();
+    void typingANegativePayOffStoresAPositiveChange();
+    void okWithAnEmptyLineBooksZero();
+    void captionShowsTypeAndShortName();
+    void prepareEnablesLineAndDateButtonAndDisablesTheBox();
+    void prepareWithoutUserOrLineChangesNothing();
+    void emptyDateOpensTheCalendarFirst();
+    void calendarLeftWithoutDateBooksAnEmptyDateAndKeepsTheLabel();
+    void dateButtonOpensTheCalendarWithTheBookingDate();
+    void comboBoxDoesNothing();
+    void textThatIsNoNumberBooksZero();
+    void tenThousandCharacterAmountBooksWithoutCrash();
+
+    // The question on Cancel and on closing.
+    void cancelAsksTheSaveQuestion();
+    void cancelQuestionYesBooksAndAccepts();
+    void cancelQuestionNoLeavesTheLineAndRejects();
+    void cancelQuestionCancelKeepsTheDialogOpen();
+    void closingTheWindowAsksAndCancelKeepsItOpen();
+    void closingTheWindowAndNoRejects();
+
+    // The account list.
+    void ktoFormHasItsWidgetsInOrder();
+    void ktoFormTextsToolTipsAndWhatsThis();
+    void ktoFormLayoutAndHeaders();
+    void ktoFormStubSaysNotImplemented();
+    void ktoFormConnection();
+    void ktoFormKeepsTheBalanceLabelBigOnAFontChange();
+    void ktoPrepareWithNullShowsNothingAndKeepsTheFormsTexts();
+    void ktoAccountWithNoLinesShowsAnEmptyListAndZeroBalance();
+    void ktoNewestLineOnTopWithRunningTotal();
+    void ktoLinesOfAllKindsAndZeroChangesShowAlike();
+    void ktoCloseAcceptsAndChangesNothing();
+    void ktoClosingTheWindowAccepts();
+};
+
+void TestUserCash::cleanup()
+{
+    ModalHelper::cancelPending();
+}
+
+void TestUserCash::cashFormHasItsWidgetsInOrder()
+{
+    UserCashDlg form;
+    QCOMPARE(form.objectName(), QString("UserCashDlg"));
+    QCOMPARE(FormCheck::childWidgets(&form),
+             QStringList({"ComboBox:QComboBox", "OkButton:QToolButton",
+                          "CancelButton:QToolButton", "LineEdit:QLineEdit", "TextLabel:QLabel",
+                          "DateButton:QToolButton"}));
+    QCOMPARE(form.windowTitle(), QString("Form1"));
+    QVERIFY(!form.ComboBox->isEditable());
+
+    UserCashDlg named(nullptr, "User cash", true);
+    QCOMPARE(named.objectName(), QString("User cash"));
+    QVERIFY(named.isModal());
+}
+
+void TestUserCash::cashFormTextsToolTipsAndWhatsThis()
+{
+    UserCashDlg form;
+    checkTexts(form.ComboBox, "select the box, if enabled",
+               "ComboBox used for different purposes.\nIf e.g. the currency type has to be\n"
+               "entered, this combobox will show\nthe possibilities.");
+    checkTexts(form.OkButton, "OKButton", okWhatsThis);
+    checkTexts(form.CancelButton, "CancelButton", cancelWhatsThis);
+    checkTexts(form.LineEdit, "EditLine", "Enter the data for the\nselected listviewitem here.");
+    checkTexts(form.TextLabel, "DateLabel",
+               "This label shows the date witch\nis stored into the users account.");
+    checkTexts(form.DateButton, "SelectButton",
+               "This button is used for different\npurposes.\nE.g. in case of date input, the "
+               "button\nopens a calendar for date input.");
+    QCOMPARE(form.TextLabel->text(), QString("TextLabel"));
+    QCOMPARE(form.DateButton->text(), QString("..."));
+    QCOMPARE(form.LineEdit->text(), QString());
+    // The two buttons show a picture and no text.
+    QCOMPARE(form.OkButton->text(), QString());
+    QCOMPARE(form.CancelButton->text(), QString());
+    QVERIFY(!form.OkButton->icon().isNull());
+    QVERIFY(!form.CancelButton->icon().isNull());
+    QCOMPARE(form.OkButton->iconSize(), QSize(24, 16));
+    QCOMPARE(form.CancelButton->iconSize(), QSize(24, 16));
+}
+
+void TestUserCash::cashFormLayout()
+{
+    UserCashDlg form;
+    QCOMPARE(FormCheck::layoutOutline(form.layout()),
+             (QStringList{"QVBoxLayout margins 11 spacing 6",
+                          "  QHBoxLayout margins 0 spacing 6",
+                          "    ComboBox",
+                          "    spacer 20x20 Expanding",
+                          "    OkButton",
+                          "    CancelButton",
+                          "  QHBoxLayout margins 0 spacing 6",
+                          "    LineEdit",
+                          "    TextLabel",
+                          "    DateButton"}));
+    QCOMPARE(form.DateButton->minimumSize(), QSize(20, 0));
+}
+
+void TestUserCash::cashFormFontsAndFrames()
+{
+    UserCashDlg form;
+    checkBigBoldFont(form.TextLabel);
+    QCOMPARE(form.TextLabel->frameShape(), QFrame::StyledPanel);
+    QCOMPARE(form.TextLabel->frameShadow(), QFrame::Raised);
+}
+
+void TestUserCash::cashFormStubsSayNotImplemented()
+{
+    UserCashDlg form;
+    QTest::ignoreMessage(QtWarningMsg, "UserCashDlg::slotSelectButton(): Not implemented yet!");
+    form.slotSelectButton();
+    QTest::ignoreMessage(QtWarningMsg, "UserCashDlg::slotCancel(): Not implemented yet!");
+    form.slotCancel();
+    QTest::ignoreMessage(QtWarningMsg,
+                         "UserCashDlg::slotComboChanged( const QString & ): Not implemented yet!");
+    form.slotComboChanged("x");
+    QTest::ignoreMessage(QtWarningMsg, "UserCashDlg::slotOk(): Not implemented yet!");
+    form.slotOk();
+}
+
+void TestUserCash::cashFormConnections()
+{
+    CashRecorder form;
+    form.show();
+    QTest::mouseClick(form.OkButton, Qt::LeftButton);
+    QTest::mouseClick(form.CancelButton, Qt::LeftButton);
+    QTest::mouseClick(form.DateButton, Qt::LeftButton);
+    form.ComboBox->addItems({"one", "two"});
+    form.ComboBox->setFocus();
+    QTest::keyClick(form.ComboBox, Qt::Key_Down);
+    QCOMPARE(form.calls, QStringList({"slotOk", "slotCancel", "slotSelectButton",
+                                      "slotComboChanged two"}));
+    // Typing reaches no slot.
+    QTest::keyClicks(form.LineEdit, "12");
+    QCOMPARE(form.calls.size(), 4);
+}
+
+void TestUserCash::cashFormKeepsTheDateLabelBigOnAFontChange()
+{
+    UserCashDlg form;
+    const QFont before = QApplication::font();
+    QFont bigger = before;
+    bigger.setPointSize(23);
+    QApplication::setFont(bigger);
+    checkBigBoldFont(form.TextLabel);
+    QApplication::setFont(before);
+    checkBigBoldFont(form.TextLabel);
+}
+
+void TestUserCash::payOffOf50StoresMinus50AndPercentage100()
+{
+    CashSetup s;
+    s.open("pay off");
+    QTest::keyClicks(s.dlg.LineEdit, "50");
+    QTest::mouseClick(s.dlg.OkButton, Qt::LeftButton);
+    QVERIFY(!s.dlg.isVisible());
+    QCOMPARE(s.dlg.result(), 1);
+    QCOMPARE(s.line->change, -50.0);
+    QCOMPARE(s.line->percentage, 100.0);
+    QCOMPARE(s.line->type, QString("pay off"));
+    QCOMPARE(s.line->date, QString("03.05.2002"));
+    QCOMPARE(s.line->magic, -3);
+    // The balances follow at once.
+    QCOMPARE(s.user->value, -50.0);
+    QVERIFY(s.journey.doc.isModified());
+}
+
+void TestUserCash::depositOf50Stores50AndPercentage100()
+{
+    CashSetup s;
+    s.open("deposit");
+    QTest::keyClicks(s.dlg.LineEdit, "50");
+    QTest::mouseClick(s.dlg.OkButton, Qt::LeftButton);
+    QCOMPARE(s.dlg.result(), 1);
+    QCOMPARE(s.line->change, 50.0);
+    QCOMPARE(s.line->percentage, 100.0);
+    QCOMPARE(s.line->type, QString("deposit"));
+    QCOMPARE(s.line->magic, -2);
+    QCOMPARE(s.user->value, 50.0);
+    QVERIFY(s.journey.doc.isModified());
+}
+
+void TestUserCash::typingANegativePayOffStoresAPositiveChange()
+{
+    CashSetup s;
+    s.open("pay off");
+    QTest::keyClicks(s.dlg.LineEdit, "-20.5");
+    QTest::mouseClick(s.dlg.OkButton, Qt::LeftButton);
+    QCOMPARE(s.line->change, 20.5);
+    QCOMPARE(s.user->value, 20.5);
+}
+
+void TestUserCash::okWithAnEmptyLineBooksZero()
+{
+    CashSetup s;
+    s.open("deposit");
+    QCOMPARE(s.dlg.LineEdit->text(), QString());
+    QTest::mouseClick(s.dlg.OkButton, Qt::LeftButton);
+    QCOMPARE(s.dlg.result(), 1);
+    QCOMPARE(s.line->change, 0.0);
+    // The fresh line had percentage 0.0, so even this counts as a booking.
+    QCOMPARE(s.line->percentage, 100.0);
+    QCOMPARE(s.line->type, QString("deposit"));
+    QVERIFY(s.journey.doc.isModified());
+}
+
+void TestUserCash::captionShowsTypeAndShortName()
+{
+    CashSetup s;
+    QCOMPARE(s.dlg.windowTitle(), QString("Form1"));
+    s.open("deposit");
+    QCOMPARE(s.dlg.windowTitle(), QString("deposit-XY"));
+    s.dlg.hide();
+    s.open("pay off");
+    QCOMPARE(s.dlg.windowTitle(), QString("pay off-XY"));
+    QCOMPARE(s.dlg.objectName(), QString("User cash"));
+}
+
+void TestUserCash::prepareEnablesLineAndDateButtonAndDisablesTheBox()
+{
+    CashSetup s;
+    s.dlg.LineEdit->setText("left over");
+    s.dlg.LineEdit->setEnabled(false);
+    s.dlg.DateButton->setEnabled(false);
+    s.open("deposit");
+    QVERIFY(s.dlg.LineEdit->isEnabled());
+    QVERIFY(s.dlg.DateButton->isEnabled());
+    QVERIFY(!s.dlg.ComboBox->isEnabled());
+    QCOMPARE(s.dlg.LineEdit->text(), QString());
+    QCOMPARE(s.dlg.TextLabel->text(), QString("03.05.2002"));
+    // Not maximised: it is a small box over the list.
+    QVERIFY(!s.dlg.isMaximized());
+}
+
+void TestUserCash::prepareWithoutUserOrLineChangesNothing()
+{
+    CashSetup s;
+    s.dlg.prepare("deposit", "01.01.2002", nullptr, s.line, &s.calendar);
+    QCOMPARE(s.dlg.windowTitle(), QString("Form1"));
+    QCOMPARE(s.dlg.TextLabel->text(), QString("TextLabel"));
+    s.dlg.prepare("deposit", "01.01.2002", s.user, nullptr, &s.calendar);
+    QCOMPARE(s.dlg.windowTitle(), QString("Form1"));
+    QCOMPARE(s.dlg.TextLabel->text(), QString("TextLabel"));
+    // OK on such a dialog books nothing into any line.
+    s.dlg.show();
+    QTest::mouseClick(s.dlg.OkButton, Qt::LeftButton);
+    QCOMPARE(s.line->change, 0.0);
+    QCOMPARE(s.line->percentage, 0.0);
+    QCOMPARE(s.line->type, QString(""));
+}
+
+void TestUserCash::emptyDateOpensTheCalendarFirst()
+{
+    CashSetup s;
+    ModalTicket cal = ModalHelper::pickDateInNextCalendar(QDate(2002, 6, 14));
+    s.open("deposit", QString());
+    QVERIFY2(cal->handled && cal->error.isEmpty(), qPrintable(cal->error));
+    QCOMPARE(cal->objectName, QString("Calendar"));
+    // The calendar ran before the dialog was shown.
+    QCOMPARE(s.dlg.TextLabel->text(), QString("14.06.2002"));
+    QTest::keyClicks(s.dlg.LineEdit, "10");
+    QTest::mouseClick(s.dlg.OkButton, Qt::LeftButton);
+    QCOMPARE(s.line->date, QString("14.06.2002"));
+}
+
+void TestUserCash::calendarLeftWithoutDateBooksAnEmptyDateAndKeepsTheLabel()
+{
+    CashSetup s;
+    s.open("deposit", "01.02.2002");
+    s.dlg.hide();
+    ModalTicket cal = ModalHelper::cancelNextCalendar();
+    s.open("deposit", QString());
+    QVERIFY2(cal->handled && cal->error.isEmpty(), qPrintable(cal->error));
+    QCOMPARE(s.dlg.TextLabel->text(), QString("01.02.2002"));
+    QTest::keyClicks(s.dlg.LineEdit, "10");
+    QTest::mouseClick(s.dlg.OkButton, Qt::LeftButton);
+    QCOMPARE(s.line->date, QString(""));
+    QCOMPARE(s.line->change, 10.0);
+}
+
+void TestUserCash::dateButtonOpensTheCalendarWithTheBookingDate()
+{
+    CashSetup s;
+    s.open("deposit", "03.05.2002");
+    QDate shown;
+    ModalTicket seen = ModalHelper::onNextModal(
+        [](QWidget *w) { return qobject_cast<calenderEdit *>(w) != nullptr; },
+        [&shown](QWidget *w, ModalOutcome &) {
+            auto *c = static_cast<calenderEdit *>(w);
+            shown = QDate::fromString(c->dateText(), "dd.MM.yyyy");
+            c->reject();
+        });
+    QTest::mouseClick(s.dlg.DateButton, Qt::LeftButton);
+    QVERIFY2(seen->handled, qPrintable(seen->error));
+    QCOMPARE(shown, QDate(2002, 5, 3));
+    QCOMPARE(s.dlg.TextLabel->text(), QString("03.05.2002"));
+
+    ModalTicket cal = ModalHelper::pickDateInNextCalendar(QDate(2002, 5, 20));
+    QTest::mouseClick(s.dlg.DateButton, Qt::LeftButton);
+    QVERIFY2(cal->handled && cal->error.isEmpty(), qPrintable(cal->error));
+    QCOMPARE(s.dlg.TextLabel->text(), QString("20.05.2002"));
+    QVERIFY(s.dlg.isVisible());
+    QTest::mouseClick(s.dlg.OkButton, Qt::LeftButton);
+    QCOMPARE(s.line->date, QString("20.05.2002"));
+}
+
+void TestUserCash::comboBoxDoesNothing()
+{
+    CashSetup s;
+    s.open("deposit");
+    s.dlg.ComboBox->addItem("anything");
+    // The override has an empty body: no stub message, no change.
+    s.dlg.slotComboChanged("anything");
+    QCOMPARE(s.dlg.windowTitle(), QString("deposit-XY"));
+    QVERIFY(s.dlg.isVisible());
+    QCOMPARE(s.line->type, QString(""));
+}
+
+void TestUserCash::textThatIsNoNumberBooksZero()
+{
+    CashSetup s;
+    s.open("deposit");
+    QTest::keyClicks(s.dlg.LineEdit, "ten");
+    QTest::mouseClick(s.dlg.OkButton, Qt::LeftButton);
+    QCOMPARE(s.line->change, 0.0);
+    QCOMPARE(s.line->percentage, 100.0);
+}
+
+void TestUserCash::tenThousandCharacterAmountBooksWithoutCrash()
+{
+    CashSetup s;
+    s.open("pay off");
+    const QString huge(10000, QLatin1Char('7'));
+    QTest::keyClicks(s.dlg.LineEdit, huge.left(50));
+    s.dlg.LineEdit->setText(huge);
+    QCOMPARE(s.dlg.LineEdit->text().size(), qsizetype(10000));
+    QTest::mouseClick(s.dlg.OkButton, Qt::LeftButton);
+    QCOMPARE(s.dlg.result(), 1);
+    // The number is what the conversion makes of it, with the pay-off sign.
+    QCOMPARE(s.line->change, -huge.toDouble());
+    QCOMPARE(s.user->value, s.line->change);
+}
+
+void TestUserCash::cancelAsksTheSaveQuestion()
+{
+    CashSetup s;
+    s.open("deposit");
+    ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::No);
+    QTest::mouseClick(s.dlg.CancelButton, Qt::LeftButton);
+    QVERIFY2(box->handled && box->error.isEmpty(), qPrintable(box->error));
+    QCOMPARE(box->title, QString("Cancel"));
+    QCOMPARE(box->text, QString(saveQuestion));
+    QCOMPARE(box->buttons, QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
+    QCOMPARE(box->icon, QMessageBox::Information);
+}
+
+void TestUserCash::cancelQuestionYesBooksAndAccepts()
+{
+    CashSetup s;
+    s.open("pay off");
+    QTest::keyClicks(s.dlg.LineEdit, "12.25");
+    ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::Yes);
+    QTest::mouseClick(s.dlg.CancelButton, Qt::LeftButton);
+    QVERIFY2(box->handled && box->error.isEmpty(), qPrintable(box->error));
+    QVERIFY(!s.dlg.isVisible());
+    QCOMPARE(s.dlg.result(), 1);
+    QCOMPARE(s.line->change, -12.25);
+    QCOMPARE(s.line->percentage, 100.0);
+    QCOMPARE(s.user->value, -12.25);
+    QVERIFY(s.journey.doc.isModified());
+}
+
+void TestUserCash::cancelQuestionNoLeavesTheLineAndRejects()
+{
+    CashSetup s;
+    s.open("deposit");
+    QTest::keyClicks(s.dlg.LineEdit, "12");
+    ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::No);
+    QTest::mouseClick(s.dlg.CancelButton, Qt::LeftButton);
+    QVERIFY2(box->handled && box->error.isEmpty(), qPrintable(box->error));
+    QVERIFY(!s.dlg.isVisible());
+    QCOMPARE(s.dlg.result(), 0);
+    QCOMPARE(s.line->change, 0.0);
+    QCOMPARE(s.line->percentage, 0.0);
+    QCOMPARE(s.line->type, QString(""));
+    QVERIFY(!s.journey.doc.isModified());
+}
+
+void TestUserCash::cancelQuestionCancelKeepsTheDialogOpen()
+{
+    CashSetup s;
+    s.open("deposit");
+    QTest::keyClicks(s.dlg.LineEdit, "12");
+    ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::Cancel);
+    QTest::mouseClick(s.dlg.CancelButton, Qt::LeftButton);
+    QVERIFY2(box->handled && box->error.isEmpty(), qPrintable(box->error));
+    QVERIFY(s.dlg.isVisible());
+    QCOMPARE(s.dlg.LineEdit->text(), QString("12"));
+    QCOMPARE(s.line->change, 0.0);
+    // Then OK books what was typed.
+    QTest::mouseClick(s.dlg.OkButton, Qt::LeftButton);
+    QCOMPARE(s.line->change, 12.0);
+}
+
+void TestUserCash::closingTheWindowAsksAndCancelKeepsItOpen()
+{
+    CashSetup s;
+    s.open("deposit");
+    ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::Cancel);
+    QVERIFY(!s.dlg.close());
+    QVERIFY2(box->handled && box->error.isEmpty(), qPrintable(box->error));
+    QCOMPARE(box->title, QString("Cancel"));
+    QCOMPARE(box->text, QString(saveQuestion));
+    QVERIFY(s.dlg.isVisible());
+}
+
+void TestUserCash::closingTheWindowAndNoRejects()
+{
+    CashSetup s;
+    s.open("deposit");
+    ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::No);
+    QVERIFY(s.dlg.close());
+    QVERIFY2(box->handled && box->error.isEmpty(), qPrintable(box->error));
+    QVERIFY(!s.dlg.isVisible());
+    QCOMPARE(s.dlg.result(), 0);
+    QCOMPARE(s.line->percentage, 0.0);
+}
+
+void TestUserCash::ktoFormHasItsWidgetsInOrder()
+{
+    UserKtoDlg form;
+    QCOMPARE(form.objectName(), QString("UserKtoDlg"));
+    QCOMPARE(FormCheck::childWidgets(&form),
+             QStringList({"ValTextLabel:QLabel", "CloseButton:QToolButton",
+                          "ListView:QTreeWidget"}));
+    QCOMPARE(form.windowTitle(), QString("Form1"));
+}
+
+void TestUserCash::ktoFormTextsToolTipsAndWhatsThis()
+{
+    UserKtoDlg form;
+    checkTexts(form.ValTextLabel, "Shows the users amount of money.",
+               "Shows the users amount of money.");
+    checkTexts(form.CloseButton, "CloseButton", "This button closes the form.");
+    checkTexts(form.ListView, "show the users aacount", "The list shows the user account.");
+    QCOMPARE(form.ValTextLabel->text(), QString("value"));
+    QCOMPARE(form.CloseButton->text(), QString());
+    QVERIFY(!form.CloseButton->icon().isNull());
+    checkBigBoldFont(form.ValTextLabel);
+    QCOMPARE(form.ValTextLabel->frameShape(), QFrame::StyledPanel);
+    QCOMPARE(form.ValTextLabel->frameShadow(), QFrame::Sunken);
+    QCOMPARE(form.ValTextLabel->alignment(), Qt::AlignRight | Qt::AlignVCenter);
+}
+
+void TestUserCash::ktoFormLayoutAndHeaders()
+{
+    UserKtoDlg form;
+    QCOMPARE(FormCheck::layoutOutline(form.layout()),
+             (QStringList{"QVBoxLayout margins 11 spacing 6",
+                          "  QHBoxLayout margins 0 spacing 6",
+                          "    ValTextLabel",
+                          "    spacer 20x20 Expanding",
+                          "    CloseButton",
+                          "  ListView"}));
+    QTreeWidgetItem *header = form.ListView->headerItem();
+    QCOMPARE(form.ListView->columnCount(), 3);
+    QCOMPARE(header->text(0), QString("date"));
+    QCOMPARE(header->text(1), QString("change"));
+    QCOMPARE(header->text(2), QString("total"));
+    QVERIFY(!form.ListView->header()->sectionsClickable());
+}
+
+void TestUserCash::ktoFormStubSaysNotImplemented()
+{
+    UserKtoDlg form;
+    QTest::ignoreMessage(QtWarningMsg, "UserKtoDlg::slotClose(): Not implemented yet!");
+    form.slotClose();
+}
+
+void TestUserCash::ktoFormConnection()
+{
+    KtoRecorder form;
+    form.show();
+    QTest::mouseClick(form.CloseButton, Qt::LeftButton);
+    QCOMPARE(form.calls, QStringList({"slotClose"}));
+}
+
+void TestUserCash::ktoFormKeepsTheBalanceLabelBigOnAFontChange()
+{
+    UserKtoDlg form;
+    const QFont before = QApplication::font();
+    QFont bigger = before;
+    bigger.setPointSize(23);
+    QApplication::setFont(bigger);
+    checkBigBoldFont(form.ValTextLabel);
+    QApplication::setFont(before);
+    checkBigBoldFont(form.ValTextLabel);
+}
+
+void TestUserCash::ktoPrepareWithNullShowsNothingAndKeepsTheFormsTexts()
+{
+    Journey j;
+    userKtoEdit dlg(nullptr, "User account", true, &j.doc);
+    dlg.hide();
+    // The constructor ran prepare(0) already; so does this.
+    dlg.prepare(nullptr);
+    QCOMPARE(dlg.windowTitle(), QString("Form1"));
+    QCOMPARE(dlg.ValTextLabel->text(), QString("value"));
+    QCOMPARE(dlg.ListView->topLevelItemCount(), 0);
+    QCOMPARE(dlg.objectName(), QString("User account"));
+    QVERIFY(dlg.ListView->allColumnsShowFocus());
+    QVERIFY(!dlg.ListView->isSortingEnabled());
+}
+
+void TestUserCash::ktoAccountWithNoLinesShowsAnEmptyListAndZeroBalance()
+{
+    Journey j;
+    UserData *user = j.addUser("AB");
+    userKtoEdit dlg(nullptr, "User account", true, &j.doc);
+    dlg.hide();
+    dlg.prepare(user);
+    QCOMPARE(dlg.ValTextLabel->text(), QString("0.00 EUR"));
+    QCOMPARE(dlg.windowTitle(), QString("account : AB"));
+    QCOMPARE(dlg.ListView->topLevelItemCount(), 0);
+}
+
+void TestUserCash::ktoNewestLineOnTopWithRunningTotal()
+{
+    Journey j;
+    UserData *user = j.addUser("AB");
+    auto book = [user](const char *date, double change) {
+        KtoData *line = user->addKto(-2);
+        line->date = date;
+        line->change = change;
+    };
+    book("01.05.2002", 100.0);
+    book("02.05.2002", -33.333);
+    book("03.05.2002", -10.0);
+    j.doc.recalcUsers();
+    userKtoEdit dlg(nullptr, "User account", true, &j.doc);
+    dlg.hide();
+    dlg.prepare(user);
+    QCOMPARE(dlg.ValTextLabel->text(), QString("56.67 EUR"));
+    QCOMPARE(rowTexts(dlg.ListView), QStringList({"03.05.2002|-10.00|56.67",
+                                                  "02.05.2002|-33.33|66.67",
+                                                  "01.05.2002|100.00|100.00"}));
+
+    // A second traveller replaces the rows of the first.
+    UserData *other = j.addUser("CD");
+    KtoData *line = other->addKto(-3);
+    line->date = "04.05.2002";
+    line->change = -5.0;
+    j.doc.recalcUsers();
+    dlg.prepare(other);
+    QCOMPARE(dlg.windowTitle(), QString("account : CD"));
+    QCOMPARE(dlg.ValTextLabel->text(), QString("-5.00 EUR"));
+    QCOMPARE(rowTexts(dlg.ListView), QStringList({"04.05.2002|-5.00|-5.00"}));
+}
+
+void TestUserCash::ktoLinesOfAllKindsAndZeroChangesShowAlike()
+{
+    Journey j;
+    UserData *user = j.addUser("AB");
+    KtoData *share = user->addKto(7);
+    share->type = "share";
+    share->date = "01.05.2002";
+    // A share of nothing was stored as the negated zero.
+    share->change = -0.0;
+    KtoData *deposit = user->addKto(-2);
+    deposit->type = "deposit";
+    deposit->date = "02.05.2002";
+    deposit->change = 20.0;
+    KtoData *payoff = user->addKto(-3);
+    payoff->type = "pay off";
+    payoff->date = "03.05.2002";
+    payoff->change = -5.0;
+    j.doc.recalcUsers();
+    userKtoEdit dlg(nullptr, "User account", true, &j.doc);
+    dlg.hide();
+    dlg.prepare(user);
+    QCOMPARE(rowTexts(dlg.ListView), QStringList({"03.05.2002|-5.00|15.00",
+                                                  "02.05.2002|20.00|20.00",
+                                                  "01.05.2002|-0.00|0.00"}));
+}
+
+void TestUserCash::ktoCloseAcceptsAndChangesNothing()
+{
+    Journey j;
+    UserData *user = j.addUser("AB");
+    user->addKto(-2)->change = 4.0;
+    j.doc.recalcUsers();
+    userKtoEdit dlg(nullptr, "User account", true, &j.doc);
+    dlg.hide();
+    dlg.prepare(user);
+    ModalTicket shown = ModalHelper::clickInNextDialog("CloseButton", {}, "userKtoEdit");
+    const int result = dlg.exec();
+    QVERIFY2(shown->handled && shown->error.isEmpty(), qPrintable(shown->error));
+    QCOMPARE(shown->title, QString("account : AB"));
+    QCOMPARE(result, 1);
+    QVERIFY(!j.doc.isModified());
+    QCOMPARE(user->kto.count(), 1);
+    QCOMPARE(user->value, 4.0);
+}
+
+void TestUserCash::ktoClosingTheWindowAccepts()
+{
+    Journey j;
+    userKtoEdit dlg(nullptr, "User account", true, &j.doc);
+    dlg.show();
+    QVERIFY(dlg.close());
+    QVERIFY(!dlg.isVisible());
+    QCOMPARE(dlg.result(), 1);
+}
+
+QTEST_MAIN(TestUserCash)
+#include "tst_usercash.moc"
