@@ -11,5 +11,6 @@ if(EXISTS ${CMAKE_CURRENT_SOURCE_DIR}/dialogs.cmake)
   # Form headers include the ui_*.h that AUTOUIC writes: whoever includes a form needs them.
   target_include_directories(wayfern_ui PUBLIC ${CMAKE_CURRENT_BINARY_DIR}/wayfern_ui_autogen/include)
   include(${CMAKE_CURRENT_SOURCE_DIR}/dialogs.cmake)
+  include(${CMAKE_CURRENT_SOURCE_DIR}/editors.cmake OPTIONAL)
   include(${CMAKE_CURRENT_SOURCE_DIR}/shell.cmake OPTIONAL)
 endif()
