@@ -13,7 +13,9 @@ class WayfernApp;
 class WayfernIO;
 class WayfernIOCfg;
 class WayfernIOLast;
+class baseEdit;
 class calenderEdit;
+class costsEdit;
 
 // The working surface: overview, costs and tips of the journey in hand. Owns the file
 // objects and the first-level dialogs and keeps the lists in step with the document: every
@@ -54,6 +56,8 @@ public:
     TipData *actutip = nullptr;
     UserData *actuuser = nullptr;
     CurrData *actucurr = nullptr;
+    baseEdit *baseInput = nullptr;   // child widget
+    costsEdit *costsInput = nullptr; // child widget
     calenderEdit *calendar = nullptr;
     WayFernData *doc = nullptr;
     WayfernApp *app = nullptr;
@@ -76,6 +80,11 @@ public:
     QString labelCategory;
 
 public slots:
+    void slotCCopy() override;
+    void slotCPaste() override;
+    void slotCostsChange() override;
+    void slotCostsDelete() override;
+    void slotCostsNew() override;
     void slotCostsSelectionChanged(QTreeWidgetItem *item) override;
     void slotTipSelectionChanged(QTreeWidgetItem *item) override;
     void slotOverChanged();
@@ -85,4 +94,7 @@ public slots:
 private:
     // The current records must never be followed once their journey is gone.
     void forgetStaleRecords();
+    // The date sort moves contents between list positions: afterwards `actucost` points at
+    // the position that holds the cost it pointed at before.
+    void sortCostsFollowingCurrent();
 };
