@@ -11,4 +11,8 @@ target_sources(wayfern_ui PRIVATE
   dialogs/scqtfileeditdlg.h dialogs/scqtfileeditdlg.cpp
   dialogs/scqtwidgetutil.h dialogs/scqtwidgetutil.cpp
   dialogs/savechangesquestion.h dialogs/savechangesquestion.cpp
+  forms/userpaydlg.ui forms/userpaydlg.h forms/userpaydlg.cpp
+  forms/userktodlg.ui forms/userktodlg.h forms/userktodlg.cpp
+  editors/userpayedit.h editors/userpayedit.cpp
+  editors/userktoedit.h editors/userktoedit.cpp
 )

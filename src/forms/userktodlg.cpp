@@ -1,0 +1,45 @@
+#include "forms/userktodlg.h"
+
+#include "forms/formsupport.h"
+
+#include <QEvent>
+#include <QFont>
+#include <QHeaderView>
+
+UserKtoDlg::UserKtoDlg(QWidget *parent, const char *name, bool modal, Qt::WindowFlags fl)
+    : QDialog(parent, fl)
+{
+    initFormResources();
+    setupUi(this);
+    if (name)
+        setObjectName(QString::fromUtf8(name));
+    setModal(modal);
+
+    // The headers only label the columns: a tap on them sorts nothing.
+    ListView->header()->setSectionsClickable(false);
+
+    connect(CloseButton, &QToolButton::clicked, this, [this] { slotClose(); });
+}
+
+UserKtoDlg::~UserKtoDlg()
+{
+    disconnectChildren(this);
+}
+
+bool UserKtoDlg::event(QEvent *e)
+{
+    const bool handled = QDialog::event(e);
+    if (e->type() == QEvent::ApplicationFontChange) {
+        // The balance stays large and bold whatever the application font becomes.
+        QFont font = this->font();
+        font.setPointSize(11);
+        font.setBold(true);
+        ValTextLabel->setFont(font);
+    }
+    return handled;
+}
+
+void UserKtoDlg::slotClose()
+{
+    qWarning("UserKtoDlg::slotClose(): Not implemented yet!");
+}
