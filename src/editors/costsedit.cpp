@@ -1,6 +1,7 @@
 #include "editors/costsedit.h"
 
 #include "data/wayferndata.h"
+#include "editors/userpayedit.h"
 
 #include <QList>
 #include <QStringList>
@@ -8,6 +9,8 @@
 costsEdit::costsEdit(QWidget *parent, const char *name, bool modal, WayFernData *doc)
     : ItemEditor<CostsDlg>(parent, name, modal, doc)
 {
+    userPay = new userPayEdit(this, tr("User costs").toLatin1().constData(), true, doc);
+    userPay->hide();
     rowDate = tr("date");
     rowType = tr("type");
     rowShort = tr("short");
@@ -108,6 +111,10 @@ void costsEdit::storeChanges(bool)
 {
     if (!actu)
         return;
+    // Every changed cost passes through the share dialog once; whatever it answers, the
+    // cost is stored.
+    if (document->userflag && !shareEdited)
+        slotUserPay();
     copyData(&tmp, actu);
     document->setModified(true);
     emit overChanged();
@@ -225,4 +232,25 @@ void costsEdit::slotComboChanged(const QString &text)
 void costsEdit::slotSelectButton()
 {
     pickDate(rowDate, calendar, actu ? actu->date : QString(), &costDate);
+}
+
+void costsEdit::slotUserPay()
+{
+    // Costs from old files carry no id of their own and can't be shared.
+    if (tmp.id <= 0)
+        return;
+    if (!tmp.shared)
+        document->addAllKto(tmp.id);
+    // The amount as the row shows it.
+    const double amount = tmp.bval.toDouble();
+    userPay->prepare(amount, costDate, calendar, tmp.id);
+    userPay->exec();
+    userPay->hide();
+    if (userPay->result() == QDialog::Accepted) {
+        tmp.shared = true;
+        emit overChanged();
+        shareEdited = true;
+    } else if (!tmp.shared) {
+        document->removeAllKto(tmp.id);
+    }
 }

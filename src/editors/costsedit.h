@@ -7,6 +7,7 @@
 #include <QString>
 
 class calenderEdit;
+class userPayEdit;
 class WayFernData;
 
 // Enters and changes one cost. The type and the currency come from combo boxes, the base
@@ -40,8 +41,10 @@ public:
     calenderEdit *calendar = nullptr; // not owned
     QString costDate;            // the date as last confirmed in the calendar
     bool shareEdited = false;    // the share dialog was confirmed since prepare
+    userPayEdit *userPay = nullptr; // child of this dialog
 
 public slots:
+    void slotUserPay() override;
     void slotComboChanged(const QString &text) override;
     void slotSelectButton() override;
     void slotSelectionChanged(QTreeWidgetItem *item) override;
