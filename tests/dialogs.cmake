@@ -3,3 +3,5 @@
 wayfern_add_test(calendar LIBS wayfern_ui SOURCES modalhelper.h modalhelper.cpp)
 wayfern_add_test(filedialog LIBS wayfern_ui SOURCES modalhelper.h modalhelper.cpp)
 wayfern_add_test(widgetutil LIBS wayfern_ui SOURCES modalhelper.h modalhelper.cpp)
+# The record editors.
+wayfern_add_test(costseditor LIBS wayfern_ui SOURCES editortestutil.h modalhelper.h modalhelper.cpp stdoutcapture.h)
