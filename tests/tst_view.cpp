@@ -201,15 +201,16 @@ private slots:
         QVERIFY(v->ChangeButton->isEnabled());
         QCOMPARE(v->actucost, app.doc->costs.at(3));
 
-        // The refresh restores the selection through the current record; the sort moves
-        // contents between records, so the record keeps its list position.
+        // The refresh restores the selection through the current record. The sort moves
+        // contents between list positions, and the selection follows the cost to the top.
         app.doc->costs.at(3)->date = QStringLiteral("29.05.2002");
-        CostsData *current = v->actucost;
         v->refreshView();
-        QCOMPARE(v->actucost, current);
+        QCOMPARE(v->actucost, app.doc->costs.at(0));
         QCOMPARE(app.doc->costs.at(0)->date, QStringLiteral("29.05.2002"));
+        QCOMPARE(app.doc->costs.at(0)->type, QStringLiteral("Museum"));
         QCOMPARE(list->selectedItems().size(), 1);
-        QCOMPARE(list->selectedItems().first(), list->topLevelItem(3));
+        QCOMPARE(list->selectedItems().first(), list->topLevelItem(0));
+        QCOMPARE(list->currentItem(), list->topLevelItem(0));
         QCOMPARE(v->findCost(list->selectedItems().first()), v->actucost);
 
         v->TabWidget2->setCurrentIndex(2);

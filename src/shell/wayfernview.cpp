@@ -4,6 +4,8 @@
 #include "data/wayferndata.h"
 #include "dialogs/calenderedit.h"
 #include "dialogs/scqtwidgetutil.h"
+#include "editors/baseedit.h"
+#include "editors/costsedit.h"
 #include "shell/wayfernapp.h"
 #include "storage/printline.h"
 #include "storage/wayfernio.h"
@@ -12,6 +14,7 @@
 
 #include <QHeaderView>
 #include <QIcon>
+#include <QMessageBox>
 #include <QPixmap>
 #include <QTreeWidget>
 
@@ -64,15 +67,26 @@ WayfernView::~WayfernView() = default;
 
 void WayfernView::createDialogs()
 {
-    // The costs, tip, base settings, currency list and user list dialogs join here with
-    // their own classes, before the calendar.
+    // The tip, currency list and user list dialogs join here in this order: costs, tip,
+    // base settings, currency list, user list, calendar.
+    costsInput = new costsEdit(this, tr("Input costs").toLatin1().constData(), true, doc);
+    costsInput->hide();
+    baseInput = new baseEdit(this, tr("base settings").toLatin1().constData(), true, doc);
+    baseInput->hide();
     calendar = new calenderEdit(this, tr("Calendar").toLatin1().constData(), true, doc);
     calendar->hide();
+
+    connect(costsInput, &costsEdit::overChanged, this, &WayfernView::slotOverChanged);
+    connect(baseInput, &baseEdit::overChanged, this, &WayfernView::slotOverChanged);
+    connect(baseInput, &baseEdit::baseCurrencyChanged, this, &WayfernView::slotBCurrChanged);
 }
 
 void WayfernView::openBase()
 {
-    // Comes with the base settings dialog.
+    // The dialog's signals do the rest.
+    baseInput->setData();
+    baseInput->exec();
+    baseInput->hide();
 }
 
 void WayfernView::openCurr()
@@ -110,7 +124,7 @@ void WayfernView::initLists()
 void WayfernView::refreshView()
 {
     forgetStaleRecords();
-    sortCosts();
+    sortCostsFollowingCurrent();
     calcSums();
     fillCosts();
     sortTips();
@@ -132,6 +146,27 @@ void WayfernView::sortCosts()
 {
     // Shares the record tools' memory of the date read last, as their date helpers do.
     JourneyCalc::sortCosts(*doc, ScQtUtil::lastDate);
+}
+
+void WayfernView::sortCostsFollowingCurrent()
+{
+    if (!actucost) {
+        sortCosts();
+        return;
+    }
+    // The currency pointer travels with a cost's contents and is recomputed by every
+    // refresh: a mark in it that no record can hold finds the cost again.
+    static CurrData mark;
+    CurrData *const saved = actucost->curr;
+    actucost->curr = &mark;
+    sortCosts();
+    for (CostsData *cost : doc->costs) {
+        if (cost->curr == &mark) {
+            cost->curr = saved;
+            actucost = cost;
+            break;
+        }
+    }
 }
 
 void WayfernView::sortTips()
@@ -169,6 +204,8 @@ void WayfernView::fillCosts()
     CostsListView->addTopLevelItems(items);
     if (current) {
         CostsListView->scrollToItem(current);
+        // Current as well as selected: change and delete take the current item.
+        CostsListView->setCurrentItem(current);
         current->setSelected(true);
     }
 }
@@ -343,4 +380,81 @@ bool WayfernView::saveView(const QString &path)
     io->WriteFile(path);
     doc->setModified(false);
     return true;
+}
+
+void WayfernView::slotCostsNew()
+{
+    CostsData *cost = doc->costs.append();
+    actucost = cost;
+    const int id = doc->nextCostId();
+    cost->id = id;
+    costsInput->prepare(actucost, calendar);
+    costsInput->exec();
+    costsInput->hide();
+    if (costsInput->result() == QDialog::Rejected) {
+        doc->removeAllKto(id);
+        doc->costs.remove(cost);
+        actucost = doc->costs.first();
+    }
+    refreshView();
+}
+
+void WayfernView::slotCostsChange()
+{
+    QTreeWidgetItem *item = CostsListView->currentItem();
+    if (!item)
+        return;
+    actucost = findCost(item);
+    if (actucost) {
+        costsInput->prepare(actucost, calendar);
+        costsInput->exec();
+        costsInput->hide();
+    }
+    refreshView();
+}
+
+void WayfernView::slotCostsDelete()
+{
+    QTreeWidgetItem *item = CostsListView->currentItem();
+    if (!item)
+        return;
+    CostsData *cost = findCost(item);
+    if (!cost)
+        return;
+    const QString text = tr("Delete entry") + QStringLiteral("\n") + cost->fval
+        + QStringLiteral(" ") + cost->ctype + QStringLiteral("\n") + tr("or ") + cost->bval
+        + QStringLiteral(" ") + doc->basecurrency + QStringLiteral("\n\n")
+        + tr("confirm with yes !");
+    const auto answer = QMessageBox::information(this, QStringLiteral("Delete item"), text,
+                                                 QMessageBox::Yes | QMessageBox::Cancel);
+    if (answer == QMessageBox::Yes) {
+        // The account lines first: they are found through the cost's id.
+        doc->removeAllKto(cost->id);
+        doc->costs.remove(cost);
+        actucost = doc->costs.first();
+    }
+    refreshView();
+}
+
+void WayfernView::slotCCopy()
+{
+    if (!actucost || !doc->costs.contains(actucost))
+        return;
+    costCopied = true;
+    PasteButton->setEnabled(true);
+    costsInput->copyData(actucost, &costBuffer);
+}
+
+void WayfernView::slotCPaste()
+{
+    if (!actucost || !costCopied || !doc->costs.contains(actucost))
+        return;
+    // On top of the selected entry; the sort then places it by its date.
+    CostsData *cost = doc->costs.insert(doc->costs.indexOf(actucost));
+    actucost = cost;
+    costsInput->copyData(&costBuffer, cost);
+    // A new cost of its own: the source's account lines stay with the source.
+    cost->id = doc->nextCostId();
+    cost->shared = false;
+    refreshView();
 }

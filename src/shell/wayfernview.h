@@ -15,7 +15,9 @@ class WayfernApp;
 class WayfernIO;
 class WayfernIOCfg;
 class WayfernIOLast;
+class baseEdit;
 class calenderEdit;
+class costsEdit;
 
 // The working surface: overview, costs and tips of the journey in hand. Owns the file
 // objects and the first-level dialogs and keeps the lists in step with the document: every
@@ -56,6 +58,8 @@ public:
     TipData *actutip = nullptr;
     UserData *actuuser = nullptr;
     CurrData *actucurr = nullptr;
+    baseEdit *baseInput = nullptr;   // child widget
+    costsEdit *costsInput = nullptr; // child widget
     calenderEdit *calendar = nullptr;
     WayFernData *doc = nullptr;
     WayfernApp *app = nullptr;
@@ -78,6 +82,11 @@ public:
     QString labelCategory;
 
 public slots:
+    void slotCCopy() override;
+    void slotCPaste() override;
+    void slotCostsChange() override;
+    void slotCostsDelete() override;
+    void slotCostsNew() override;
     void slotCostsSelectionChanged(QTreeWidgetItem *item) override;
     void slotTipSelectionChanged(QTreeWidgetItem *item) override;
     void slotOverChanged();
@@ -87,4 +96,7 @@ public slots:
 private:
     // The current records must never be followed once their journey is gone.
     void forgetStaleRecords();
+    // The date sort moves contents between list positions: afterwards `actucost` points at
+    // the position that holds the cost it pointed at before.
+    void sortCostsFollowingCurrent();
 };

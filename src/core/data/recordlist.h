@@ -39,6 +39,15 @@ public:
         return items.back().get();
     }
 
+    // Inserts a record with its default values in front of position `i` (at the end when
+    // `i` is past it) and returns it.
+    T *insert(int i)
+    {
+        ++changes;
+        const size_t at = i < 0 ? 0 : std::min(size_t(i), items.size());
+        return items.insert(items.begin() + long(at), std::make_unique<T>())->get();
+    }
+
     int count() const { return int(items.size()); }
     bool isEmpty() const { return items.empty(); }
     T *at(int i) const { return items[size_t(i)].get(); }

@@ -1,0 +1,256 @@
+#include "editors/costsedit.h"
+
+#include "data/wayferndata.h"
+#include "editors/userpayedit.h"
+
+#include <QList>
+#include <QStringList>
+
+costsEdit::costsEdit(QWidget *parent, const char *name, bool modal, WayFernData *doc)
+    : ItemEditor<CostsDlg>(parent, name, modal, doc)
+{
+    userPay = new userPayEdit(this, tr("User costs").toLatin1().constData(), true, doc);
+    userPay->hide();
+    rowDate = tr("date");
+    rowType = tr("type");
+    rowShort = tr("short");
+    rowCurrency = tr("currency type");
+    rowForeign = tr("foreign value");
+    rowBase = tr("base value");
+    rowComment = tr("comment");
+    rowExchange = tr("exch. rate");
+    modified = false;
+}
+
+costsEdit::~costsEdit() = default;
+
+QString costsEdit::cancelCaption() const
+{
+    return tr("Cancel");
+}
+
+QString costsEdit::typeLetter(const QString &type)
+{
+    const char c = *document->firstCapital(type);
+    return c ? QString(QLatin1Char(c)) : QStringLiteral("");
+}
+
+void costsEdit::copyData(const CostsData *source, CostsData *target)
+{
+    if (!source || !target)
+        return;
+    target->comment = source->comment;
+    target->shared = source->shared;
+    target->id = source->id;
+    target->exchange = source->exchange;
+    target->exchangevalue = source->exchangevalue;
+    target->fval = source->fval;
+    target->bval = source->bval;
+    target->type = source->type;
+    target->typeletter = source->typeletter;
+    target->date = source->date;
+    target->ctype = source->ctype;
+}
+
+void costsEdit::prepare(CostsData *cost, calenderEdit *cal)
+{
+    modified = false;
+    shareEdited = false;
+    actu = cost;
+    selected = nullptr;
+    calendar = cal;
+    costDate = cost ? cost->date : QString();
+    copyData(cost, &tmp);
+    if (!document->currencies.isEmpty() && tmp.ctype.isEmpty())
+        tmp.ctype = document->currencies.first()->short_;
+    if (!document->ctypes.isEmpty() && tmp.type.isEmpty())
+        tmp.type = document->ctypes.first()->type;
+    tmp.typeletter = typeLetter(tmp.type);
+    fillList();
+    disableEditWidgets();
+    UserButton->setEnabled(false);
+}
+
+void costsEdit::fillList()
+{
+    ListView->clear();
+    const QList<QStringList> rows{
+        {rowDate, tmp.date},      {rowType, tmp.type},     {rowShort, tmp.typeletter},
+        {rowCurrency, tmp.ctype}, {rowForeign, tmp.fval},  {rowBase, tmp.bval},
+        {rowExchange, tmp.exchange}, {rowComment, tmp.comment}};
+    QList<QTreeWidgetItem *> items;
+    for (const QStringList &row : rows)
+        items.append(new QTreeWidgetItem(row));
+    ListView->addTopLevelItems(items);
+}
+
+void costsEdit::readList()
+{
+    tmp.date = util.getContent(ListView, rowDate, 1);
+    tmp.type = util.getContent(ListView, rowType, 1);
+    tmp.typeletter = util.getContent(ListView, rowShort, 1);
+    tmp.ctype = util.getContent(ListView, rowCurrency, 1);
+    tmp.fval = util.getContent(ListView, rowForeign, 1);
+    tmp.bval = util.getContent(ListView, rowBase, 1);
+    tmp.exchange = util.getContent(ListView, rowExchange, 1);
+    tmp.comment = util.getContent(ListView, rowComment, 1);
+}
+
+void costsEdit::checkChanges()
+{
+    if (!actu)
+        return;
+    if (tmp.date != actu->date || tmp.type != actu->type || tmp.typeletter != actu->typeletter
+        || tmp.ctype != actu->ctype || tmp.fval != actu->fval || tmp.bval != actu->bval
+        || tmp.exchange != actu->exchange || tmp.comment != actu->comment
+        || tmp.shared != actu->shared)
+        modified = true;
+}
+
+void costsEdit::storeChanges(bool)
+{
+    if (!actu)
+        return;
+    // Every changed cost passes through the share dialog once; whatever it answers, the
+    // cost is stored.
+    if (document->userflag && !shareEdited)
+        slotUserPay();
+    copyData(&tmp, actu);
+    document->setModified(true);
+    emit overChanged();
+    modified = false;
+}
+
+void costsEdit::recalc()
+{
+    document->recalcCost(&tmp, tmp.ctype);
+    if (QTreeWidgetItem *row = util.findItem(ListView, rowForeign, 0))
+        row->setText(1, tmp.fval);
+    if (QTreeWidgetItem *row = util.findItem(ListView, rowBase, 0))
+        row->setText(1, tmp.bval);
+}
+
+void costsEdit::slotSelectionChanged(QTreeWidgetItem *item)
+{
+    if (!isEditableSelection(item))
+        return;
+    selected = item;
+    UserButton->setEnabled(document->userflag);
+    const QString label = item->text(0);
+
+    if (label == rowType) {
+        ClearButton->setEnabled(false);
+        LineEdit->setEnabled(false);
+        util.fillCostTypes(document, ComboBox);
+        util.selectComboItem(ComboBox, tmp.type);
+        ComboBox->setEnabled(true);
+        ToolButton->setEnabled(false);
+        LineEdit->setText(item->text(1));
+    } else if (label == rowCurrency) {
+        ClearButton->setEnabled(false);
+        LineEdit->setEnabled(false);
+        util.fillCurrencies(document, ComboBox);
+        util.selectComboItem(ComboBox, tmp.ctype);
+        ComboBox->setEnabled(true);
+        ToolButton->setEnabled(false);
+        // The rate of the currency tells more here than its name.
+        if (const CurrData *currency = document->findCurrency(tmp.ctype))
+            LineEdit->setText(currency->factor);
+    } else if (label == rowExchange) {
+        ClearButton->setEnabled(false);
+        // A currency that is not in the table counts as not floating: the row is shown
+        // as it stands.
+        const CurrData *currency = document->findCurrency(tmp.ctype);
+        // For a fixed rate the line keeps the state the row before left it in.
+        if (currency && currency->isFloating())
+            LineEdit->setEnabled(true);
+        util.fillCurrencies(document, ComboBox);
+        util.selectComboItem(ComboBox, tmp.ctype);
+        ComboBox->setEnabled(false);
+        ToolButton->setEnabled(false);
+        const QString rate = item->text(1);
+        if (currency && (rate.isEmpty() || rate == QLatin1String("(null)")))
+            LineEdit->setText(currency->factor);
+        else
+            LineEdit->setText(rate);
+    } else if (label == rowDate) {
+        LineEdit->setEnabled(false);
+        ClearButton->setEnabled(false);
+        ComboBox->setEnabled(false);
+        ToolButton->setEnabled(true);
+        LineEdit->setText(item->text(1));
+    } else {
+        const bool typed = label == rowForeign || label == rowComment;
+        LineEdit->setEnabled(typed);
+        ClearButton->setEnabled(typed);
+        ComboBox->setEnabled(false);
+        ToolButton->setEnabled(false);
+        LineEdit->setText(item->text(1));
+    }
+}
+
+void costsEdit::slotTextChanged(const QString &text)
+{
+    if (!selected)
+        return;
+    const QString label = selected->text(0);
+    if (label == rowDate || label == rowExchange || label == rowComment) {
+        // A rate typed by hand is kept as text: it does not enter the base value.
+        selected->setText(1, text);
+    } else if (label == rowForeign) {
+        tmp.fval = text;
+        recalc();
+    }
+}
+
+void costsEdit::slotComboChanged(const QString &text)
+{
+    if (!selected)
+        return;
+    const QString label = selected->text(0);
+    if (label == rowType) {
+        if (QTreeWidgetItem *row = util.findItem(ListView, rowType, 0))
+            row->setText(1, text);
+        tmp.typeletter = typeLetter(text);
+        if (QTreeWidgetItem *row = util.findItem(ListView, rowShort, 0))
+            row->setText(1, tmp.typeletter);
+    } else if (label == rowCurrency) {
+        if (QTreeWidgetItem *row = util.findItem(ListView, rowCurrency, 0))
+            row->setText(1, text);
+        QTreeWidgetItem *rateRow = util.findItem(ListView, rowExchange, 0);
+        const CurrData *currency = text.isNull() ? nullptr : document->findCurrency(text);
+        // A new currency brings its own rate, over one typed by hand.
+        if (rateRow && currency) {
+            rateRow->setText(1, currency->factor);
+            LineEdit->setText(currency->factor);
+        }
+        tmp.ctype = text;
+        recalc();
+    }
+}
+
+void costsEdit::slotSelectButton()
+{
+    pickDate(rowDate, calendar, actu ? actu->date : QString(), &costDate);
+}
+
+void costsEdit::slotUserPay()
+{
+    // Costs from old files carry no id of their own and can't be shared.
+    if (tmp.id <= 0)
+        return;
+    if (!tmp.shared)
+        document->addAllKto(tmp.id);
+    // The amount as the row shows it.
+    const double amount = tmp.bval.toDouble();
+    userPay->prepare(amount, costDate, calendar, tmp.id);
+    userPay->exec();
+    userPay->hide();
+    if (userPay->result() == QDialog::Accepted) {
+        tmp.shared = true;
+        emit overChanged();
+        shareEdited = true;
+    } else if (!tmp.shared) {
+        document->removeAllKto(tmp.id);
+    }
+}
