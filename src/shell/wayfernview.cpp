@@ -302,7 +302,7 @@ double WayfernView::categorySum(const QString &type)
 
 void WayfernView::fillOverview()
 {
-    // Built top to bottom; the old program built bottom-up with each item in front.
+    // Built top to bottom, each item appended after the one before.
     OverListView->clear();
 
     auto *common = new QTreeWidgetItem(OverListView, QStringList{labelCommon});
