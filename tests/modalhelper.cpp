@@ -11,6 +11,7 @@
 #include <QElapsedTimer>
 #include <QLineEdit>
 #include <QPointer>
+#include <QSignalSpy>
 #include <QSpinBox>
 #include <QTableWidget>
 #include <QTest>
@@ -284,13 +285,17 @@ ModalTicket chooseFileInNextFileDialog(const QString &path, int timeoutMs)
                     dlg->ListView->findItems(parts[i], Qt::MatchExactly | Qt::MatchCaseSensitive, 0);
                 if (!found.isEmpty())
                     item = found.first();
+                // Entering a directory refills the list from a short timer, which clears
+                // the list first.
+                QSignalSpy refilled(dlg->ListView->model(), &QAbstractItemModel::modelReset);
                 if (!tapItem(dlg->ListView, item)) {
                     out.error += QStringLiteral("can't tap \"%1\" in the list; ").arg(parts[i]);
                     break;
                 }
-                // Entering a directory refills the list from a short timer.
-                if (i + 1 < parts.size())
-                    QTest::qWait(50);
+                if (i + 1 < parts.size() && !QTest::qWaitFor([&] { return !dlg || refilled.count() > 0; })) {
+                    out.error += QStringLiteral("\"%1\" was never entered; ").arg(parts[i]);
+                    break;
+                }
             }
             if (dlg)
                 click(dlg, "OkButton", out);
