@@ -280,19 +280,24 @@ ModalTicket chooseFileInNextFileDialog(const QString &path, int timeoutMs)
             QPointer<ScQtFileDlg> dlg = static_cast<ScQtFileDlg *>(w);
             const QStringList parts = path.split(QLatin1Char('/'), Qt::SkipEmptyParts);
             for (int i = 0; i < parts.size() && dlg; ++i) {
-                QTreeWidgetItem *item = nullptr;
-                const QList<QTreeWidgetItem *> found =
-                    dlg->ListView->findItems(parts[i], Qt::MatchExactly | Qt::MatchCaseSensitive, 0);
-                if (!found.isEmpty())
-                    item = found.first();
                 // Entering a directory refills the list from a short timer, which clears
                 // the list first.
                 QSignalSpy refilled(dlg->ListView->model(), &QAbstractItemModel::modelReset);
-                if (!tapItem(dlg->ListView, item)) {
+                // A list just refilled may not be laid out yet: its rows can't be tapped
+                // until it is.
+                const bool tapped = QTest::qWaitFor([&] {
+                    if (!dlg)
+                        return true;
+                    const QList<QTreeWidgetItem *> found = dlg->ListView->findItems(
+                        parts[i], Qt::MatchExactly | Qt::MatchCaseSensitive, 0);
+                    return !found.isEmpty() && tapItem(dlg->ListView, found.first());
+                });
+                if (!dlg || !tapped) {
                     out.error += QStringLiteral("can't tap \"%1\" in the list; ").arg(parts[i]);
                     break;
                 }
-                if (i + 1 < parts.size() && !QTest::qWaitFor([&] { return !dlg || refilled.count() > 0; })) {
+                if (i + 1 < parts.size()
+                    && !QTest::qWaitFor([&] { return !dlg || refilled.count() > 0; })) {
                     out.error += QStringLiteral("\"%1\" was never entered; ").arg(parts[i]);
                     break;
                 }
