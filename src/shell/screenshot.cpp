@@ -11,8 +11,8 @@
 #include <QApplication>
 #include <QDir>
 #include <QElapsedTimer>
-#include <QFileInfo>
 #include <QFile>
+#include <QFileInfo>
 #include <QLineEdit>
 #include <QPixmap>
 #include <QScreen>
@@ -25,11 +25,12 @@
 
 #include <cstdio>
 #include <functional>
-#include <memory>
 
 // Pictures of the main window and of the cost dialogs for the documentation, taken as a
-// user sees them: each window is shown through the program's own actions on a journey,
-// and the whole screen is saved, so a dialog that does not fill it shows over the window.
+// user sees them: the costs, share and base settings dialogs open through the window's own
+// buttons and actions, the deposit and account dialogs are built here as the user list
+// builds them, and each picture is the whole screen, so a dialog that does not fill it
+// shows over the window.
 //
 //   wayfern-screenshot DIR [JOURNEY [SUFFIX]]
 //
