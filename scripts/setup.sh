@@ -3,6 +3,7 @@
 #   bash scripts/setup.sh           what the build, the tests and the run command use
 #   bash scripts/setup.sh ninja     also ninja-build, for scripts/check-multiconfig.sh
 #   bash scripts/setup.sh format    also clang-format, to check a file against .clang-format
+#   bash scripts/setup.sh screenshots   also a virtual X server, for scripts/screenshots.sh
 set -euo pipefail
 
 packages=(
@@ -20,7 +21,9 @@ for extra in "$@"; do
   case "$extra" in
     ninja) packages+=(ninja-build) ;;
     format) packages+=(clang-format) ;;
-    *) echo "setup.sh: unknown extra '$extra' (ninja, format)" >&2; exit 2 ;;
+    # xvfb-run needs xauth, which is only recommended
+    screenshots) packages+=(xvfb xauth) ;;
+    *) echo "setup.sh: unknown extra '$extra' (ninja, format, screenshots)" >&2; exit 2 ;;
   esac
 done
 

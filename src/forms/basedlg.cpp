@@ -11,6 +11,7 @@ BaseDlg::BaseDlg(QWidget *parent, const char *name, bool modal, Qt::WindowFlags 
     if (name)
         setObjectName(QString::fromUtf8(name));
     setModal(modal);
+    sizeItemContentColumns(this);
 
     connectItemContentForm(this);
     connectItemContentCombo(this);

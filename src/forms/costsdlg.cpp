@@ -11,6 +11,7 @@ CostsDlg::CostsDlg(QWidget *parent, const char *name, bool modal, Qt::WindowFlag
     if (name)
         setObjectName(QString::fromUtf8(name));
     setModal(modal);
+    sizeItemContentColumns(this);
 
     connectItemContentForm(this);
     connectItemContentCombo(this);

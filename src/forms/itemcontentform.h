@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QComboBox>
+#include <QHeaderView>
 #include <QLineEdit>
 #include <QToolButton>
 #include <QTreeWidget>
@@ -31,4 +32,12 @@ void connectItemContentCombo(Form *form)
 {
     QObject::connect(form->ComboBox, &QComboBox::textActivated, form,
                      [form](const QString &text) { form->slotComboChanged(text); });
+}
+
+// The labels are short and the contents long: the label column takes the width of its
+// widest label and the content column the rest, so no label is cut on a small screen.
+template <typename Form>
+void sizeItemContentColumns(Form *form)
+{
+    form->ListView->header()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
 }

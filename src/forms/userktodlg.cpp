@@ -17,6 +17,10 @@ UserKtoDlg::UserKtoDlg(QWidget *parent, const char *name, bool modal, Qt::Window
 
     // The headers only label the columns: a tap on them sorts nothing.
     ListView->header()->setSectionsClickable(false);
+    // Each column takes the width it needs, so that the running total stays in view on a
+    // small screen.
+    ListView->header()->setStretchLastSection(false);
+    ListView->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
 
     connect(CloseButton, &QToolButton::clicked, this, [this] { slotClose(); });
 }

@@ -1,0 +1,17 @@
+#!/usr/bin/env bash
+# Takes the pictures in docs/ on a virtual X server: the main window and the cost dialogs
+# on docs/sample.wfn, once on a 480x640 screen and once on a 240x320 screen.
+set -euo pipefail
+top="$(cd "$(dirname "$0")/.." && pwd)"
+bash "$top/scripts/setup.sh" screenshots
+build="${WAYFERN_BUILD_DIR:-$top/build}"
+cmake -S "$top" -B "$build"
+cmake --build "$build" --target wayfern-screenshot --parallel "$(nproc)"
+out="${1:-$top/docs}"
+for size in 480x640 240x320; do
+  suffix="-$size"
+  [ "$size" = 480x640 ] && suffix=""
+  # The platform is X here, whatever the caller's environment says.
+  env -u QT_QPA_PLATFORM xvfb-run -a -s "-screen 0 ${size}x24" \
+    "$build/src/wayfern-screenshot" "$out" "$top/docs/sample.wfn" "$suffix"
+done
