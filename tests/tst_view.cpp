@@ -5,13 +5,14 @@
 #include "widgetreaders.h"
 
 #include "data/wayferndata.h"
+#include "dialogs/calenderedit.h"
+#include "editors/baseedit.h"
 #include "editors/costsedit.h"
 #include "editors/userpayedit.h"
 #include "shell/wayfernapp.h"
 #include "shell/wayfernview.h"
 #include "storage/scqtutil.h"
 
-#include <QCloseEvent>
 #include <QDate>
 #include <QRandomGenerator>
 #include <QRegularExpression>
@@ -458,6 +459,28 @@ private slots:
         app.view->slotTabViewChanged(app.view->tab);
         QCOMPARE(app.view->CostsListView->topLevelItemCount(), 5);
     }
+    void theCostsAndBaseDialogsAreBuiltOnceHiddenAndInOrder()
+    {
+        ShellFixture fx;
+        WayfernApp app;
+        WayfernView *v = app.view;
+        QStringList dialogs;
+        for (QDialog *d : v->findChildren<QDialog *>(Qt::FindDirectChildrenOnly))
+            dialogs << d->objectName() + u':' + QString::fromLatin1(d->metaObject()->className());
+        QCOMPARE(dialogs, (QStringList{"Input costs:costsEdit", "base settings:baseEdit",
+                                       "Calendar:calenderEdit"}));
+        QCOMPARE(v->costsInput->windowTitle(), QStringLiteral("Costs"));
+        QCOMPARE(v->baseInput->windowTitle(), QStringLiteral("Base Info"));
+        for (QDialog *d : std::initializer_list<QDialog *>{v->costsInput, v->baseInput, v->calendar}) {
+            QVERIFY(d->isHidden());
+            QVERIFY(d->isModal());
+        }
+        // The costs dialog reaches the overview through its signal.
+        app.doc->journeyname = QStringLiteral("Renamed");
+        emit v->costsInput->overChanged();
+        QCOMPARE(v->OverListView->topLevelItem(0)->child(1)->text(1), QStringLiteral("Renamed"));
+    }
+
     // The cost actions.
     void aNewCostRejectedInTheDialogDisappearsWithItsAccountLines()
     {
