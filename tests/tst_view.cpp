@@ -719,6 +719,44 @@ private slots:
         QVERIFY(app.doc->isModified());
     }
 
+    void aNewCostInAJourneyWithoutCurrenciesTypesOrTravellersIsStored()
+    {
+        ShellFixture fx;
+        WayfernApp app;
+        showCosts(app);
+        WayfernView *v = app.view;
+        WayFernData &doc = *app.doc;
+        doc.clearAll();
+        doc.userflag = true;
+        v->refreshView();
+        QVERIFY(doc.currencies.isEmpty() && doc.ctypes.isEmpty() && doc.users.isEmpty());
+        QStringList opened;
+        ModalTicket calendar, share;
+        ModalTicket dialog = inNextCostsDialog([&](costsEdit *ed, ModalOutcome &out) {
+            opened = WidgetReaders::treeRows(ed->ListView);
+            tapRow(ed, "currency type", out);
+            tapRow(ed, "type", out);
+            tapRow(ed, "exch. rate", out);
+            tapRow(ed, "foreign value", out);
+            QTest::keyClicks(ed->LineEdit, QStringLiteral("12"));
+            // No date yet: the share dialog asks the calendar first; left without a date.
+            calendar = ModalHelper::cancelNextCalendar();
+            share = ModalHelper::clickInNextDialog(QStringLiteral("OkButton"), {}, "userPayEdit");
+            ed->OkButton->click();
+        });
+        QTest::mouseClick(v->InsertButton, Qt::LeftButton);
+        QVERIFY2(dialog->handled && dialog->error.isEmpty(), qPrintable(dialog->error));
+        QVERIFY2(calendar && calendar->handled, calendar ? qPrintable(calendar->error) : "");
+        QVERIFY2(share && share->handled, share ? qPrintable(share->error) : "");
+        QCOMPARE(opened, (QStringList{"date|", "type|", "short|", "currency type|",
+                                      "foreign value|", "base value|", "exch. rate|",
+                                      "comment|"}));
+        QCOMPARE(doc.costs.count(), 1);
+        QCOMPARE(doc.costs.first()->fval, QStringLiteral("12"));
+        QCOMPARE(WidgetReaders::treeRows(v->CostsListView), (QStringList{"||0.0|12|"}));
+        QCOMPARE(doc.totaltext, QStringLiteral("0.00"));
+    }
+
     void aCurrencyAndACostTypeDeletedUnderACostLeaveNoStalePointer()
     {
         ShellFixture fx({QStringLiteral("sample.wfn")});
