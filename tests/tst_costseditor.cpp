@@ -860,6 +860,43 @@ private slots:
         }
     }
 
+    void aHundredSharedByThreeShowsMinus33_33And33_3EachAndBooksMinus99_99()
+    {
+        Fixture f;
+        CostsData *cost = f.addCost();
+        f.ed.prepare(cost, &f.calendar);
+        QVERIFY(f.tap("foreign value"));
+        f.ed.ClearButton->click();
+        QTest::keyClicks(f.ed.LineEdit, QStringLiteral("150"));
+        QCOMPARE(f.row("base value"), QStringLiteral("100.00"));
+        QStringList shown;
+        QString amount;
+        ModalTicket share = ModalHelper::clickInNextDialog(
+            QStringLiteral("OkButton"),
+            [&](QDialog *d) {
+                auto *pay = static_cast<userPayEdit *>(d);
+                amount = pay->ValTextLabel->text();
+                for (int i = 0; i < pay->ListView->topLevelItemCount(); ++i)
+                    ModalHelper::tapItem(pay->ListView, pay->ListView->topLevelItem(i), 0);
+                shown = WidgetReaders::treeRows(pay->ListView);
+            },
+            "userPayEdit");
+        f.ed.UserButton->click();
+        QVERIFY2(share->handled && share->error.isEmpty(), qPrintable(share->error));
+        QCOMPARE(amount, QStringLiteral("100.00 EUR"));
+        QCOMPARE(shown, (QStringList{"|AB|33.3|-33.33|", "|CD|33.3|-33.33|", "|EF|33.3|-33.33|"}));
+        double booked = 0.0;
+        for (UserData *user : f.doc.users) {
+            QCOMPARE(user->findKto(7)->change, -33.33);
+            QCOMPARE(user->findKto(7)->percentage, 33.3);
+            booked += user->findKto(7)->change;
+        }
+        QCOMPARE(QString::asprintf("%.2f", booked), QStringLiteral("-99.99"));
+        f.ed.OkButton->click();
+        QCOMPARE(cost->bval, QStringLiteral("100.00"));
+        QVERIFY(cost->shared);
+    }
+
     void shareButtonOnANewCostOffersZero()
     {
         Fixture f;
