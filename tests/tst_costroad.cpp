@@ -26,8 +26,8 @@ namespace {
 // A traveller's section as the journey file holds it, with no account lines yet.
 QByteArray userSection(int index, const char *shortName, const char *name, const char *first)
 {
-    return QByteArray("[USER_") + QByteArray::number(index) + "]\nDATE=20.05.2002;\nSHORT="
-        + shortName + ";\nNAME=" + name + ";\nFIRST NAME=" + first
+    return QByteArray("[USER_") + QByteArray::number(index)
+        + "]\nDATE=20.05.2002;\nSHORT=" + shortName + ";\nNAME=" + name + ";\nFIRST NAME=" + first
         + ";\nSTREET=;\nPCODE=;\nTOWN=;\nTEL=;\nFAX=;\nEMAIL=;\nWWW=;\nBANK=;\nBLZ=;\nACOUNT=;\n"
           "VALUE=0.0000;\nCOUNT=0;\n\n\n";
 }
@@ -160,8 +160,8 @@ private slots:
                         shareDate = pay->TextLabel->text();
                         shareSteps << shareRows(pay->ListView).join(u' ');
                         for (int i = 0; i < pay->ListView->topLevelItemCount(); ++i) {
-                            if (!ModalHelper::tapItem(pay->ListView,
-                                                      pay->ListView->topLevelItem(i), 0))
+                            if (!ModalHelper::tapItem(pay->ListView, pay->ListView->topLevelItem(i),
+                                                      0))
                                 shareOut.error += QStringLiteral("can't tick row %1; ").arg(i);
                             shareSteps << shareRows(pay->ListView).join(u' ');
                         }
@@ -181,9 +181,9 @@ private slots:
                  share ? qPrintable(share->error) : "no share dialog");
 
         // The new cost opens with the first type and the first currency.
-        QCOMPARE(opened, (QStringList{"date|", "type|Food", "short|F", "currency type|EUR",
-                                      "foreign value|", "base value|", "exch. rate|",
-                                      "comment|"}));
+        QCOMPARE(opened,
+                 (QStringList{"date|", "type|Food", "short|F", "currency type|EUR",
+                              "foreign value|", "base value|", "exch. rate|", "comment|"}));
         // 1, 15, 150 francs at 1.50 francs to the euro.
         QCOMPARE(keystrokes, (QStringList{"1|0.67", "15|10.00", "150|100.00"}));
         QCOMPARE(beforeOk,
@@ -197,11 +197,10 @@ private slots:
         QCOMPARE(shareValue, QStringLiteral("100.00 EUR"));
         QCOMPARE(shareDate, QStringLiteral("12.06.2002"));
         QCOMPARE(shareSteps,
-                 (QStringList{
-                     "-|AB|0.0|0.00| -|CD|0.0|0.00| -|EF|0.0|0.00|",
-                     "x|AB|100.0|-100.00| -|CD|0.0|0.00| -|EF|0.0|0.00|",
-                     "x|AB|50.0|-50.00| x|CD|50.0|-50.00| -|EF|0.0|0.00|",
-                     "x|AB|33.3|-33.33| x|CD|33.3|-33.33| x|EF|33.3|-33.33|"}));
+                 (QStringList{"-|AB|0.0|0.00| -|CD|0.0|0.00| -|EF|0.0|0.00|",
+                              "x|AB|100.0|-100.00| -|CD|0.0|0.00| -|EF|0.0|0.00|",
+                              "x|AB|50.0|-50.00| x|CD|50.0|-50.00| -|EF|0.0|0.00|",
+                              "x|AB|33.3|-33.33| x|CD|33.3|-33.33| x|EF|33.3|-33.33|"}));
 
         // The document: the cost, shared, with one line per traveller.
         QCOMPARE(app.doc->costs.count(), 1);
@@ -227,10 +226,9 @@ private slots:
         // The overview: the total, the costs per day and each traveller's balance.
         QCOMPARE(WidgetReaders::treeRows(v->OverListView),
                  (QStringList{"common|", "  base currency|EUR", "  journey|Three on a lake",
-                              "costs|", "  total|100.00", "  perday|100.00",
-                              "costs by category|", "  Food|0.00", "  Hotel|100.00",
-                              "  Transport|0.00", "user account|", "  AB|-33.33",
-                              "  CD|-33.33", "  EF|-33.33"}));
+                              "costs|", "  total|100.00", "  perday|100.00", "costs by category|",
+                              "  Food|0.00", "  Hotel|100.00", "  Transport|0.00", "user account|",
+                              "  AB|-33.33", "  CD|-33.33", "  EF|-33.33"}));
 
         // Save writes the cost and the three accounts.
         app.fileSave->trigger();
@@ -239,24 +237,41 @@ private slots:
         QVERIFY(saved.open(QIODevice::ReadOnly));
         const QStringList lines = QString::fromLatin1(saved.readAll()).split(u'\n');
         QCOMPARE(linesFrom(lines, QStringLiteral("COSTSCOUNT=1;"), 1).size(), 1);
-        QCOMPARE(linesFrom(lines, QStringLiteral("[COSTS_0]"), 11),
-                 (QStringList{"[COSTS_0]", "DATE=12.06.2002;", "TYPE=Hotel;", "FVAL=150;",
-                              "CTYPE=CHF;", "COMMENT=Boat trip;", "ID=1;", "EXCHANGE=1.50;",
-                              "SHARED=TRUE;", "", ""}));
+        QCOMPARE(
+            linesFrom(lines, QStringLiteral("[COSTS_0]"), 11),
+            (QStringList{"[COSTS_0]", "DATE=12.06.2002;", "TYPE=Hotel;", "FVAL=150;", "CTYPE=CHF;",
+                         "COMMENT=Boat trip;", "ID=1;", "EXCHANGE=1.50;", "SHARED=TRUE;", "", ""}));
         const char *const travellers[][4] = {
             {"0", "AB", "Berg", "Anna"}, {"1", "CD", "Dahl", "Carl"}, {"2", "EF", "Falk", "Eva"}};
         for (const auto &t : travellers) {
             const QString s = QString::fromLatin1(t[1]);
             QCOMPARE(linesFrom(lines, QStringLiteral("[USER_%1]").arg(QLatin1String(t[0])), 26),
                      (QStringList{QStringLiteral("[USER_%1]").arg(QLatin1String(t[0])),
-                                  "DATE=20.05.2002;", "SHORT=" + s + ";",
+                                  "DATE=20.05.2002;",
+                                  "SHORT=" + s + ";",
                                   QStringLiteral("NAME=%1;").arg(QLatin1String(t[2])),
                                   QStringLiteral("FIRST NAME=%1;").arg(QLatin1String(t[3])),
-                                  "STREET=;", "PCODE=;", "TOWN=;", "TEL=;", "FAX=;", "EMAIL=;",
-                                  "WWW=;", "BANK=;", "BLZ=;", "ACOUNT=;", "VALUE=-33.3300;",
-                                  "COUNT=1;", "", "[" + s + "_0]", "DATE=12.06.2002;",
-                                  "TYPE=share;", "MAGIC=1;", "PERCENTAGE=33.30;",
-                                  "CHANGE=-33.3300;", "", ""}));
+                                  "STREET=;",
+                                  "PCODE=;",
+                                  "TOWN=;",
+                                  "TEL=;",
+                                  "FAX=;",
+                                  "EMAIL=;",
+                                  "WWW=;",
+                                  "BANK=;",
+                                  "BLZ=;",
+                                  "ACOUNT=;",
+                                  "VALUE=-33.3300;",
+                                  "COUNT=1;",
+                                  "",
+                                  "[" + s + "_0]",
+                                  "DATE=12.06.2002;",
+                                  "TYPE=share;",
+                                  "MAGIC=1;",
+                                  "PERCENTAGE=33.30;",
+                                  "CHANGE=-33.3300;",
+                                  "",
+                                  ""}));
         }
     }
 };
