@@ -656,6 +656,10 @@ private slots:
         QCOMPARE(app.doc->costs.count(), 7);
         QCOMPARE(app.doc->costs.at(3)->id, 7);
         QCOMPARE(app.doc->costs.at(3)->date, QStringLiteral("30.05.2002"));
+        // The selection went with the pasted cost.
+        QCOMPARE(v->actucost, app.doc->costs.at(3));
+        QCOMPARE(list->selectedItems(), QList<QTreeWidgetItem *>{list->topLevelItem(3)});
+        QCOMPARE(list->currentItem(), list->topLevelItem(3));
         QCOMPARE(app.doc->costs.at(5)->type, QStringLiteral("Museum"));
         QCOMPARE(WidgetReaders::columnTexts(list, 0),
                  (QStringList{"30.05", "30.05", "30.05", "30.05", "31.05", "01.06", "02.06"}));
