@@ -1,4 +1,5 @@
 #include "editortestutil.h"
+#include "formcheck.h"
 #include "modalhelper.h"
 #include "stdoutcapture.h"
 
@@ -8,10 +9,12 @@
 #include "editors/userpayedit.h"
 #include "forms/costsdlg.h"
 
-#include <QBoxLayout>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QHeaderView>
 #include <QLabel>
+#include <QRegularExpression>
 #include <QSignalSpy>
-#include <QSpacerItem>
 #include <QTest>
 
 namespace {
@@ -68,6 +71,44 @@ struct Fixture
     costsEdit ed{nullptr, "Input costs", true, &doc};
 };
 
+// The form as designed: object name, class, text, tool tip, what's-this text, picture.
+const FormCheck::WidgetRow costsFormWidgets[] = {
+    {"CostsDlg", "CostsDlg", "Costs"},
+    {"ComboBox", "QComboBox", "", "select the box, if enabled",
+     "ComboBox used for different purposes.\nIf e.g. the currency type has to be\n"
+     "entered, this combobox will show\nthe possibilities."},
+    {"UserButton", "QToolButton", "", "UserShareButton",
+     "opens the user share dialog.\nThe costs are shared amoung the users.", ":/pixmaps/user.xpm"},
+    {"OkButton", "QToolButton", "", "OKButton",
+     "confirms the changes.\nIf pressed, all changed will be stored.", ":/pixmaps/ok.xpm"},
+    {"CancelButton", "QToolButton", "", "CancelButton",
+     "all changes will be lost,\nif this button is pressed.\n\nThe user is asked to confirm\n"
+     "the cancellation.",
+     ":/pixmaps/cancel.xpm"},
+    {"ClearButton", "QToolButton", "", "ClearButton", "clear the EditLine", ":/pixmaps/clear.xpm"},
+    {"LineEdit", "QLineEdit", "", "EditLine", "EditorLine for selected entries"},
+    {"ToolButton", "QToolButton", "...", "SelectorButton",
+     "This button is used for different\npurposes.\nE.g. in case of date input, the button\n"
+     "opens a calendar for date input."},
+    {"ListView", "QTreeWidget", "item|content", "select an item to edit",
+     "ListView with CostsData."},
+};
+
+const FormCheck::StubRow costsFormStubs[] = {
+    {"slotUserPay()", "CostsDlg::slotUserPay(): Not implemented yet!"},
+    {"slotCancel()", "CostsDlg::slotCancel(): Not implemented yet!"},
+    {"slotClearLine()", "CostsDlg::slotClearLine(): Not implemented yet!"},
+    {"slotComboChanged(QString)",
+     "CostsDlg::slotComboChanged( const QString & ): Not implemented yet!"},
+    {"slotOK()", "CostsDlg::slotOK(): Not implemented yet!"},
+    {"slotSelectButton()", "CostsDlg::slotSelectButton(): Not implemented yet!"},
+    {"slotSelectionChanged(QTreeWidgetItem*)",
+     "CostsDlg::slotSelectionChanged( QTreeWidgetItem * ): Not implemented yet!"},
+    {"slotTextChanged(QString)",
+     "CostsDlg::slotTextChanged( const QString & ): Not implemented yet!"},
+    {"slotTip()", "CostsDlg::slotTip(): Not implemented yet!"},
+};
+
 } // namespace
 
 class TestCostsEditor : public QObject
@@ -76,6 +117,7 @@ class TestCostsEditor : public QObject
 
 private slots:
     void initTestCase() { qputenv("WAYFERNCFG", "."); }
+    void init() { QTest::failOnWarning(QRegularExpression("Not implemented yet!")); }
     void cleanup() { ModalHelper::cancelPending(); }
 
     // The form as designed.
@@ -83,120 +125,49 @@ private slots:
     {
         CostsDlg dlg(nullptr, "Input costs", true);
         QCOMPARE(dlg.objectName(), QStringLiteral("Input costs"));
-        QCOMPARE(dlg.windowTitle(), QStringLiteral("Costs"));
         QVERIFY(dlg.isModal());
-        struct Expect
-        {
-            QWidget *w;
-            const char *name;
-            const char *cls;
-            const char *tip;
-            const char *what;
-        };
-        const Expect widgets[] = {
-            {dlg.ComboBox, "ComboBox", "QComboBox", "select the box, if enabled",
-             "ComboBox used for different purposes.\nIf e.g. the currency type has to be\n"
-             "entered, this combobox will show\nthe possibilities."},
-            {dlg.UserButton, "UserButton", "QToolButton", "UserShareButton",
-             "opens the user share dialog.\nThe costs are shared amoung the users."},
-            {dlg.OkButton, "OkButton", "QToolButton", "OKButton",
-             "confirms the changes.\nIf pressed, all changed will be stored."},
-            {dlg.CancelButton, "CancelButton", "QToolButton", "CancelButton",
-             "all changes will be lost,\nif this button is pressed.\n\nThe user is asked to "
-             "confirm\nthe cancellation."},
-            {dlg.ClearButton, "ClearButton", "QToolButton", "ClearButton", "clear the EditLine"},
-            {dlg.LineEdit, "LineEdit", "QLineEdit", "EditLine", "EditorLine for selected entries"},
-            {dlg.ToolButton, "ToolButton", "QToolButton", "SelectorButton",
-             "This button is used for different\npurposes.\nE.g. in case of date input, the "
-             "button\nopens a calendar for date input."},
-            {dlg.ListView, "ListView", "QTreeWidget", "select an item to edit",
-             "ListView with CostsData."},
-        };
-        for (const Expect &e : widgets) {
-            QCOMPARE(e.w->objectName(), QString::fromLatin1(e.name));
-            QCOMPARE(e.w->metaObject()->className(), e.cls);
-            QCOMPARE(e.w->toolTip(), QString::fromLatin1(e.tip));
-            QCOMPARE(e.w->whatsThis(), QString::fromLatin1(e.what));
-        }
+        QCOMPARE(FormCheck::childWidgets(&dlg),
+                 (QStringList{"ComboBox:QComboBox", "UserButton:QToolButton",
+                              "OkButton:QToolButton", "CancelButton:QToolButton",
+                              "ClearButton:QToolButton", "LineEdit:QLineEdit",
+                              "ToolButton:QToolButton", "ListView:QTreeWidget"}));
         QVERIFY(!dlg.ComboBox->isEditable());
-        QCOMPARE(dlg.ToolButton->text(), QStringLiteral("..."));
-        for (QToolButton *b : {dlg.OkButton, dlg.CancelButton, dlg.ClearButton, dlg.UserButton}) {
-            QVERIFY(b->text().isEmpty());
-            QVERIFY(!b->icon().isNull());
-        }
         QCOMPARE(dlg.OkButton->iconSize(), QSize(24, 16));
+        QCOMPARE(dlg.CancelButton->iconSize(), QSize(24, 16));
         QCOMPARE(dlg.ClearButton->iconSize(), QSize(24, 16));
         QCOMPARE(dlg.UserButton->iconSize(), QSize(14, 14));
         QCOMPARE(dlg.UserButton->icon().availableSizes().value(0), QSize(14, 14));
-        QCOMPARE(dlg.ListView->columnCount(), 2);
-        QCOMPARE(dlg.ListView->headerItem()->text(0), QStringLiteral("item"));
-        QCOMPARE(dlg.ListView->headerItem()->text(1), QStringLiteral("content"));
         QVERIFY(dlg.ListView->allColumnsShowFocus());
         QVERIFY(dlg.ListView->rootIsDecorated());
         QVERIFY(dlg.ListView->header()->isSortIndicatorShown());
+        // Unnamed, the form keeps the name it was designed with.
+        CostsDlg form;
+        FormCheck::checkWidgets(&form, costsFormWidgets);
     }
 
     void formLayoutStacksTheRowsWithTheirMarginsAndSpacings()
     {
         CostsDlg dlg;
-        auto *outer = qobject_cast<QVBoxLayout *>(dlg.layout());
-        QVERIFY(outer);
-        QCOMPARE(outer->contentsMargins(), QMargins(11, 11, 11, 11));
-        QCOMPARE(outer->spacing(), 6);
-        QCOMPARE(outer->count(), 1);
-        auto *inner = qobject_cast<QVBoxLayout *>(outer->itemAt(0)->layout());
-        QVERIFY(inner);
-        QCOMPARE(inner->contentsMargins(), QMargins(0, 0, 0, 0));
-        QCOMPARE(inner->spacing(), 6);
-        QCOMPARE(inner->count(), 3);
-        auto *top = qobject_cast<QHBoxLayout *>(inner->itemAt(0)->layout());
-        auto *edit = qobject_cast<QHBoxLayout *>(inner->itemAt(1)->layout());
-        QVERIFY(top && edit);
-        QCOMPARE(inner->itemAt(2)->widget(), dlg.ListView);
-        for (QBoxLayout *row : {static_cast<QBoxLayout *>(top), static_cast<QBoxLayout *>(edit)}) {
-            QCOMPARE(row->contentsMargins(), QMargins(0, 0, 0, 0));
-            QCOMPARE(row->spacing(), 6);
-        }
-        QCOMPARE(top->count(), 5);
-        QCOMPARE(top->itemAt(0)->widget(), dlg.ComboBox);
-        QCOMPARE(top->itemAt(1)->widget(), dlg.UserButton);
-        QSpacerItem *spacer = top->itemAt(2)->spacerItem();
-        QVERIFY(spacer);
-        QCOMPARE(spacer->sizeHint(), QSize(20, 20));
-        QCOMPARE(spacer->sizePolicy().horizontalPolicy(), QSizePolicy::Expanding);
-        QCOMPARE(top->itemAt(3)->widget(), dlg.OkButton);
-        QCOMPARE(top->itemAt(4)->widget(), dlg.CancelButton);
-        QCOMPARE(edit->count(), 3);
-        QCOMPARE(edit->itemAt(0)->widget(), dlg.ClearButton);
-        QCOMPARE(edit->itemAt(1)->widget(), dlg.LineEdit);
-        QCOMPARE(edit->itemAt(2)->widget(), dlg.ToolButton);
+        QCOMPARE(FormCheck::layoutOutline(dlg.layout()),
+                 (QStringList{"QVBoxLayout margins 11 spacing 6",
+                              "  QVBoxLayout margins 0 spacing 6",
+                              "    QHBoxLayout margins 0 spacing 6",
+                              "      ComboBox",
+                              "      UserButton",
+                              "      spacer 20x20 Expanding",
+                              "      OkButton",
+                              "      CancelButton",
+                              "    QHBoxLayout margins 0 spacing 6",
+                              "      ClearButton",
+                              "      LineEdit",
+                              "      ToolButton",
+                              "    ListView"}));
     }
 
     void formStubSlotsWarnNotImplemented()
     {
         CostsDlg dlg;
-        const char *const texts[] = {
-            "CostsDlg::slotUserPay(): Not implemented yet!",
-            "CostsDlg::slotCancel(): Not implemented yet!",
-            "CostsDlg::slotClearLine(): Not implemented yet!",
-            "CostsDlg::slotComboChanged( const QString & ): Not implemented yet!",
-            "CostsDlg::slotOK(): Not implemented yet!",
-            "CostsDlg::slotSelectButton(): Not implemented yet!",
-            "CostsDlg::slotSelectionChanged( QTreeWidgetItem * ): Not implemented yet!",
-            "CostsDlg::slotTextChanged( const QString & ): Not implemented yet!",
-            "CostsDlg::slotTip(): Not implemented yet!",
-        };
-        for (const char *text : texts)
-            QTest::ignoreMessage(QtWarningMsg, text);
-        dlg.slotUserPay();
-        dlg.slotCancel();
-        dlg.slotClearLine();
-        dlg.slotComboChanged(QString());
-        dlg.slotOK();
-        dlg.slotSelectButton();
-        dlg.slotSelectionChanged(nullptr);
-        dlg.slotTextChanged(QString());
-        dlg.slotTip();
+        FormCheck::checkStubs(&dlg, CostsDlg::staticMetaObject, costsFormStubs);
     }
 
     void formConnectsItsSignalsToTheSlots()
@@ -369,32 +340,66 @@ private slots:
         QTest::keyClicks(f.ed.LineEdit, QStringLiteral("!"));
 
         ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::Cancel);
-        f.ed.close();
+        QVERIFY(!f.ed.close());
         QVERIFY2(box->handled, qPrintable(box->error));
         QCOMPARE(box->title, QStringLiteral("Cancel"));
         QCOMPARE(box->text,
                  QStringLiteral("You have modified the data!\nDo you want to save the changes ?"));
+        QCOMPARE(box->buttons, QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
+        QCOMPARE(box->icon, QMessageBox::Information);
         QVERIFY(f.ed.isVisible());
         QCOMPARE(f.row("comment"), QStringLiteral("Dinner!"));
         QCOMPARE(cost->comment, QStringLiteral("Dinner"));
 
-        // The same question from the button, with its three buttons.
-        ModalTicket buttons = ModalHelper::onNextModal(
-            [](QWidget *w) { return qobject_cast<QMessageBox *>(w) != nullptr; },
-            [](QWidget *w, ModalOutcome &out) {
-                auto *mb = static_cast<QMessageBox *>(w);
-                out.title = mb->windowTitle();
-                out.text = mb->text();
-                const QList<QAbstractButton *> list = mb->buttons();
-                if (list.size() != 3 || !mb->button(QMessageBox::Yes)
-                    || !mb->button(QMessageBox::No) || !mb->button(QMessageBox::Cancel))
-                    out.error = QStringLiteral("buttons are not Yes, No, Cancel");
-                mb->button(QMessageBox::Cancel)->click();
-            });
+        // The same question from the button; Cancel in it keeps the dialog and its edits.
+        ModalTicket again = ModalHelper::answerNextMessageBox(QMessageBox::Cancel);
         f.ed.CancelButton->click();
-        QVERIFY2(buttons->handled && buttons->error.isEmpty(), qPrintable(buttons->error));
-        QCOMPARE(buttons->title, QStringLiteral("Cancel"));
+        QVERIFY2(again->handled, qPrintable(again->error));
+        QCOMPARE(again->title, QStringLiteral("Cancel"));
+        QCOMPARE(again->text, box->text);
+        QCOMPARE(again->buttons, QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
         QVERIFY(f.ed.isVisible());
+        QCOMPARE(f.row("comment"), QStringLiteral("Dinner!"));
+        QVERIFY(!f.doc.isModified());
+    }
+
+    void aCloseEventIsRefusedWhileTheQuestionKeepsTheDialogAndTakenOtherwise()
+    {
+        Fixture f(false);
+        CostsData *cost = f.addCost();
+        f.ed.prepare(cost, &f.calendar);
+        f.ed.show();
+        QVERIFY(f.tap("comment"));
+        QTest::keyClicks(f.ed.LineEdit, QStringLiteral("!"));
+        {
+            ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::Cancel);
+            QCloseEvent event;
+            QApplication::sendEvent(&f.ed, &event);
+            QVERIFY2(box->handled, qPrintable(box->error));
+            QVERIFY(!event.isAccepted());
+            QVERIFY(f.ed.isVisible());
+        }
+        {
+            ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::Yes);
+            QCloseEvent event;
+            QApplication::sendEvent(&f.ed, &event);
+            QVERIFY2(box->handled, qPrintable(box->error));
+            QVERIFY(event.isAccepted());
+            QVERIFY(!f.ed.isVisible());
+            QCOMPARE(f.ed.result(), int(QDialog::Accepted));
+            QCOMPARE(cost->comment, QStringLiteral("Dinner!"));
+        }
+        // Nothing changed: no question, the close is taken.
+        f.ed.prepare(cost, &f.calendar);
+        f.ed.show();
+        ModalTicket none = ModalHelper::answerNextMessageBox(QMessageBox::Cancel, 300);
+        QCloseEvent event;
+        QApplication::sendEvent(&f.ed, &event);
+        QVERIFY(event.isAccepted());
+        QVERIFY(!f.ed.isVisible());
+        QCOMPARE(f.ed.result(), int(QDialog::Rejected));
+        QTRY_VERIFY(!none->error.isEmpty());
+        QVERIFY(!none->handled);
     }
 
     void answerNoDropsTheChangesAndRejects()
@@ -544,6 +549,51 @@ private slots:
         QCOMPARE(fresh.ctype, QString());
     }
 
+    void withNoCostTypesTheTypeAndItsLetterStayEmpty()
+    {
+        Fixture f(false);
+        f.doc.ctypes.clear();
+        CostsData fresh;
+        fresh.id = 1;
+        f.ed.prepare(&fresh, &f.calendar);
+        QCOMPARE(f.row("type"), QString());
+        QCOMPARE(f.row("short"), QString());
+        QCOMPARE(f.row("currency type"), QStringLiteral("EUR"));
+        QVERIFY(f.tap("type"));
+        QVERIFY(f.ed.ComboBox->isEnabled());
+        QCOMPARE(f.ed.ComboBox->count(), 0);
+        QCOMPARE(f.ed.LineEdit->text(), QString());
+        QVERIFY(f.tap("foreign value"));
+        QTest::keyClicks(f.ed.LineEdit, QStringLiteral("7"));
+        QCOMPARE(f.row("base value"), QStringLiteral("7.00"));
+        f.ed.OkButton->click();
+        QCOMPARE(fresh.type, QString());
+        QCOMPARE(fresh.typeletter, QString());
+        QCOMPARE(fresh.fval, QStringLiteral("7"));
+    }
+
+    void withSharingOnButNoTravellersTheShareDialogIsEmptyAndOkStoresTheCost()
+    {
+        Fixture f(false);
+        f.doc.userflag = true;
+        CostsData *cost = f.addCost();
+        f.ed.prepare(cost, &f.calendar);
+        QVERIFY(f.tap("comment"));
+        QVERIFY(f.ed.UserButton->isEnabled());
+        QTest::keyClicks(f.ed.LineEdit, QStringLiteral("!"));
+        int rows = -1;
+        ModalTicket share = ModalHelper::clickInNextDialog(
+            QStringLiteral("OkButton"),
+            [&rows](QDialog *d) { rows = static_cast<userPayEdit *>(d)->ListView->topLevelItemCount(); },
+            "userPayEdit");
+        f.ed.OkButton->click();
+        QVERIFY2(share->handled && share->error.isEmpty(), qPrintable(share->error));
+        QCOMPARE(rows, 0);
+        QCOMPARE(f.ed.result(), int(QDialog::Accepted));
+        QCOMPARE(cost->comment, QStringLiteral("Dinner!"));
+        QVERIFY(cost->shared);
+    }
+
     void reselectingTheTypeRowPutsTheBoxBackOnTheTypeFromPrepare()
     {
         Fixture f(false);
@@ -687,8 +737,9 @@ private slots:
         f.ed.prepare(cost, &f.calendar);
         QVERIFY(f.tap("foreign value"));
         const QString huge(10000, QLatin1Char('9'));
-        f.ed.LineEdit->setMaxLength(20000);
+        // Pasted into the line as it comes, within the line's own limit.
         f.ed.LineEdit->setText(huge);
+        QCOMPARE(f.ed.LineEdit->text(), huge);
         QCOMPARE(f.row("foreign value"), huge);
         QVERIFY(!f.row("base value").isEmpty());
         f.ed.LineEdit->setText(QString(10000, QLatin1Char('x')));
@@ -807,6 +858,43 @@ private slots:
             QCOMPARE(user->kto.count(), 1);
             QCOMPARE(user->findKto(7)->change, -4.44);
         }
+    }
+
+    void aHundredSharedByThreeShowsMinus33_33And33_3EachAndBooksMinus99_99()
+    {
+        Fixture f;
+        CostsData *cost = f.addCost();
+        f.ed.prepare(cost, &f.calendar);
+        QVERIFY(f.tap("foreign value"));
+        f.ed.ClearButton->click();
+        QTest::keyClicks(f.ed.LineEdit, QStringLiteral("150"));
+        QCOMPARE(f.row("base value"), QStringLiteral("100.00"));
+        QStringList shown;
+        QString amount;
+        ModalTicket share = ModalHelper::clickInNextDialog(
+            QStringLiteral("OkButton"),
+            [&](QDialog *d) {
+                auto *pay = static_cast<userPayEdit *>(d);
+                amount = pay->ValTextLabel->text();
+                for (int i = 0; i < pay->ListView->topLevelItemCount(); ++i)
+                    ModalHelper::tapItem(pay->ListView, pay->ListView->topLevelItem(i), 0);
+                shown = WidgetReaders::treeRows(pay->ListView);
+            },
+            "userPayEdit");
+        f.ed.UserButton->click();
+        QVERIFY2(share->handled && share->error.isEmpty(), qPrintable(share->error));
+        QCOMPARE(amount, QStringLiteral("100.00 EUR"));
+        QCOMPARE(shown, (QStringList{"|AB|33.3|-33.33|", "|CD|33.3|-33.33|", "|EF|33.3|-33.33|"}));
+        double booked = 0.0;
+        for (UserData *user : f.doc.users) {
+            QCOMPARE(user->findKto(7)->change, -33.33);
+            QCOMPARE(user->findKto(7)->percentage, 33.3);
+            booked += user->findKto(7)->change;
+        }
+        QCOMPARE(QString::asprintf("%.2f", booked), QStringLiteral("-99.99"));
+        f.ed.OkButton->click();
+        QCOMPARE(cost->bval, QStringLiteral("100.00"));
+        QVERIFY(cost->shared);
     }
 
     void shareButtonOnANewCostOffersZero()

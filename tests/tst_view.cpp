@@ -1,9 +1,14 @@
+#include "editortestutil.h"
 #include "formcheck.h"
 #include "shellfixture.h"
 #include "stdoutcapture.h"
 #include "widgetreaders.h"
 
 #include "data/wayferndata.h"
+#include "dialogs/calenderedit.h"
+#include "editors/baseedit.h"
+#include "editors/costsedit.h"
+#include "editors/userpayedit.h"
 #include "shell/wayfernapp.h"
 #include "shell/wayfernview.h"
 #include "storage/scqtutil.h"
@@ -75,6 +80,71 @@ QString randomDate(QRandomGenerator &rng)
         return QString::asprintf("%02d.%02d.%04d", rng.bounded(1, 29), rng.bounded(1, 13),
                                  rng.bounded(2000, 2004));
     }
+}
+
+// The main window on the costs tab, shown, so that rows can be tapped.
+void showCosts(WayfernApp &app)
+{
+    app.show();
+    app.view->TabWidget2->setCurrentIndex(1);
+    QVERIFY(QTest::qWaitForWindowExposed(&app));
+}
+
+bool tapCost(WayfernView *v, int row)
+{
+    return ModalHelper::tapItem(v->CostsListView, v->CostsListView->topLevelItem(row));
+}
+
+// Acts in the next costs dialog; `act` ends it (OK, Cancel, close).
+ModalTicket inNextCostsDialog(std::function<void(costsEdit *, ModalOutcome &)> act)
+{
+    return ModalHelper::onNextModal(
+        [](QWidget *w) { return qobject_cast<costsEdit *>(w) != nullptr; },
+        [act](QWidget *w, ModalOutcome &out) { act(static_cast<costsEdit *>(w), out); });
+}
+
+// Taps a row of a costs dialog, noting a failure in `out`.
+void tapRow(costsEdit *ed, const char *label, ModalOutcome &out)
+{
+    if (!ModalHelper::tapItem(ed->ListView, WidgetReaders::topLevelItem(ed->ListView, label)))
+        out.error += QStringLiteral("can't tap %1; ").arg(QLatin1String(label));
+}
+
+// Ticks every row of the next share dialog and confirms it.
+ModalTicket shareAmongAllInNextShareDialog()
+{
+    return ModalHelper::clickInNextDialog(
+        QStringLiteral("OkButton"),
+        [](QDialog *d) {
+            auto *pay = static_cast<userPayEdit *>(d);
+            for (int i = 0; i < pay->ListView->topLevelItemCount(); ++i)
+                ModalHelper::tapItem(pay->ListView, pay->ListView->topLevelItem(i), 0);
+        },
+        "userPayEdit");
+}
+
+// The account lines of all travellers that belong to the cost `id`.
+int linesOf(WayFernData &doc, int id)
+{
+    int n = 0;
+    for (UserData *user : doc.users)
+        for (KtoData *line : user->kto)
+            n += line->magic == id ? 1 : 0;
+    return n;
+}
+
+// sample.wfn without the US dollar.
+QByteArray sampleWithoutDollar()
+{
+    QFile f(ShellFixture::fixture(QStringLiteral("sample.wfn")));
+    if (!f.open(QIODevice::ReadOnly))
+        return QByteArray();
+    QByteArray text = f.readAll();
+    const int at = text.indexOf("[CURRENCY_2]");
+    const int end = text.indexOf("\n\n", at);
+    text.remove(at, end + 2 - at);
+    text.replace("CURRCOUNT=3;", "CURRCOUNT=2;");
+    return text;
 }
 
 } // namespace
@@ -388,6 +458,348 @@ private slots:
         app.view->slotTabViewChanged(nullptr);
         app.view->slotTabViewChanged(app.view->tab);
         QCOMPARE(app.view->CostsListView->topLevelItemCount(), 5);
+    }
+    void theCostsAndBaseDialogsAreBuiltOnceHiddenAndInOrder()
+    {
+        ShellFixture fx;
+        WayfernApp app;
+        WayfernView *v = app.view;
+        QStringList dialogs;
+        for (QDialog *d : v->findChildren<QDialog *>(Qt::FindDirectChildrenOnly))
+            dialogs << d->objectName() + u':' + QString::fromLatin1(d->metaObject()->className());
+        QCOMPARE(dialogs, (QStringList{"Input costs:costsEdit", "base settings:baseEdit",
+                                       "Calendar:calenderEdit"}));
+        QCOMPARE(v->costsInput->windowTitle(), QStringLiteral("Costs"));
+        QCOMPARE(v->baseInput->windowTitle(), QStringLiteral("Base Info"));
+        for (QDialog *d : std::initializer_list<QDialog *>{v->costsInput, v->baseInput, v->calendar}) {
+            QVERIFY(d->isHidden());
+            QVERIFY(d->isModal());
+        }
+        // The costs dialog reaches the overview through its signal.
+        app.doc->journeyname = QStringLiteral("Renamed");
+        emit v->costsInput->overChanged();
+        QCOMPARE(v->OverListView->topLevelItem(0)->child(1)->text(1), QStringLiteral("Renamed"));
+    }
+
+    // The cost actions.
+    void aNewCostRejectedInTheDialogDisappearsWithItsAccountLines()
+    {
+        ShellFixture fx({QStringLiteral("sample.wfn")});
+        fx.writeLast(QStringLiteral("sample.wfn"));
+        WayfernApp app;
+        showCosts(app);
+        WayfernView *v = app.view;
+        ModalTicket share, question;
+        int id = 0;
+        ModalTicket dialog = inNextCostsDialog([&](costsEdit *ed, ModalOutcome &out) {
+            id = ed->tmp.id;
+            // With a date the share dialog opens without the calendar first.
+            tapRow(ed, "date", out);
+            ModalTicket calendar = ModalHelper::pickDateInNextCalendar(QDate(2002, 6, 1));
+            ed->ToolButton->click();
+            if (!calendar->handled)
+                out.error += QStringLiteral("no calendar; ");
+            tapRow(ed, "comment", out);
+            QTest::keyClicks(ed->LineEdit, QStringLiteral("Ferry"));
+            // Shared in the dialog, then abandoned with No.
+            share = shareAmongAllInNextShareDialog();
+            ed->UserButton->click();
+            if (linesOf(*ed->document, id) != 3)
+                out.error += QStringLiteral("the share left no lines; ");
+            question = ModalHelper::answerNextMessageBox(QMessageBox::No);
+            ed->CancelButton->click();
+        });
+        QTest::mouseClick(v->InsertButton, Qt::LeftButton);
+        QVERIFY2(dialog->handled && dialog->error.isEmpty(), qPrintable(dialog->error));
+        QVERIFY2(share && share->handled, share ? qPrintable(share->error) : "no share");
+        QVERIFY2(question && question->handled, question ? qPrintable(question->error) : "");
+        QCOMPARE(id, 6);
+        QCOMPARE(app.doc->costs.count(), 5);
+        QCOMPARE(linesOf(*app.doc, 6), 0);
+        QCOMPARE(v->CostsListView->topLevelItemCount(), 5);
+        QCOMPARE(v->actucost, app.doc->costs.first());
+        // The confirmed share had marked the journey.
+        QVERIFY(app.doc->isModified());
+    }
+
+    void aCostRedatedEarlierThanAllOthersMovesToTheTopAndStaysSelected()
+    {
+        ShellFixture fx({QStringLiteral("sample.wfn")});
+        fx.writeLast(QStringLiteral("sample.wfn"));
+        WayfernApp app;
+        showCosts(app);
+        WayfernView *v = app.view;
+        QTreeWidget *list = v->CostsListView;
+        QCOMPARE(itemTexts(list->topLevelItem(3)), (QStringList{"01.06", "M", "12.00", "18.00", "CHF"}));
+        ModalTicket calendar, share;
+        ModalTicket dialog = inNextCostsDialog([&](costsEdit *ed, ModalOutcome &out) {
+            if (ed->actu != app.doc->costs.at(3))
+                out.error += QStringLiteral("not the double-clicked cost; ");
+            tapRow(ed, "date", out);
+            calendar = ModalHelper::pickDateInNextCalendar(QDate(2002, 5, 29));
+            ed->ToolButton->click();
+            share = ModalHelper::rejectNextDialog({}, "userPayEdit");
+            ed->OkButton->click();
+        });
+        // A double click on the row is the change action.
+        const QRect rect = list->visualItemRect(list->topLevelItem(3));
+        // As a finger does it: a tap, then the second press, which is the double click.
+        // The last release belongs to the dialog that opened, not to the list.
+        QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, rect.center());
+        QTest::mousePress(list->viewport(), Qt::LeftButton, {}, rect.center());
+        QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, rect.center());
+        QVERIFY2(dialog->handled && dialog->error.isEmpty(), qPrintable(dialog->error));
+        QVERIFY2(calendar && calendar->handled && calendar->error.isEmpty(),
+                 calendar ? qPrintable(calendar->error) : "no calendar");
+        QVERIFY2(share && share->handled, share ? qPrintable(share->error) : "no share");
+        QCOMPARE(itemTexts(list->topLevelItem(0)), (QStringList{"29.05", "M", "12.00", "18.00", "CHF"}));
+        QCOMPARE(list->selectedItems(), QList<QTreeWidgetItem *>{list->topLevelItem(0)});
+        QCOMPARE(list->currentItem(), list->topLevelItem(0));
+        QCOMPARE(v->actucost, app.doc->costs.at(0));
+        QCOMPARE(app.doc->costs.at(0)->comment, QStringLiteral("Glacier museum"));
+        QVERIFY(app.doc->isModified());
+    }
+
+    void changeWithoutACurrentRowDoesNothing()
+    {
+        ShellFixture fx({QStringLiteral("sample.wfn")});
+        fx.writeLast(QStringLiteral("sample.wfn"));
+        WayfernApp app;
+        WayfernView *v = app.view;
+        QCOMPARE(v->CostsListView->currentItem(), nullptr);
+        ModalTicket dialog = inNextCostsDialog([](costsEdit *ed, ModalOutcome &) { ed->reject(); });
+        v->slotCostsChange();
+        v->slotCostsDelete();
+        QVERIFY(!dialog->handled);
+        QCOMPARE(app.doc->costs.count(), 5);
+    }
+
+    void deleteAsksWithTheAmountsAndCancelKeepsTheCostAndItsSelection()
+    {
+        ShellFixture fx({QStringLiteral("sample.wfn")});
+        fx.writeLast(QStringLiteral("sample.wfn"));
+        WayfernApp app;
+        showCosts(app);
+        WayfernView *v = app.view;
+        QVERIFY(tapCost(v, 2));
+        CostsData *boat = app.doc->costs.at(2);
+        QCOMPARE(boat->comment, QStringLiteral("Boat"));
+        ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::Cancel);
+        QTest::mouseClick(v->DeleteButton, Qt::LeftButton);
+        QVERIFY2(box->handled, qPrintable(box->error));
+        QCOMPARE(box->title, QStringLiteral("Delete item"));
+        QCOMPARE(box->text, QStringLiteral("Delete entry\n45.00 USD\nor 50.00 EUR\n\nconfirm with yes !"));
+        QCOMPARE(box->buttons, QMessageBox::Yes | QMessageBox::Cancel);
+        QCOMPARE(box->icon, QMessageBox::Information);
+        QCOMPARE(app.doc->costs.count(), 5);
+        QCOMPARE(v->actucost, boat);
+        QCOMPARE(v->CostsListView->selectedItems(), QList<QTreeWidgetItem *>{v->CostsListView->topLevelItem(2)});
+        QCOMPARE(v->CostsListView->currentItem(), v->CostsListView->topLevelItem(2));
+        QCOMPARE(linesOf(*app.doc, 3), 3);
+        QVERIFY(!app.doc->isModified());
+    }
+
+    void deleteAfterARefreshTakesTheRememberedRowAndYesRemovesItsAccountLines()
+    {
+        ShellFixture fx({QStringLiteral("sample.wfn")});
+        fx.writeLast(QStringLiteral("sample.wfn"));
+        WayfernApp app;
+        showCosts(app);
+        WayfernView *v = app.view;
+        QVERIFY(tapCost(v, 2));
+        // The refresh refills the list: the remembered row must be current again.
+        v->refreshView();
+        QCOMPARE(v->CostsListView->currentItem(), v->CostsListView->topLevelItem(2));
+        ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::Yes);
+        QTest::mouseClick(v->DeleteButton, Qt::LeftButton);
+        QVERIFY2(box->handled, qPrintable(box->error));
+        QCOMPARE(app.doc->costs.count(), 4);
+        for (const CostsData *cost : app.doc->costs)
+            QVERIFY(cost->comment != QStringLiteral("Boat"));
+        QCOMPARE(linesOf(*app.doc, 3), 0);
+        QCOMPARE(v->actucost, app.doc->costs.first());
+        QCOMPARE(v->CostsListView->topLevelItemCount(), 4);
+        // Each traveller's balance lost the 16.6667 of the boat.
+        QCOMPARE(app.doc->users.at(1)->value, -48.0);
+        // Deleting does not mark the journey.
+        QVERIFY(!app.doc->isModified());
+    }
+
+    void aPastedCostStandsAboveTheSelectedOneOnlyOnTheSameDate()
+    {
+        ShellFixture fx({QStringLiteral("sample.wfn")});
+        fx.writeLast(QStringLiteral("sample.wfn"));
+        WayfernApp app;
+        showCosts(app);
+        WayfernView *v = app.view;
+        QTreeWidget *list = v->CostsListView;
+        QVERIFY(!v->PasteButton->isEnabled());
+        QVERIFY(tapCost(v, 1)); // 30.05 Food 36 CHF, shared, id 2
+        QTest::mouseClick(v->CopyButton, Qt::LeftButton);
+        QVERIFY(v->PasteButton->isEnabled());
+
+        // Pasted onto its own day: above the selected cost.
+        QTest::mouseClick(v->PasteButton, Qt::LeftButton);
+        QCOMPARE(app.doc->costs.count(), 6);
+        QCOMPARE(app.doc->costs.at(1)->id, 6);
+        QCOMPARE(app.doc->costs.at(2)->id, 2);
+        QCOMPARE(itemTexts(list->topLevelItem(1)), itemTexts(list->topLevelItem(2)));
+        QVERIFY(!app.doc->costs.at(1)->shared);
+        QCOMPARE(linesOf(*app.doc, 6), 0);
+        QCOMPARE(v->actucost, app.doc->costs.at(1));
+        QVERIFY(FormCheck::showsPicture(list->topLevelItem(1)->icon(0), *v->unsharedPixmap));
+
+        // Pasted onto a later day: the sort puts it back among the costs of its own date.
+        QVERIFY(tapCost(v, 4)); // 01.06 Museum
+        QCOMPARE(app.doc->costs.at(4)->type, QStringLiteral("Museum"));
+        QTest::mouseClick(v->PasteButton, Qt::LeftButton);
+        QCOMPARE(app.doc->costs.count(), 7);
+        QCOMPARE(app.doc->costs.at(3)->id, 7);
+        QCOMPARE(app.doc->costs.at(3)->date, QStringLiteral("30.05.2002"));
+        // The selection went with the pasted cost.
+        QCOMPARE(v->actucost, app.doc->costs.at(3));
+        QCOMPARE(list->selectedItems(), QList<QTreeWidgetItem *>{list->topLevelItem(3)});
+        QCOMPARE(list->currentItem(), list->topLevelItem(3));
+        QCOMPARE(app.doc->costs.at(5)->type, QStringLiteral("Museum"));
+        QCOMPARE(WidgetReaders::columnTexts(list, 0),
+                 (QStringList{"30.05", "30.05", "30.05", "30.05", "31.05", "01.06", "02.06"}));
+        QVERIFY(!app.doc->isModified());
+    }
+
+    void aCostCopiedIntoAJourneyWithoutItsCurrencyKeepsItAndShowsNoBaseAmount()
+    {
+        ShellFixture fx({QStringLiteral("sample.wfn")});
+        {
+            QFile f(fx.dataFile(QStringLiteral("nodollar.wfn")));
+            QVERIFY(f.open(QIODevice::WriteOnly));
+            f.write(sampleWithoutDollar());
+        }
+        fx.writeLast(QStringLiteral("sample.wfn"));
+        WayfernApp app;
+        showCosts(app);
+        WayfernView *v = app.view;
+        QVERIFY(tapCost(v, 2)); // 31.05 Boat, 45 USD
+        QTest::mouseClick(v->CopyButton, Qt::LeftButton);
+        QVERIFY(v->loadView(fx.dataFile(QStringLiteral("nodollar.wfn"))));
+        QCOMPARE(app.doc->currencies.count(), 2);
+        QVERIFY(v->PasteButton->isEnabled());
+        QVERIFY(tapCost(v, 0));
+        QTest::mouseClick(v->PasteButton, Qt::LeftButton);
+        QCOMPARE(app.doc->costs.count(), 6);
+        CostsData *pasted = v->actucost;
+        QVERIFY(pasted);
+        QCOMPARE(pasted->ctype, QStringLiteral("USD"));
+        QCOMPARE(pasted->fval, QStringLiteral("45.00"));
+        QCOMPARE(pasted->bval, QStringLiteral("0.0"));
+        QCOMPARE(pasted->bvalue, 0.0);
+        QCOMPARE(itemTexts(pasted->item), (QStringList{"31.05", "T", "0.0", "45.00", "USD"}));
+    }
+
+    void aNewCostConfirmedWithoutADateReadsTheDateOfTheCostBeforeIt()
+    {
+        // No sharing here, so OK asks nothing further.
+        ShellFixture fx({QStringLiteral("sample-nousers.wfn")});
+        fx.writeLast(QStringLiteral("sample-nousers.wfn"));
+        WayfernApp app;
+        showCosts(app);
+        WayfernView *v = app.view;
+        ModalTicket dialog = inNextCostsDialog([](costsEdit *ed, ModalOutcome &out) {
+            tapRow(ed, "foreign value", out);
+            QTest::keyClicks(ed->LineEdit, QStringLiteral("5"));
+            ed->OkButton->click();
+        });
+        QTest::mouseClick(v->InsertButton, Qt::LeftButton);
+        QVERIFY2(dialog->handled && dialog->error.isEmpty(), qPrintable(dialog->error));
+        QCOMPARE(app.doc->costs.count(), 6);
+        // The empty date compares as the date read before it, that of the latest cost, and
+        // so the new cost stays below it.
+        QCOMPARE(app.doc->costs.at(5)->date, QString());
+        QCOMPARE(app.doc->costs.at(5)->fval, QStringLiteral("5"));
+        QCOMPARE(app.doc->costs.at(4)->date, QStringLiteral("02.06.2002"));
+        QCOMPARE(WidgetReaders::columnTexts(v->CostsListView, 0),
+                 (QStringList{"30.05", "30.05", "31.05", "01.06", "02.06", ""}));
+        QCOMPARE(v->actucost, app.doc->costs.at(5));
+        QVERIFY(v->CostsListView->topLevelItem(5)->isSelected());
+        QVERIFY(app.doc->isModified());
+    }
+
+    void aNewCostInAJourneyWithoutCurrenciesTypesOrTravellersIsStored()
+    {
+        ShellFixture fx;
+        WayfernApp app;
+        showCosts(app);
+        WayfernView *v = app.view;
+        WayFernData &doc = *app.doc;
+        doc.clearAll();
+        doc.userflag = true;
+        v->refreshView();
+        QVERIFY(doc.currencies.isEmpty() && doc.ctypes.isEmpty() && doc.users.isEmpty());
+        QStringList opened;
+        ModalTicket calendar, share;
+        ModalTicket dialog = inNextCostsDialog([&](costsEdit *ed, ModalOutcome &out) {
+            opened = WidgetReaders::treeRows(ed->ListView);
+            tapRow(ed, "currency type", out);
+            tapRow(ed, "type", out);
+            tapRow(ed, "exch. rate", out);
+            tapRow(ed, "foreign value", out);
+            QTest::keyClicks(ed->LineEdit, QStringLiteral("12"));
+            // No date yet: the share dialog asks the calendar first; left without a date.
+            calendar = ModalHelper::cancelNextCalendar();
+            share = ModalHelper::clickInNextDialog(QStringLiteral("OkButton"), {}, "userPayEdit");
+            ed->OkButton->click();
+        });
+        QTest::mouseClick(v->InsertButton, Qt::LeftButton);
+        QVERIFY2(dialog->handled && dialog->error.isEmpty(), qPrintable(dialog->error));
+        QVERIFY2(calendar && calendar->handled, calendar ? qPrintable(calendar->error) : "");
+        QVERIFY2(share && share->handled, share ? qPrintable(share->error) : "");
+        QCOMPARE(opened, (QStringList{"date|", "type|", "short|", "currency type|",
+                                      "foreign value|", "base value|", "exch. rate|",
+                                      "comment|"}));
+        QCOMPARE(doc.costs.count(), 1);
+        QCOMPARE(doc.costs.first()->fval, QStringLiteral("12"));
+        QCOMPARE(WidgetReaders::treeRows(v->CostsListView), (QStringList{"||0.0|12|"}));
+        QCOMPARE(doc.totaltext, QStringLiteral("0.00"));
+    }
+
+    void aCurrencyAndACostTypeDeletedUnderACostLeaveNoStalePointer()
+    {
+        ShellFixture fx({QStringLiteral("sample.wfn")});
+        fx.writeLast(QStringLiteral("sample.wfn"));
+        WayfernApp app;
+        showCosts(app);
+        WayfernView *v = app.view;
+        QVERIFY(tapCost(v, 1)); // 36 CHF of Food
+        // The editor looks the currency up once; both go while the journey stays.
+        ModalTicket first = inNextCostsDialog([](costsEdit *ed, ModalOutcome &out) {
+            tapRow(ed, "foreign value", out);
+            ed->ClearButton->click();
+            QTest::keyClicks(ed->LineEdit, QStringLiteral("360"));
+            if (contentOf(ed->ListView, "base value") != QStringLiteral("240.00"))
+                out.error += QStringLiteral("no recalculation; ");
+            ed->reject();
+        });
+        QTest::mouseClick(v->ChangeButton, Qt::LeftButton);
+        QVERIFY2(first->handled && first->error.isEmpty(), qPrintable(first->error));
+        app.doc->currencies.remove(app.doc->findCurrency(QStringLiteral("CHF")));
+        app.doc->ctypes.remove(app.doc->ctypes.first());
+        v->refreshView();
+        QCOMPARE(itemTexts(v->CostsListView->topLevelItem(1)),
+                 (QStringList{"30.05", "F", "0.0", "36.00", "CHF"}));
+        ModalTicket second = inNextCostsDialog([](costsEdit *ed, ModalOutcome &out) {
+            tapRow(ed, "exch. rate", out);
+            tapRow(ed, "currency type", out);
+            tapRow(ed, "type", out);
+            tapRow(ed, "foreign value", out);
+            ed->ClearButton->click();
+            QTest::keyClicks(ed->LineEdit, QStringLiteral("360"));
+            // The currency is gone: a fresh lookup finds nothing and the value stays.
+            if (contentOf(ed->ListView, "base value") != QStringLiteral("0.0"))
+                out.error += QStringLiteral("base value moved: %1; ")
+                                 .arg(contentOf(ed->ListView, "base value"));
+            ed->reject();
+        });
+        QTest::mouseClick(v->ChangeButton, Qt::LeftButton);
+        QVERIFY2(second->handled && second->error.isEmpty(), qPrintable(second->error));
     }
 };
 
