@@ -26,6 +26,7 @@
 #include <QTreeWidget>
 
 #include <cmath>
+#include <initializer_list>
 #include <cstdio>
 #include <memory>
 
@@ -113,6 +114,23 @@ struct PaySetup
     bool tap(int i, int column = 0) const
     {
         return ModalHelper::tapItem(dlg.ListView, row(i), column);
+    }
+    // Taps the tick boxes of these rows, one after the other.
+    bool tick(std::initializer_list<int> rows) const
+    {
+        for (int i : rows)
+            if (!tap(i))
+                return false;
+        return true;
+    }
+    // Selects a row by its value and types `text` over the value in the edit line.
+    bool typeInRow(int i, const QString &text) const
+    {
+        if (!tap(i, 3))
+            return false;
+        dlg.LineEdit->selectAll();
+        QTest::keyClicks(dlg.LineEdit, text);
+        return true;
     }
     KtoData *line(int user, int id) const { return doc.users.at(user)->findKto(id); }
     // Presses CancelButton and answers the question that it asks.
@@ -250,8 +268,7 @@ private slots:
 
     // The share button.
     void shareButtonAsksBeforeSharing();
-    void shareButtonCancelChangesNothing();
-    void shareQuestionClosedWithEscapeChangesNothing();
+    void shareButtonCancelOrEscapeChangesNothing();
     void shareButtonDividesAmongAllUsersAndTicksEveryRow();
     void shareButtonDividesByTheDocumentsUsersEvenWithFewerRows();
     void shareButtonWithNoUsersDoesNothing();
@@ -282,9 +299,8 @@ private slots:
     void cancelWithoutChangeRejectsWithoutAsking();
     void cancelQuestionYesBooksAndAccepts();
     void cancelQuestionNoLeavesTheAccountsAndRejects();
-    void cancelQuestionCancelKeepsTheDialogAndTheTemporaryList();
+    void cancelQuestionCancelOrEscapeKeepsTheDialogAndTheTemporaryList();
     void closingTheWindowAsksAndCancelKeepsItOpen();
-    void saveQuestionClosedWithEscapeKeepsTheDialog();
     void oldLineWithMoreDigitsCountsAsAChange();
 
     // The account list behind slotKonto.
@@ -495,8 +511,7 @@ void TestUserPay::preparePrintsTheSharedLinesAsStored()
 {
     PaySetup s({"Zo\u00eb", "CD", "EF"});
     s.open(100.0, 12, "24.12.2002");
-    for (int i = 0; i < 3; ++i)
-        QVERIFY(s.tap(i));
+    QVERIFY(s.tick({0, 1, 2}));
     QTest::mouseClick(s.dlg.OkButton, Qt::LeftButton);
 
     const QString printed = s.open(-7.5, 12, "24.12.2002", false);
@@ -686,12 +701,9 @@ void TestUserPay::handEnteredZeroShowsUntickedAtReopening()
 {
     PaySetup s({"AB", "CD"});
     s.open(40.0, 1);
-    QVERIFY(s.tap(0));
-    QVERIFY(s.tap(1));
+    QVERIFY(s.tick({0, 1}));
     // CD's value typed over with 0.
-    QVERIFY(ModalHelper::tapItem(s.dlg.ListView, s.row(1), 2));
-    s.dlg.LineEdit->clear();
-    QTest::keyClicks(s.dlg.LineEdit, "0");
+    QVERIFY(s.typeInRow(1, "0"));
     QCOMPARE(picture(s.row(1)), QString("tick"));
     QTest::mouseClick(s.dlg.OkButton, Qt::LeftButton);
     s.open(40.0, 1, "03.05.2002", false);
@@ -712,7 +724,7 @@ void TestUserPay::shareButtonAsksBeforeSharing()
     QCOMPARE(box->icon, QMessageBox::Information);
 }
 
-void TestUserPay::shareButtonCancelChangesNothing()
+void TestUserPay::shareButtonCancelOrEscapeChangesNothing()
 {
     PaySetup s({"AB", "CD"});
     s.open(10.0, 1);
@@ -720,22 +732,14 @@ void TestUserPay::shareButtonCancelChangesNothing()
     ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::Cancel);
     QTest::mouseClick(s.dlg.ShareButton, Qt::LeftButton);
     QVERIFY2(box->handled && box->error.isEmpty(), qPrintable(box->error));
+    // A box closed without a choice answers Cancel.
+    ModalTicket escaped = PayTest::escapeNextMessageBox();
+    QTest::mouseClick(s.dlg.ShareButton, Qt::LeftButton);
+    QVERIFY2(escaped->handled && escaped->error.isEmpty(), qPrintable(escaped->error));
+    QCOMPARE(escaped->title, QString("Share costs"));
+    QCOMPARE(escaped->text, QString(shareQuestion));
     QCOMPARE(pictures(s.dlg.ListView), QStringList({"tick", "box"}));
     QCOMPARE(rowTexts(s.dlg.ListView), QStringList({"AB|100.0|-10.00|", "CD|0.0|0.00|"}));
-}
-
-void TestUserPay::shareQuestionClosedWithEscapeChangesNothing()
-{
-    PaySetup s({"AB", "CD"});
-    s.open(10.0, 1);
-    QVERIFY(s.tap(1));
-    ModalTicket box = PayTest::escapeNextMessageBox();
-    QTest::mouseClick(s.dlg.ShareButton, Qt::LeftButton);
-    QVERIFY2(box->handled && box->error.isEmpty(), qPrintable(box->error));
-    QCOMPARE(box->title, QString("Share costs"));
-    QCOMPARE(box->text, QString(shareQuestion));
-    QCOMPARE(pictures(s.dlg.ListView), QStringList({"box", "tick"}));
-    QCOMPARE(rowTexts(s.dlg.ListView), QStringList({"AB|0.0|0.00|", "CD|100.0|-10.00|"}));
     QVERIFY(s.dlg.isVisible());
 }
 
@@ -830,11 +834,8 @@ void TestUserPay::typedValueIsStoredAsTypedLeavingPercentageAndTick()
 {
     PaySetup s({"AB", "CD"});
     s.open(10.0, 1);
-    QVERIFY(s.tap(0));
-    QVERIFY(s.tap(1));
-    QVERIFY(s.tap(1, 2));
-    s.dlg.LineEdit->selectAll();
-    QTest::keyClicks(s.dlg.LineEdit, "-7.125");
+    QVERIFY(s.tick({0, 1}));
+    QVERIFY(s.typeInRow(1, "-7.125"));
     QCOMPARE(rowTexts(s.dlg.ListView), QStringList({"AB|50.0|-5.00|", "CD|50.0|-7.125|"}));
     QCOMPARE(pictures(s.dlg.ListView), QStringList({"tick", "tick"}));
     QTest::mouseClick(s.dlg.OkButton, Qt::LeftButton);
@@ -849,9 +850,7 @@ void TestUserPay::typedValueWithoutMinusIsBookedAsACredit()
 {
     PaySetup s({"AB"});
     s.open(10.0, 1);
-    QVERIFY(s.tap(0, 1));
-    s.dlg.LineEdit->selectAll();
-    QTest::keyClicks(s.dlg.LineEdit, "8");
+    QVERIFY(s.typeInRow(0, "8"));
     QTest::mouseClick(s.dlg.OkButton, Qt::LeftButton);
     QCOMPARE(s.line(0, 1)->change, 8.0);
     QCOMPARE(s.line(0, 1)->percentage, 0.0);
@@ -863,12 +862,8 @@ void TestUserPay::aLaterTickOverwritesHandEnteredValuesOfAllRows()
     PaySetup s({"AB", "CD", "EF"});
     s.open(30.0, 1);
     QVERIFY(s.tap(0));
-    QVERIFY(s.tap(0, 2));
-    s.dlg.LineEdit->selectAll();
-    QTest::keyClicks(s.dlg.LineEdit, "-1");
-    QVERIFY(s.tap(2, 2));
-    s.dlg.LineEdit->selectAll();
-    QTest::keyClicks(s.dlg.LineEdit, "-2");
+    QVERIFY(s.typeInRow(0, "-1"));
+    QVERIFY(s.typeInRow(2, "-2"));
     QCOMPARE(rowTexts(s.dlg.ListView),
              QStringList({"AB|100.0|-1|", "CD|0.0|0.00|", "EF|0.0|-2|"}));
     QVERIFY(s.tap(1));
@@ -908,11 +903,8 @@ void TestUserPay::typedTextThatIsNoNumberIsBookedAsZero()
 {
     PaySetup s({"AB", "CD"});
     s.open(10.0, 1);
-    QVERIFY(s.tap(0));
-    QVERIFY(s.tap(1));
-    QVERIFY(s.tap(0, 2));
-    s.dlg.LineEdit->selectAll();
-    QTest::keyClicks(s.dlg.LineEdit, "five");
+    QVERIFY(s.tick({0, 1}));
+    QVERIFY(s.typeInRow(0, "five"));
     QCOMPARE(rowTexts(s.dlg.ListView), QStringList({"AB|50.0|five|", "CD|50.0|-5.00|"}));
     QTest::mouseClick(s.dlg.OkButton, Qt::LeftButton);
     QCOMPARE(s.line(0, 1)->change, 0.0);
@@ -930,9 +922,7 @@ void TestUserPay::typedMinusZeroIsBookedAsANegatedZeroAndReopensUnticked()
     PaySetup s({"AB", "CD"});
     s.open(10.0, 1);
     QVERIFY(s.tap(0));
-    QVERIFY(s.tap(0, 2));
-    s.dlg.LineEdit->selectAll();
-    QTest::keyClicks(s.dlg.LineEdit, "-0.00");
+    QVERIFY(s.typeInRow(0, "-0.00"));
     QTest::mouseClick(s.dlg.OkButton, Qt::LeftButton);
     QVERIFY(std::signbit(s.line(0, 1)->change));
     QCOMPARE(s.line(0, 1)->change, 0.0);
@@ -1011,8 +1001,7 @@ void TestUserPay::travellerAddedAfterSharingLeavesOthersWithTheirLastLine()
 {
     PaySetup s({"AB", "CD"});
     s.open(20.0, 1);
-    QVERIFY(s.tap(0));
-    QVERIFY(s.tap(1));
+    QVERIFY(s.tick({0, 1}));
     QTest::mouseClick(s.dlg.OkButton, Qt::LeftButton);
     s.open(60.0, 2);
     QVERIFY(s.tap(0));
@@ -1034,8 +1023,7 @@ void TestUserPay::travellerDeletedAfterSharingLeavesTheOthersRows()
 {
     PaySetup s({"AB", "CD", "EF"});
     s.open(90.0, 1);
-    for (int i = 0; i < 3; ++i)
-        QVERIFY(s.tap(i));
+    QVERIFY(s.tick({0, 1, 2}));
     QTest::mouseClick(s.dlg.OkButton, Qt::LeftButton);
     // The user list deletes CD with his account, his share of the cost with it.
     QVERIFY(s.doc.users.remove(s.doc.users.at(1)));
@@ -1060,8 +1048,7 @@ void TestUserPay::travellerDeletedWhileTheDialogIsOpenBooksTheOthers()
 {
     PaySetup s({"AB", "CD", "EF"});
     s.open(90.0, 1);
-    for (int i = 0; i < 3; ++i)
-        QVERIFY(s.tap(i));
+    QVERIFY(s.tick({0, 1, 2}));
     QVERIFY(s.tap(2, 1));
     // EF goes while his row is still shown and selected.
     QVERIFY(s.doc.users.remove(s.doc.users.at(2)));
@@ -1083,8 +1070,7 @@ void TestUserPay::okBooksShareDateAndTheWordShareAndRecalculatesBalances()
     deposit->change = 100.0;
     deposit->type = "deposit";
     s.open(40.0, 5, "11.11.2002");
-    QVERIFY(s.tap(0));
-    QVERIFY(s.tap(1));
+    QVERIFY(s.tick({0, 1}));
     QTest::mouseClick(s.dlg.OkButton, Qt::LeftButton);
     QCOMPARE(s.doc.users.at(0)->value, 80.0);
     QCOMPARE(s.doc.users.at(1)->value, -20.0);
@@ -1160,7 +1146,7 @@ void TestUserPay::cancelQuestionNoLeavesTheAccountsAndRejects()
     QVERIFY(!s.doc.isModified());
 }
 
-void TestUserPay::cancelQuestionCancelKeepsTheDialogAndTheTemporaryList()
+void TestUserPay::cancelQuestionCancelOrEscapeKeepsTheDialogAndTheTemporaryList()
 {
     PaySetup s({"AB", "CD"});
     s.open(40.0, 1);
@@ -1169,6 +1155,12 @@ void TestUserPay::cancelQuestionCancelKeepsTheDialogAndTheTemporaryList()
     QVERIFY(s.dlg.isVisible());
     QCOMPARE(rowTexts(s.dlg.ListView), QStringList({"AB|0.0|0.00|", "CD|100.0|-40.00|"}));
     QCOMPARE(s.line(1, 1)->change, 0.0);
+    // A box closed without a choice answers Cancel.
+    ModalTicket box = PayTest::escapeNextMessageBox();
+    QTest::mouseClick(s.dlg.CancelButton, Qt::LeftButton);
+    PayTest::checkSaveQuestion(box);
+    QVERIFY(s.dlg.isVisible());
+    QVERIFY(!s.doc.isModified());
     // The temporary list is still there: a tick divides as before, OK books it.
     QVERIFY(s.tap(0));
     QCOMPARE(rowTexts(s.dlg.ListView), QStringList({"AB|50.0|-20.00|", "CD|50.0|-20.00|"}));
@@ -1193,20 +1185,6 @@ void TestUserPay::closingTheWindowAsksAndCancelKeepsItOpen()
     QVERIFY(!s.dlg.isVisible());
     QCOMPARE(s.dlg.result(), 0);
     QCOMPARE(s.line(0, 1)->type, QString(""));
-}
-
-void TestUserPay::saveQuestionClosedWithEscapeKeepsTheDialog()
-{
-    PaySetup s({"AB", "CD"});
-    s.open(40.0, 1);
-    QVERIFY(s.tap(0));
-    ModalTicket box = PayTest::escapeNextMessageBox();
-    QTest::mouseClick(s.dlg.CancelButton, Qt::LeftButton);
-    PayTest::checkSaveQuestion(box);
-    QVERIFY(s.dlg.isVisible());
-    QCOMPARE(rowTexts(s.dlg.ListView), QStringList({"AB|100.0|-40.00|", "CD|0.0|0.00|"}));
-    QCOMPARE(s.line(0, 1)->change, 0.0);
-    QVERIFY(!s.doc.isModified());
 }
 
 void TestUserPay::oldLineWithMoreDigitsCountsAsAChange()
