@@ -20,8 +20,9 @@ namespace PayTest {
 
 inline const char *const okWhatsThis =
     "confirms the changes.\nIf pressed, all changed will be stored.";
-inline const char *const cancelWhatsThis = "all changes will be lost,\nif this button is pressed.\n\n"
-                                           "The user is asked to confirm\nthe cancellation.";
+inline const char *const cancelWhatsThis =
+    "all changes will be lost,\nif this button is pressed.\n\n"
+    "The user is asked to confirm\nthe cancellation.";
 inline const char *const saveQuestion =
     "You have modified the data!\nDo you want to save the changes ?";
 

@@ -36,7 +36,8 @@ const FormCheck::WidgetRow cashFormWidgets[] = {
      "this combobox will show\nthe possibilities."},
     {"OkButton", "QToolButton", "", "OKButton", okWhatsThis, ":/pixmaps/ok.xpm"},
     {"CancelButton", "QToolButton", "", "CancelButton", cancelWhatsThis, ":/pixmaps/cancel.xpm"},
-    {"LineEdit", "QLineEdit", "", "EditLine", "Enter the data for the\nselected listviewitem here."},
+    {"LineEdit", "QLineEdit", "", "EditLine",
+     "Enter the data for the\nselected listviewitem here."},
     {"TextLabel", "QLabel", "TextLabel", "DateLabel",
      "This label shows the date witch\nis stored into the users account."},
     {"DateButton", "QToolButton", "...", "SelectButton",
@@ -112,9 +113,10 @@ struct CashSetup
         QTest::keyClicks(dlg.LineEdit, typed);
         QTest::mouseClick(dlg.OkButton, Qt::LeftButton);
     }
-    // Presses CancelButton and answers the question that it asks.
-    void cancelAnswering(QMessageBox::StandardButton answer)
+    // Types `typed`, presses CancelButton and answers the question that it asks.
+    void cancelAnswering(QMessageBox::StandardButton answer, const QString &typed = QString())
     {
+        QTest::keyClicks(dlg.LineEdit, typed);
         ModalTicket box = ModalHelper::answerNextMessageBox(answer);
         QTest::mouseClick(dlg.CancelButton, Qt::LeftButton);
         PayTest::checkSaveQuestion(box);
@@ -532,8 +534,7 @@ void TestUserCash::cancelQuestionYesBooksAndAccepts()
 {
     CashSetup s;
     s.open("pay off");
-    QTest::keyClicks(s.dlg.LineEdit, "12.25");
-    s.cancelAnswering(QMessageBox::Yes);
+    s.cancelAnswering(QMessageBox::Yes, "12.25");
     QVERIFY(!s.dlg.isVisible());
     QCOMPARE(s.dlg.result(), 1);
     QCOMPARE(s.line->change, -12.25);
@@ -547,8 +548,7 @@ void TestUserCash::cancelQuestionNoLeavesTheLineAndRejects()
 {
     CashSetup s;
     s.open("deposit");
-    QTest::keyClicks(s.dlg.LineEdit, "12");
-    s.cancelAnswering(QMessageBox::No);
+    s.cancelAnswering(QMessageBox::No, "12");
     QVERIFY(!s.dlg.isVisible());
     QCOMPARE(s.dlg.result(), 0);
     s.checkLineUntouched();
@@ -558,8 +558,7 @@ void TestUserCash::cancelQuestionCancelOrEscapeKeepsTheDialogOpen()
 {
     CashSetup s;
     s.open("deposit");
-    QTest::keyClicks(s.dlg.LineEdit, "12");
-    s.cancelAnswering(QMessageBox::Cancel);
+    s.cancelAnswering(QMessageBox::Cancel, "12");
     QVERIFY(s.dlg.isVisible());
     QCOMPARE(s.dlg.LineEdit->text(), QString("12"));
     s.checkLineUntouched();
@@ -601,8 +600,7 @@ void TestUserCash::lineRemovedByTheCallerAfterwardsIsNeverReachedAgain()
 {
     CashSetup s;
     s.open("deposit");
-    QTest::keyClicks(s.dlg.LineEdit, "9");
-    s.cancelAnswering(QMessageBox::No);
+    s.cancelAnswering(QMessageBox::No, "9");
     // The user list removes a rejected line again.
     s.user->removeKto(s.line);
     s.line = nullptr;

@@ -110,6 +110,11 @@ struct PaySetup
         dlg.show();
         return printed;
     }
+    // Opens the share of a cost again, as costsEdit does for a cost already shared.
+    QString reopen(double amount, int id)
+    {
+        return open(amount, id, QStringLiteral("03.05.2002"), false);
+    }
     QTreeWidgetItem *row(int i) const { return dlg.ListView->topLevelItem(i); }
     bool tap(int i, int column = 0) const
     {
@@ -679,7 +684,7 @@ void TestUserPay::zeroAmountGivesNegatedZeroShownAsMinus0_00AndReopensUnticked()
     QCOMPARE(s.line(0, 1)->percentage, 100.0);
 
     // At the next opening the negated zero equals 0.0: the row shows no tick.
-    s.open(0.0, 1, "03.05.2002", false);
+    s.reopen(0.0, 1);
     QCOMPARE(pictures(s.dlg.ListView), QStringList({"box", "box"}));
     QCOMPARE(rowTexts(s.dlg.ListView), QStringList({"AB|100.0|-0.00|", "CD|0.0|0.00|"}));
 }
@@ -691,7 +696,7 @@ void TestUserPay::reopeningShowsTheTicksItWasLeftWith()
     QVERIFY(s.tap(0));
     QVERIFY(s.tap(2));
     QTest::mouseClick(s.dlg.OkButton, Qt::LeftButton);
-    s.open(90.0, 2, "03.05.2002", false);
+    s.reopen(90.0, 2);
     QCOMPARE(pictures(s.dlg.ListView), QStringList({"tick", "box", "tick"}));
     QCOMPARE(rowTexts(s.dlg.ListView),
              QStringList({"AB|50.0|-45.00|", "CD|0.0|0.00|", "EF|50.0|-45.00|"}));
@@ -706,7 +711,7 @@ void TestUserPay::handEnteredZeroShowsUntickedAtReopening()
     QVERIFY(s.typeInRow(1, "0"));
     QCOMPARE(picture(s.row(1)), QString("tick"));
     QTest::mouseClick(s.dlg.OkButton, Qt::LeftButton);
-    s.open(40.0, 1, "03.05.2002", false);
+    s.reopen(40.0, 1);
     QCOMPARE(pictures(s.dlg.ListView), QStringList({"tick", "box"}));
     QCOMPARE(rowTexts(s.dlg.ListView), QStringList({"AB|50.0|-20.00|", "CD|50.0|0.00|"}));
 }
@@ -764,7 +769,7 @@ void TestUserPay::shareButtonDividesByTheDocumentsUsersEvenWithFewerRows()
     s.doc.addAllKto(1);
     // CD loses the line: the rows end in front of him.
     s.doc.users.at(1)->removeKto(s.line(1, 1));
-    s.open(90.0, 1, "03.05.2002", false);
+    s.reopen(90.0, 1);
     QCOMPARE(rowTexts(s.dlg.ListView), QStringList({"AB|0.0|0.00|"}));
     ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::Yes);
     QTest::mouseClick(s.dlg.ShareButton, Qt::LeftButton);
@@ -912,7 +917,7 @@ void TestUserPay::typedTextThatIsNoNumberIsBookedAsZero()
     QCOMPARE(s.doc.users.at(0)->value, 0.0);
     QCOMPARE(s.line(1, 1)->change, -5.0);
     // Booked as 0.0, the row shows no tick when the share opens again.
-    s.open(10.0, 1, "03.05.2002", false);
+    s.reopen(10.0, 1);
     QCOMPARE(pictures(s.dlg.ListView), QStringList({"box", "tick"}));
     QCOMPARE(rowTexts(s.dlg.ListView), QStringList({"AB|50.0|0.00|", "CD|50.0|-5.00|"}));
 }
@@ -928,7 +933,7 @@ void TestUserPay::typedMinusZeroIsBookedAsANegatedZeroAndReopensUnticked()
     QCOMPARE(s.line(0, 1)->change, 0.0);
     QCOMPARE(s.line(0, 1)->percentage, 100.0);
     QCOMPARE(s.doc.users.at(0)->value, 0.0);
-    s.open(10.0, 1, "03.05.2002", false);
+    s.reopen(10.0, 1);
     QCOMPARE(pictures(s.dlg.ListView), QStringList({"box", "box"}));
     QCOMPARE(rowTexts(s.dlg.ListView), QStringList({"AB|100.0|-0.00|", "CD|0.0|0.00|"}));
 }
@@ -982,7 +987,7 @@ void TestUserPay::travellerWithoutLineEndsTheRows()
     PaySetup s({"AB", "CD", "EF"});
     s.doc.addAllKto(1);
     s.doc.users.at(1)->removeKto(s.line(1, 1));
-    const QString printed = s.open(30.0, 1, "03.05.2002", false);
+    const QString printed = s.reopen(30.0, 1);
     // The lookup from the end stops at CD; AB keeps the line that addAllKto gave him.
     QCOMPARE(printed, QStringLiteral("\nuserPayEdit::prepare - shareval = 30.0000"
                                         "\n                       ID = 1")
@@ -1008,7 +1013,7 @@ void TestUserPay::travellerAddedAfterSharingLeavesOthersWithTheirLastLine()
     QTest::mouseClick(s.dlg.OkButton, Qt::LeftButton);
     // A new traveller has no line for either cost.
     s.addUser("EF");
-    s.open(20.0, 1, "03.05.2002", false);
+    s.reopen(20.0, 1);
     // The lookup stopped at EF at once: AB and CD still point at their lines of cost 2.
     QCOMPARE(rowTexts(s.dlg.ListView), QStringList({"AB|100.0|-60.00|", "CD|0.0|0.00|"}));
     QCOMPARE(pictures(s.dlg.ListView), QStringList({"tick", "box"}));
@@ -1029,7 +1034,7 @@ void TestUserPay::travellerDeletedAfterSharingLeavesTheOthersRows()
     QVERIFY(s.doc.users.remove(s.doc.users.at(1)));
     s.doc.recalcUsers();
 
-    s.open(90.0, 1, "03.05.2002", false);
+    s.reopen(90.0, 1);
     QCOMPARE(rowTexts(s.dlg.ListView), QStringList({"AB|33.3|-30.00|", "EF|33.3|-30.00|"}));
     QCOMPARE(pictures(s.dlg.ListView), QStringList({"tick", "tick"}));
     // A tap divides the whole amount anew among the rows left.
@@ -1089,7 +1094,7 @@ void TestUserPay::okWithoutChangeOnASharedCostLeavesTheDocumentUnmodified()
     QVERIFY(s.tap(0));
     QTest::mouseClick(s.dlg.OkButton, Qt::LeftButton);
     s.doc.setModified(false);
-    s.open(40.0, 1, "03.05.2002", false);
+    s.reopen(40.0, 1);
     QTest::mouseClick(s.dlg.OkButton, Qt::LeftButton);
     QCOMPARE(s.dlg.result(), 1);
     QVERIFY(!s.doc.isModified());
@@ -1111,7 +1116,7 @@ void TestUserPay::cancelWithoutChangeRejectsWithoutAsking()
     s.open(40.0, 1);
     QVERIFY(s.tap(0));
     QTest::mouseClick(s.dlg.OkButton, Qt::LeftButton);
-    s.open(40.0, 1, "03.05.2002", false);
+    s.reopen(40.0, 1);
     // An unanswered question would stay open and fail the test through its time-out.
     QTest::mouseClick(s.dlg.CancelButton, Qt::LeftButton);
     QVERIFY(!s.dlg.isVisible());
@@ -1198,7 +1203,7 @@ void TestUserPay::oldLineWithMoreDigitsCountsAsAChange()
         line->type = "share";
         line->date = "03.05.2002";
     }
-    s.open(100.0, 1, "03.05.2002", false);
+    s.reopen(100.0, 1);
     QCOMPARE(rowTexts(s.dlg.ListView),
              QStringList({"AB|33.3|-33.33|", "CD|33.3|-33.33|", "EF|33.3|-33.33|"}));
     s.cancelAnswering(QMessageBox::Yes);
