@@ -1022,6 +1022,16 @@ void TestUserPay::travellerAddedAfterSharingLeavesOthersWithTheirLastLine()
     QCOMPARE(s.dlg.result(), 0);
     QCOMPARE(s.line(0, 1)->change, -10.0);
     QCOMPARE(s.line(0, 2)->change, -60.0);
+
+    // The share button counts EF, though he has no row.
+    s.reopen(20.0, 1);
+    ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::Yes);
+    QTest::mouseClick(s.dlg.ShareButton, Qt::LeftButton);
+    QVERIFY2(box->handled && box->error.isEmpty(), qPrintable(box->error));
+    QCOMPARE(rowTexts(s.dlg.ListView), QStringList({"AB|33.3|-6.67|", "CD|33.3|-6.67|"}));
+    s.cancelAnswering(QMessageBox::No);
+    QCOMPARE(s.line(0, 2)->change, -60.0);
+    QCOMPARE(s.line(1, 2)->change, 0.0);
 }
 
 void TestUserPay::travellerDeletedAfterSharingLeavesTheOthersRows()
