@@ -409,11 +409,13 @@ void TestUserCash::emptyDateOpensTheCalendarFirst()
 {
     CashSetup s;
     ModalTicket cal = ModalHelper::pickDateInNextCalendar(QDate(2002, 6, 14));
-    s.open("deposit", QString());
+    s.dlg.prepare("deposit", QString(), s.user, s.line, &s.calendar);
+    // The calendar came and went inside prepare, while the dialog was still hidden.
     QVERIFY2(cal->handled && cal->error.isEmpty(), qPrintable(cal->error));
     QCOMPARE(cal->objectName, QString("Calendar"));
-    // The calendar ran before the dialog was shown.
+    QVERIFY(!s.dlg.isVisible());
     QCOMPARE(s.dlg.TextLabel->text(), QString("14.06.2002"));
+    s.dlg.show();
     QTest::keyClicks(s.dlg.LineEdit, "10");
     QTest::mouseClick(s.dlg.OkButton, Qt::LeftButton);
     QCOMPARE(s.line->date, QString("14.06.2002"));
