@@ -193,8 +193,8 @@ private slots:
     void cancelQuestionYesBooksAndAccepts();
     void cancelQuestionNoLeavesTheLineAndRejects();
     void cancelQuestionCancelOrEscapeKeepsTheDialogOpen();
-    void closingTheWindowAsksAndCancelKeepsItOpen();
-    void closingTheWindowAndNoRejects();
+    void closingTheWindowAsksAndAnswersAsCancelDoes_data();
+    void closingTheWindowAsksAndAnswersAsCancelDoes();
     void lineRemovedByTheCallerAfterwardsIsNeverReachedAgain();
 
     // The account list.
@@ -575,27 +575,38 @@ void TestUserCash::cancelQuestionCancelOrEscapeKeepsTheDialogOpen()
     QCOMPARE(s.line->change, 12.0);
 }
 
-void TestUserCash::closingTheWindowAsksAndCancelKeepsItOpen()
+void TestUserCash::closingTheWindowAsksAndAnswersAsCancelDoes_data()
 {
-    CashSetup s;
-    s.open("deposit");
-    ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::Cancel);
-    QVERIFY(!s.dlg.close());
-    PayTest::checkSaveQuestion(box);
-    QVERIFY(s.dlg.isVisible());
-    s.checkLineUntouched();
+    QTest::addColumn<int>("answer");
+    QTest::addColumn<bool>("open");
+    QTest::addColumn<int>("result");
+    QTest::addColumn<double>("booked");
+    QTest::newRow("Cancel keeps it open") << int(QMessageBox::Cancel) << true << 0 << 0.0;
+    QTest::newRow("No rejects") << int(QMessageBox::No) << false << 0 << 0.0;
+    QTest::newRow("Yes books and accepts") << int(QMessageBox::Yes) << false << 1 << 7.0;
 }
 
-void TestUserCash::closingTheWindowAndNoRejects()
+void TestUserCash::closingTheWindowAsksAndAnswersAsCancelDoes()
 {
+    QFETCH(int, answer);
+    QFETCH(bool, open);
+    QFETCH(int, result);
+    QFETCH(double, booked);
     CashSetup s;
     s.open("deposit");
-    ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::No);
-    QVERIFY(s.dlg.close());
+    QTest::keyClicks(s.dlg.LineEdit, "7");
+    ModalTicket box =
+        ModalHelper::answerNextMessageBox(static_cast<QMessageBox::StandardButton>(answer));
+    // The close event is ignored while the dialog stays.
+    QCOMPARE(s.dlg.close(), !open);
     PayTest::checkSaveQuestion(box);
-    QVERIFY(!s.dlg.isVisible());
-    QCOMPARE(s.dlg.result(), 0);
-    s.checkLineUntouched();
+    QCOMPARE(s.dlg.isVisible(), open);
+    if (open)
+        return s.checkLineUntouched();
+    QCOMPARE(s.dlg.result(), result);
+    QCOMPARE(s.line->change, booked);
+    QCOMPARE(s.user->value, booked);
+    QCOMPARE(s.journey.doc.isModified(), result == 1);
 }
 
 void TestUserCash::lineRemovedByTheCallerAfterwardsIsNeverReachedAgain()

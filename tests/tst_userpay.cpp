@@ -305,7 +305,7 @@ private slots:
     void cancelQuestionYesBooksAndAccepts();
     void cancelQuestionNoLeavesTheAccountsAndRejects();
     void cancelQuestionCancelOrEscapeKeepsTheDialogAndTheTemporaryList();
-    void closingTheWindowAsksAndCancelKeepsItOpen();
+    void closingTheWindowAsksAndAnswersAsCancelDoes();
     void oldLineWithMoreDigitsCountsAsAChange();
 
     // The account list behind slotKonto.
@@ -1188,7 +1188,7 @@ void TestUserPay::cancelQuestionCancelOrEscapeKeepsTheDialogAndTheTemporaryList(
     QCOMPARE(s.line(1, 1)->change, -20.0);
 }
 
-void TestUserPay::closingTheWindowAsksAndCancelKeepsItOpen()
+void TestUserPay::closingTheWindowAsksAndAnswersAsCancelDoes()
 {
     PaySetup s({"AB"});
     s.open(40.0, 1);
@@ -1204,6 +1204,18 @@ void TestUserPay::closingTheWindowAsksAndCancelKeepsItOpen()
     QVERIFY(!s.dlg.isVisible());
     QCOMPARE(s.dlg.result(), 0);
     QCOMPARE(s.line(0, 1)->type, QString(""));
+
+    // Yes books what the rows show, as OK would.
+    s.reopen(40.0, 1);
+    QVERIFY(s.tap(0));
+    ModalTicket yes = ModalHelper::answerNextMessageBox(QMessageBox::Yes);
+    QVERIFY(s.dlg.close());
+    PayTest::checkSaveQuestion(yes);
+    QVERIFY(!s.dlg.isVisible());
+    QCOMPARE(s.dlg.result(), 1);
+    QCOMPARE(s.line(0, 1)->change, -40.0);
+    QCOMPARE(s.line(0, 1)->type, QString("share"));
+    QVERIFY(s.doc.isModified());
 }
 
 void TestUserPay::oldLineWithMoreDigitsCountsAsAChange()
