@@ -601,8 +601,10 @@ void TestUserCash::closingTheWindowAsksAndAnswersAsCancelDoes()
     QCOMPARE(s.dlg.close(), !open);
     PayTest::checkSaveQuestion(box);
     QCOMPARE(s.dlg.isVisible(), open);
-    if (open)
-        return s.checkLineUntouched();
+    if (open) {
+        s.checkLineUntouched();
+        return;
+    }
     QCOMPARE(s.dlg.result(), result);
     QCOMPARE(s.line->change, booked);
     QCOMPARE(s.user->value, booked);

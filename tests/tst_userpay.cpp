@@ -11,8 +11,6 @@
 #include "paytestutil.h"
 #include "stdoutcapture.h"
 
-#include <QApplication>
-#include <QFont>
 #include <QFontMetrics>
 #include <QHeaderView>
 #include <QImage>
@@ -26,9 +24,8 @@
 #include <QTreeWidget>
 
 #include <cmath>
-#include <initializer_list>
 #include <cstdio>
-#include <memory>
+#include <initializer_list>
 
 namespace {
 
