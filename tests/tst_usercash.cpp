@@ -8,25 +8,65 @@
 #include "forms/userktodlg.h"
 #include "formcheck.h"
 #include "modalhelper.h"
+#include "paytestutil.h"
+#include "widgetreaders.h"
 
-#include <QApplication>
 #include <QComboBox>
-#include <QFont>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
+#include <QRegularExpression>
 #include <QTest>
 #include <QToolButton>
 #include <QTreeWidget>
 
-#include <memory>
+#include <cmath>
+
+using PayTest::cancelWhatsThis;
+using PayTest::okWhatsThis;
+using WidgetReaders::treeRows;
 
 namespace {
 
-const char *const okWhatsThis = "confirms the changes.\nIf pressed, all changed will be stored.";
-const char *const cancelWhatsThis = "all changes will be lost,\nif this button is pressed.\n\n"
-                                    "The user is asked to confirm\nthe cancellation.";
-const char *const saveQuestion = "You have modified the data!\nDo you want to save the changes ?";
+// The deposit and pay-off form as designed; the first row is the form itself.
+const FormCheck::WidgetRow cashFormWidgets[] = {
+    {"UserCashDlg", "UserCashDlg", "Form1"},
+    {"ComboBox", "QComboBox", "", "select the box, if enabled",
+     "ComboBox used for different purposes.\nIf e.g. the currency type has to be\nentered, "
+     "this combobox will show\nthe possibilities."},
+    {"OkButton", "QToolButton", "", "OKButton", okWhatsThis, ":/pixmaps/ok.xpm"},
+    {"CancelButton", "QToolButton", "", "CancelButton", cancelWhatsThis, ":/pixmaps/cancel.xpm"},
+    {"LineEdit", "QLineEdit", "", "EditLine",
+     "Enter the data for the\nselected listviewitem here."},
+    {"TextLabel", "QLabel", "TextLabel", "DateLabel",
+     "This label shows the date witch\nis stored into the users account."},
+    {"DateButton", "QToolButton", "...", "SelectButton",
+     "This button is used for different\npurposes.\nE.g. in case of date input, the button\n"
+     "opens a calendar for date input."},
+};
+
+const FormCheck::StubRow cashFormStubs[] = {
+    {"slotSelectButton()", "UserCashDlg::slotSelectButton(): Not implemented yet!"},
+    {"slotCancel()", "UserCashDlg::slotCancel(): Not implemented yet!"},
+    {"slotComboChanged(QString)",
+     "UserCashDlg::slotComboChanged( const QString & ): Not implemented yet!"},
+    {"slotOk()", "UserCashDlg::slotOk(): Not implemented yet!"},
+};
+
+// The account form as designed; the first row is the form itself.
+const FormCheck::WidgetRow ktoFormWidgets[] = {
+    {"UserKtoDlg", "UserKtoDlg", "Form1"},
+    {"ValTextLabel", "QLabel", "value", "Shows the users amount of money.",
+     "Shows the users amount of money."},
+    {"CloseButton", "QToolButton", "", "CloseButton", "This button closes the form.",
+     ":/pixmaps/close.xpm"},
+    {"ListView", "QTreeWidget", "date|change|total", "show the users aacount",
+     "The list shows the user account."},
+};
+
+const FormCheck::StubRow ktoFormStubs[] = {
+    {"slotClose()", "UserKtoDlg::slotClose(): Not implemented yet!"},
+};
 
 // A journey with travellers, as the user list makes them.
 struct Journey
@@ -66,20 +106,32 @@ struct CashSetup
         dlg.prepare(type, date, user, line, &calendar);
         dlg.show();
     }
+    // Opens the dialog, types the amount and presses OK.
+    void book(const QString &type, const QString &typed)
+    {
+        open(type);
+        QTest::keyClicks(dlg.LineEdit, typed);
+        QTest::mouseClick(dlg.OkButton, Qt::LeftButton);
+    }
+    // Types `typed`, presses CancelButton and answers the question that it asks.
+    void cancelAnswering(QMessageBox::StandardButton answer, const QString &typed = QString())
+    {
+        QTest::keyClicks(dlg.LineEdit, typed);
+        ModalTicket box = ModalHelper::answerNextMessageBox(answer);
+        QTest::mouseClick(dlg.CancelButton, Qt::LeftButton);
+        PayTest::checkSaveQuestion(box);
+    }
+    // The line as the user list appended it: nothing booked, the journey unchanged.
+    void checkLineUntouched() const
+    {
+        QCOMPARE(line->change, 0.0);
+        QCOMPARE(line->percentage, 0.0);
+        QCOMPARE(line->type, QString(""));
+        QCOMPARE(line->date, QString(""));
+        QCOMPARE(user->value, 0.0);
+        QVERIFY(!journey.doc.isModified());
+    }
 };
-
-void checkTexts(QWidget *w, const QString &tip, const QString &whatsThis)
-{
-    QVERIFY2(w, "widget missing");
-    QCOMPARE(w->toolTip(), tip);
-    QCOMPARE(w->whatsThis(), whatsThis);
-}
-
-void checkBigBoldFont(QLabel *label)
-{
-    QCOMPARE(label->font().pointSize(), 11);
-    QVERIFY(label->font().bold());
-}
 
 // Records which slot a signal of the form reached.
 class CashRecorder : public UserCashDlg
@@ -99,19 +151,6 @@ public:
     void slotClose() override { calls << "slotClose"; }
 };
 
-QStringList rowTexts(QTreeWidget *view)
-{
-    QStringList rows;
-    for (int i = 0; i < view->topLevelItemCount(); ++i) {
-        QTreeWidgetItem *item = view->topLevelItem(i);
-        QStringList cells;
-        for (int c = 0; c < view->columnCount(); ++c)
-            cells << item->text(c);
-        rows << cells.join(QLatin1Char('|'));
-    }
-    return rows;
-}
-
 } // namespace
 
 class TestUserCash : public QObject
@@ -119,13 +158,15 @@ class TestUserCash : public QObject
     Q_OBJECT
 
 private slots:
+    void init();
     void cleanup();
 
     // The deposit and pay-off form.
     void cashFormHasItsWidgetsInOrder();
-    void cashFormTextsToolTipsAndWhatsThis();
+    void cashFormWidgetsCarryTheirNamesTextsTipsAndPictures();
+    void cashEditorKeepsTheFormsNamesTextsAndTips();
     void cashFormLayout();
-    void cashFormFontsAndFrames();
+    void cashFormFrames();
     void cashFormStubsSayNotImplemented();
     void cashFormConnections();
     void cashFormKeepsTheDateLabelBigOnAFontChange();
@@ -144,18 +185,23 @@ private slots:
     void comboBoxDoesNothing();
     void textThatIsNoNumberBooksZero();
     void tenThousandCharacterAmountBooksWithoutCrash();
+    void typedMinusZeroDepositBooksANegatedZero();
+    void typedMinusZeroPayOffBooksAPlainZero();
 
     // The question on Cancel and on closing.
     void cancelAsksTheSaveQuestion();
     void cancelQuestionYesBooksAndAccepts();
     void cancelQuestionNoLeavesTheLineAndRejects();
-    void cancelQuestionCancelKeepsTheDialogOpen();
-    void closingTheWindowAsksAndCancelKeepsItOpen();
-    void closingTheWindowAndNoRejects();
+    void cancelQuestionCancelOrEscapeKeepsTheDialogOpen();
+    void closingTheWindowAsksAndAnswersAsCancelDoes_data();
+    void closingTheWindowAsksAndAnswersAsCancelDoes();
+    void lineRemovedByTheCallerAfterwardsIsNeverReachedAgain();
 
     // The account list.
     void ktoFormHasItsWidgetsInOrder();
-    void ktoFormTextsToolTipsAndWhatsThis();
+    void ktoFormWidgetsCarryTheirNamesTextsTipsAndPictures();
+    void ktoEditorKeepsTheFormsNamesTextsAndTips();
+    void ktoFormFramesAndAlignment();
     void ktoFormLayoutAndHeaders();
     void ktoFormStubSaysNotImplemented();
     void ktoFormConnection();
@@ -167,6 +213,11 @@ private slots:
     void ktoCloseAcceptsAndChangesNothing();
     void ktoClosingTheWindowAccepts();
 };
+
+void TestUserCash::init()
+{
+    QTest::failOnWarning(QRegularExpression("Not implemented yet!"));
+}
 
 void TestUserCash::cleanup()
 {
@@ -189,30 +240,20 @@ void TestUserCash::cashFormHasItsWidgetsInOrder()
     QVERIFY(named.isModal());
 }
 
-void TestUserCash::cashFormTextsToolTipsAndWhatsThis()
+void TestUserCash::cashFormWidgetsCarryTheirNamesTextsTipsAndPictures()
 {
     UserCashDlg form;
-    checkTexts(form.ComboBox, "select the box, if enabled",
-               "ComboBox used for different purposes.\nIf e.g. the currency type has to be\n"
-               "entered, this combobox will show\nthe possibilities.");
-    checkTexts(form.OkButton, "OKButton", okWhatsThis);
-    checkTexts(form.CancelButton, "CancelButton", cancelWhatsThis);
-    checkTexts(form.LineEdit, "EditLine", "Enter the data for the\nselected listviewitem here.");
-    checkTexts(form.TextLabel, "DateLabel",
-               "This label shows the date witch\nis stored into the users account.");
-    checkTexts(form.DateButton, "SelectButton",
-               "This button is used for different\npurposes.\nE.g. in case of date input, the "
-               "button\nopens a calendar for date input.");
-    QCOMPARE(form.TextLabel->text(), QString("TextLabel"));
-    QCOMPARE(form.DateButton->text(), QString("..."));
-    QCOMPARE(form.LineEdit->text(), QString());
-    // The two buttons show a picture and no text.
-    QCOMPARE(form.OkButton->text(), QString());
-    QCOMPARE(form.CancelButton->text(), QString());
-    QVERIFY(!form.OkButton->icon().isNull());
-    QVERIFY(!form.CancelButton->icon().isNull());
+    FormCheck::checkWidgets(&form, cashFormWidgets);
+    if (QTest::currentTestFailed())
+        return;
     QCOMPARE(form.OkButton->iconSize(), QSize(24, 16));
     QCOMPARE(form.CancelButton->iconSize(), QSize(24, 16));
+}
+
+void TestUserCash::cashEditorKeepsTheFormsNamesTextsAndTips()
+{
+    CashSetup s;
+    PayTest::checkEditorWidgets(&s.dlg, cashFormWidgets, {"User cash", "userCashEdit", "Form1"});
 }
 
 void TestUserCash::cashFormLayout()
@@ -232,10 +273,9 @@ void TestUserCash::cashFormLayout()
     QCOMPARE(form.DateButton->minimumSize(), QSize(20, 0));
 }
 
-void TestUserCash::cashFormFontsAndFrames()
+void TestUserCash::cashFormFrames()
 {
     UserCashDlg form;
-    checkBigBoldFont(form.TextLabel);
     QCOMPARE(form.TextLabel->frameShape(), QFrame::StyledPanel);
     QCOMPARE(form.TextLabel->frameShadow(), QFrame::Raised);
 }
@@ -243,15 +283,7 @@ void TestUserCash::cashFormFontsAndFrames()
 void TestUserCash::cashFormStubsSayNotImplemented()
 {
     UserCashDlg form;
-    QTest::ignoreMessage(QtWarningMsg, "UserCashDlg::slotSelectButton(): Not implemented yet!");
-    form.slotSelectButton();
-    QTest::ignoreMessage(QtWarningMsg, "UserCashDlg::slotCancel(): Not implemented yet!");
-    form.slotCancel();
-    QTest::ignoreMessage(QtWarningMsg,
-                         "UserCashDlg::slotComboChanged( const QString & ): Not implemented yet!");
-    form.slotComboChanged("x");
-    QTest::ignoreMessage(QtWarningMsg, "UserCashDlg::slotOk(): Not implemented yet!");
-    form.slotOk();
+    FormCheck::checkStubs(&form, UserCashDlg::staticMetaObject, cashFormStubs);
 }
 
 void TestUserCash::cashFormConnections()
@@ -274,21 +306,13 @@ void TestUserCash::cashFormConnections()
 void TestUserCash::cashFormKeepsTheDateLabelBigOnAFontChange()
 {
     UserCashDlg form;
-    const QFont before = QApplication::font();
-    QFont bigger = before;
-    bigger.setPointSize(23);
-    QApplication::setFont(bigger);
-    checkBigBoldFont(form.TextLabel);
-    QApplication::setFont(before);
-    checkBigBoldFont(form.TextLabel);
+    PayTest::checkLabelsStayBigOnAFontChange(&form, {form.TextLabel});
 }
 
 void TestUserCash::payOffOf50StoresMinus50AndPercentage100()
 {
     CashSetup s;
-    s.open("pay off");
-    QTest::keyClicks(s.dlg.LineEdit, "50");
-    QTest::mouseClick(s.dlg.OkButton, Qt::LeftButton);
+    s.book("pay off", "50");
     QVERIFY(!s.dlg.isVisible());
     QCOMPARE(s.dlg.result(), 1);
     QCOMPARE(s.line->change, -50.0);
@@ -304,9 +328,7 @@ void TestUserCash::payOffOf50StoresMinus50AndPercentage100()
 void TestUserCash::depositOf50Stores50AndPercentage100()
 {
     CashSetup s;
-    s.open("deposit");
-    QTest::keyClicks(s.dlg.LineEdit, "50");
-    QTest::mouseClick(s.dlg.OkButton, Qt::LeftButton);
+    s.book("deposit", "50");
     QCOMPARE(s.dlg.result(), 1);
     QCOMPARE(s.line->change, 50.0);
     QCOMPARE(s.line->percentage, 100.0);
@@ -319,9 +341,7 @@ void TestUserCash::depositOf50Stores50AndPercentage100()
 void TestUserCash::typingANegativePayOffStoresAPositiveChange()
 {
     CashSetup s;
-    s.open("pay off");
-    QTest::keyClicks(s.dlg.LineEdit, "-20.5");
-    QTest::mouseClick(s.dlg.OkButton, Qt::LeftButton);
+    s.book("pay off", "-20.5");
     QCOMPARE(s.line->change, 20.5);
     QCOMPARE(s.user->value, 20.5);
 }
@@ -389,11 +409,13 @@ void TestUserCash::emptyDateOpensTheCalendarFirst()
 {
     CashSetup s;
     ModalTicket cal = ModalHelper::pickDateInNextCalendar(QDate(2002, 6, 14));
-    s.open("deposit", QString());
+    s.dlg.prepare("deposit", QString(), s.user, s.line, &s.calendar);
+    // The calendar came and went inside prepare, while the dialog was still hidden.
     QVERIFY2(cal->handled && cal->error.isEmpty(), qPrintable(cal->error));
     QCOMPARE(cal->objectName, QString("Calendar"));
-    // The calendar ran before the dialog was shown.
+    QVERIFY(!s.dlg.isVisible());
     QCOMPARE(s.dlg.TextLabel->text(), QString("14.06.2002"));
+    s.dlg.show();
     QTest::keyClicks(s.dlg.LineEdit, "10");
     QTest::mouseClick(s.dlg.OkButton, Qt::LeftButton);
     QCOMPARE(s.line->date, QString("14.06.2002"));
@@ -455,9 +477,7 @@ void TestUserCash::comboBoxDoesNothing()
 void TestUserCash::textThatIsNoNumberBooksZero()
 {
     CashSetup s;
-    s.open("deposit");
-    QTest::keyClicks(s.dlg.LineEdit, "ten");
-    QTest::mouseClick(s.dlg.OkButton, Qt::LeftButton);
+    s.book("deposit", "ten");
     QCOMPARE(s.line->change, 0.0);
     QCOMPARE(s.line->percentage, 100.0);
 }
@@ -466,42 +486,62 @@ void TestUserCash::tenThousandCharacterAmountBooksWithoutCrash()
 {
     CashSetup s;
     s.open("pay off");
-    const QString huge(10000, QLatin1Char('7'));
+    // Typed key by key at first; the rest arrives as one paste, as a finger would not type it.
+    const QString huge = QStringLiteral("0.") + QString(9998, QLatin1Char('5'));
     QTest::keyClicks(s.dlg.LineEdit, huge.left(50));
     s.dlg.LineEdit->setText(huge);
     QCOMPARE(s.dlg.LineEdit->text().size(), qsizetype(10000));
     QTest::mouseClick(s.dlg.OkButton, Qt::LeftButton);
     QCOMPARE(s.dlg.result(), 1);
-    // The number is what the conversion makes of it, with the pay-off sign.
-    QCOMPARE(s.line->change, -huge.toDouble());
-    QCOMPARE(s.user->value, s.line->change);
+    QCOMPARE(s.line->change, -0.5555555555555556);
+    QCOMPARE(s.user->value, -0.5555555555555556);
+    QCOMPARE(s.line->percentage, 100.0);
+}
+
+void TestUserCash::typedMinusZeroDepositBooksANegatedZero()
+{
+    CashSetup s;
+    s.book("deposit", "-0.00");
+    QCOMPARE(s.dlg.result(), 1);
+    QVERIFY(std::signbit(s.line->change));
+    QCOMPARE(s.line->change, 0.0);
+    QCOMPARE(s.line->percentage, 100.0);
+    // The account shows the line as it is stored; the sum with it is a plain zero.
+    userKtoEdit account(nullptr, "User account", true, &s.journey.doc);
+    account.hide();
+    account.prepare(s.user);
+    QCOMPARE(account.ValTextLabel->text(), QString("0.00 EUR"));
+    QCOMPARE(treeRows(account.ListView), QStringList({"03.05.2002|-0.00|0.00"}));
+}
+
+void TestUserCash::typedMinusZeroPayOffBooksAPlainZero()
+{
+    CashSetup s;
+    s.book("pay off", "-0.00");
+    // The pay-off sign turns the negated zero back.
+    QVERIFY(!std::signbit(s.line->change));
+    QCOMPARE(s.line->change, 0.0);
+    QCOMPARE(s.line->type, QString("pay off"));
+    QVERIFY(s.journey.doc.isModified());
 }
 
 void TestUserCash::cancelAsksTheSaveQuestion()
 {
     CashSetup s;
     s.open("deposit");
-    ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::No);
-    QTest::mouseClick(s.dlg.CancelButton, Qt::LeftButton);
-    QVERIFY2(box->handled && box->error.isEmpty(), qPrintable(box->error));
-    QCOMPARE(box->title, QString("Cancel"));
-    QCOMPARE(box->text, QString(saveQuestion));
-    QCOMPARE(box->buttons, QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
-    QCOMPARE(box->icon, QMessageBox::Information);
+    s.cancelAnswering(QMessageBox::No);
 }
 
 void TestUserCash::cancelQuestionYesBooksAndAccepts()
 {
     CashSetup s;
     s.open("pay off");
-    QTest::keyClicks(s.dlg.LineEdit, "12.25");
-    ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::Yes);
-    QTest::mouseClick(s.dlg.CancelButton, Qt::LeftButton);
-    QVERIFY2(box->handled && box->error.isEmpty(), qPrintable(box->error));
+    s.cancelAnswering(QMessageBox::Yes, "12.25");
     QVERIFY(!s.dlg.isVisible());
     QCOMPARE(s.dlg.result(), 1);
     QCOMPARE(s.line->change, -12.25);
     QCOMPARE(s.line->percentage, 100.0);
+    QCOMPARE(s.line->type, QString("pay off"));
     QCOMPARE(s.user->value, -12.25);
     QVERIFY(s.journey.doc.isModified());
 }
@@ -510,56 +550,86 @@ void TestUserCash::cancelQuestionNoLeavesTheLineAndRejects()
 {
     CashSetup s;
     s.open("deposit");
-    QTest::keyClicks(s.dlg.LineEdit, "12");
-    ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::No);
-    QTest::mouseClick(s.dlg.CancelButton, Qt::LeftButton);
-    QVERIFY2(box->handled && box->error.isEmpty(), qPrintable(box->error));
+    s.cancelAnswering(QMessageBox::No, "12");
     QVERIFY(!s.dlg.isVisible());
     QCOMPARE(s.dlg.result(), 0);
-    QCOMPARE(s.line->change, 0.0);
-    QCOMPARE(s.line->percentage, 0.0);
-    QCOMPARE(s.line->type, QString(""));
-    QVERIFY(!s.journey.doc.isModified());
+    s.checkLineUntouched();
 }
 
-void TestUserCash::cancelQuestionCancelKeepsTheDialogOpen()
+void TestUserCash::cancelQuestionCancelOrEscapeKeepsTheDialogOpen()
 {
     CashSetup s;
     s.open("deposit");
-    QTest::keyClicks(s.dlg.LineEdit, "12");
-    ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::Cancel);
-    QTest::mouseClick(s.dlg.CancelButton, Qt::LeftButton);
-    QVERIFY2(box->handled && box->error.isEmpty(), qPrintable(box->error));
+    s.cancelAnswering(QMessageBox::Cancel, "12");
     QVERIFY(s.dlg.isVisible());
     QCOMPARE(s.dlg.LineEdit->text(), QString("12"));
-    QCOMPARE(s.line->change, 0.0);
+    s.checkLineUntouched();
+    // A box closed without a choice answers Cancel.
+    ModalTicket box = PayTest::escapeNextMessageBox();
+    QTest::mouseClick(s.dlg.CancelButton, Qt::LeftButton);
+    PayTest::checkSaveQuestion(box);
+    QVERIFY(s.dlg.isVisible());
+    s.checkLineUntouched();
     // Then OK books what was typed.
     QTest::mouseClick(s.dlg.OkButton, Qt::LeftButton);
     QCOMPARE(s.line->change, 12.0);
 }
 
-void TestUserCash::closingTheWindowAsksAndCancelKeepsItOpen()
+void TestUserCash::closingTheWindowAsksAndAnswersAsCancelDoes_data()
 {
-    CashSetup s;
-    s.open("deposit");
-    ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::Cancel);
-    QVERIFY(!s.dlg.close());
-    QVERIFY2(box->handled && box->error.isEmpty(), qPrintable(box->error));
-    QCOMPARE(box->title, QString("Cancel"));
-    QCOMPARE(box->text, QString(saveQuestion));
-    QVERIFY(s.dlg.isVisible());
+    QTest::addColumn<int>("answer");
+    QTest::addColumn<bool>("open");
+    QTest::addColumn<int>("result");
+    QTest::addColumn<double>("booked");
+    QTest::newRow("Cancel keeps it open") << int(QMessageBox::Cancel) << true << 0 << 0.0;
+    QTest::newRow("No rejects") << int(QMessageBox::No) << false << 0 << 0.0;
+    QTest::newRow("Yes books and accepts") << int(QMessageBox::Yes) << false << 1 << 7.0;
 }
 
-void TestUserCash::closingTheWindowAndNoRejects()
+void TestUserCash::closingTheWindowAsksAndAnswersAsCancelDoes()
+{
+    QFETCH(int, answer);
+    QFETCH(bool, open);
+    QFETCH(int, result);
+    QFETCH(double, booked);
+    CashSetup s;
+    s.open("deposit");
+    QTest::keyClicks(s.dlg.LineEdit, "7");
+    ModalTicket box =
+        ModalHelper::answerNextMessageBox(static_cast<QMessageBox::StandardButton>(answer));
+    // The close event is ignored while the dialog stays.
+    QCOMPARE(s.dlg.close(), !open);
+    PayTest::checkSaveQuestion(box);
+    QCOMPARE(s.dlg.isVisible(), open);
+    if (open) {
+        s.checkLineUntouched();
+        return;
+    }
+    QCOMPARE(s.dlg.result(), result);
+    QCOMPARE(s.line->change, booked);
+    QCOMPARE(s.user->value, booked);
+    QCOMPARE(s.journey.doc.isModified(), result == 1);
+}
+
+void TestUserCash::lineRemovedByTheCallerAfterwardsIsNeverReachedAgain()
 {
     CashSetup s;
     s.open("deposit");
-    ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::No);
-    QVERIFY(s.dlg.close());
-    QVERIFY2(box->handled && box->error.isEmpty(), qPrintable(box->error));
-    QVERIFY(!s.dlg.isVisible());
+    s.cancelAnswering(QMessageBox::No, "9");
+    // The user list removes a rejected line again.
+    s.user->removeKto(s.line);
+    s.line = nullptr;
+    QCOMPARE(s.user->kto.count(), 0);
+    // A slot reached once more, as a stray signal would, reads and books nothing and asks
+    // nothing: a box would be answered Yes here.
+    ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::Yes, 200);
+    s.dlg.slotCancel();
+    QVERIFY(!box->handled);
     QCOMPARE(s.dlg.result(), 0);
-    QCOMPARE(s.line->percentage, 0.0);
+    s.dlg.slotOk();
+    QVERIFY(!s.journey.doc.isModified());
+    QCOMPARE(s.user->kto.count(), 0);
+    QCOMPARE(s.user->value, 0.0);
 }
 
 void TestUserCash::ktoFormHasItsWidgetsInOrder()
@@ -572,17 +642,23 @@ void TestUserCash::ktoFormHasItsWidgetsInOrder()
     QCOMPARE(form.windowTitle(), QString("Form1"));
 }
 
-void TestUserCash::ktoFormTextsToolTipsAndWhatsThis()
+void TestUserCash::ktoFormWidgetsCarryTheirNamesTextsTipsAndPictures()
 {
     UserKtoDlg form;
-    checkTexts(form.ValTextLabel, "Shows the users amount of money.",
-               "Shows the users amount of money.");
-    checkTexts(form.CloseButton, "CloseButton", "This button closes the form.");
-    checkTexts(form.ListView, "show the users aacount", "The list shows the user account.");
-    QCOMPARE(form.ValTextLabel->text(), QString("value"));
-    QCOMPARE(form.CloseButton->text(), QString());
-    QVERIFY(!form.CloseButton->icon().isNull());
-    checkBigBoldFont(form.ValTextLabel);
+    FormCheck::checkWidgets(&form, ktoFormWidgets);
+}
+
+void TestUserCash::ktoEditorKeepsTheFormsNamesTextsAndTips()
+{
+    Journey j;
+    userKtoEdit dlg(nullptr, "User account", true, &j.doc);
+    dlg.hide();
+    PayTest::checkEditorWidgets(&dlg, ktoFormWidgets, {"User account", "userKtoEdit", "Form1"});
+}
+
+void TestUserCash::ktoFormFramesAndAlignment()
+{
+    UserKtoDlg form;
     QCOMPARE(form.ValTextLabel->frameShape(), QFrame::StyledPanel);
     QCOMPARE(form.ValTextLabel->frameShadow(), QFrame::Sunken);
     QCOMPARE(form.ValTextLabel->alignment(), Qt::AlignRight | Qt::AlignVCenter);
@@ -609,8 +685,7 @@ void TestUserCash::ktoFormLayoutAndHeaders()
 void TestUserCash::ktoFormStubSaysNotImplemented()
 {
     UserKtoDlg form;
-    QTest::ignoreMessage(QtWarningMsg, "UserKtoDlg::slotClose(): Not implemented yet!");
-    form.slotClose();
+    FormCheck::checkStubs(&form, UserKtoDlg::staticMetaObject, ktoFormStubs);
 }
 
 void TestUserCash::ktoFormConnection()
@@ -624,13 +699,7 @@ void TestUserCash::ktoFormConnection()
 void TestUserCash::ktoFormKeepsTheBalanceLabelBigOnAFontChange()
 {
     UserKtoDlg form;
-    const QFont before = QApplication::font();
-    QFont bigger = before;
-    bigger.setPointSize(23);
-    QApplication::setFont(bigger);
-    checkBigBoldFont(form.ValTextLabel);
-    QApplication::setFont(before);
-    checkBigBoldFont(form.ValTextLabel);
+    PayTest::checkLabelsStayBigOnAFontChange(&form, {form.ValTextLabel});
 }
 
 void TestUserCash::ktoPrepareWithNullShowsNothingAndKeepsTheFormsTexts()
@@ -677,7 +746,7 @@ void TestUserCash::ktoNewestLineOnTopWithRunningTotal()
     dlg.hide();
     dlg.prepare(user);
     QCOMPARE(dlg.ValTextLabel->text(), QString("56.67 EUR"));
-    QCOMPARE(rowTexts(dlg.ListView), QStringList({"03.05.2002|-10.00|56.67",
+    QCOMPARE(treeRows(dlg.ListView), QStringList({"03.05.2002|-10.00|56.67",
                                                   "02.05.2002|-33.33|66.67",
                                                   "01.05.2002|100.00|100.00"}));
 
@@ -690,7 +759,7 @@ void TestUserCash::ktoNewestLineOnTopWithRunningTotal()
     dlg.prepare(other);
     QCOMPARE(dlg.windowTitle(), QString("account : CD"));
     QCOMPARE(dlg.ValTextLabel->text(), QString("-5.00 EUR"));
-    QCOMPARE(rowTexts(dlg.ListView), QStringList({"04.05.2002|-5.00|-5.00"}));
+    QCOMPARE(treeRows(dlg.ListView), QStringList({"04.05.2002|-5.00|-5.00"}));
 }
 
 void TestUserCash::ktoLinesOfAllKindsAndZeroChangesShowAlike()
@@ -714,7 +783,7 @@ void TestUserCash::ktoLinesOfAllKindsAndZeroChangesShowAlike()
     userKtoEdit dlg(nullptr, "User account", true, &j.doc);
     dlg.hide();
     dlg.prepare(user);
-    QCOMPARE(rowTexts(dlg.ListView), QStringList({"03.05.2002|-5.00|15.00",
+    QCOMPARE(treeRows(dlg.ListView), QStringList({"03.05.2002|-5.00|15.00",
                                                   "02.05.2002|20.00|20.00",
                                                   "01.05.2002|-0.00|0.00"}));
 }

@@ -8,31 +8,65 @@
 #include "forms/userpaydlg.h"
 #include "formcheck.h"
 #include "modalhelper.h"
+#include "paytestutil.h"
 #include "stdoutcapture.h"
 
-#include <QApplication>
-#include <QFont>
 #include <QFontMetrics>
 #include <QHeaderView>
 #include <QImage>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPixmap>
+#include <QRegularExpression>
 #include <QScrollBar>
 #include <QTest>
 #include <QToolButton>
 #include <QTreeWidget>
 
+#include <cmath>
 #include <cstdio>
-#include <memory>
+#include <initializer_list>
 
 namespace {
 
-const char *const okWhatsThis = "confirms the changes.\nIf pressed, all changed will be stored.";
-const char *const cancelWhatsThis = "all changes will be lost,\nif this button is pressed.\n\n"
-                                    "The user is asked to confirm\nthe cancellation.";
-const char *const saveQuestion = "You have modified the data!\nDo you want to save the changes ?";
+using PayTest::cancelWhatsThis;
+using PayTest::okWhatsThis;
+
 const char *const shareQuestion = "Would you like to share the costs \namoung all users ?";
+
+// The share form as designed; the first row is the form itself.
+const FormCheck::WidgetRow payFormWidgets[] = {
+    {"UserPayDlg", "UserPayDlg", "Form1"},
+    {"ValTextLabel", "QLabel", "value", "", "Amount of money to share\nbetween users"},
+    {"OkButton", "QToolButton", "", "OKButton", okWhatsThis, ":/pixmaps/ok.xpm"},
+    {"CancelButton", "QToolButton", "", "CancelButton", cancelWhatsThis, ":/pixmaps/cancel.xpm"},
+    {"ShareButton", "QToolButton", "", "ShareButton",
+     "shares the value (in the valuefield)\namong all users.\nThe user is asked to confirm this.",
+     ":/pixmaps/share.xpm"},
+    {"LineEdit", "QLineEdit", "", "EditorLine for selected entries", "EditLine"},
+    {"TextLabel", "QLabel", "TextLabel1", "DateLabel",
+     "This label shows the date witch\nis stored into the users account."},
+    {"ToolButton", "QToolButton", "...", "SelectButton",
+     "This button is used to open the calendar\nfor date input."},
+    {"ListView", "QTreeWidget", "sel|user|perc|val|total", "select an item to edit",
+     "ListView with TipData"},
+};
+
+const FormCheck::StubRow payFormStubs[] = {
+    {"slotSelectButton()", "UserPayDlg::slotSelectButton(): Not implemented yet!"},
+    {"slotCancel()", "UserPayDlg::slotCancel(): Not implemented yet!"},
+    {"slotClicked(QTreeWidgetItem*,int)",
+     "UserPayDlg::slotClicked( QTreeWidgetItem *, int ): Not implemented yet!"},
+    {"slotDoubleClicked(QTreeWidgetItem*)",
+     "UserPayDlg::slotDoubleClicked( QTreeWidgetItem * ): Not implemented yet!"},
+    {"slotKonto()", "UserPayDlg::slotKonto(): Not implemented yet!"},
+    {"slotOk()", "UserPayDlg::slotOk(): Not implemented yet!"},
+    {"slotSelectionChanged(QTreeWidgetItem*)",
+     "UserPayDlg::slotSelectionChanged( QTreeWidgetItem * ): Not implemented yet!"},
+    {"slotShare()", "UserPayDlg::slotShare(): Not implemented yet!"},
+    {"slotTextChanged(QString)",
+     "UserPayDlg::slotTextChanged( const QString & ): Not implemented yet!"},
+};
 
 // The sharing dialog as costsEdit owns it, with the view's calendar, on a journey whose
 // travellers the test makes.
@@ -60,20 +94,54 @@ struct PaySetup
         return user;
     }
     // What costsEdit does before it opens the dialog for a cost shared for the first time.
-    void open(double amount, int id, const QString &date = QStringLiteral("03.05.2002"),
-              bool firstShare = true)
+    // Returns what prepare printed; the capture ends before the dialog shows, so that
+    // nothing the test framework logs about showing it mixes in.
+    QString open(double amount, int id, const QString &date = QStringLiteral("03.05.2002"),
+                 bool firstShare = true)
     {
         if (firstShare)
             doc.addAllKto(id);
+        StdoutCapture out;
         dlg.prepare(amount, date, &calendar, id);
+        const QString printed = out.text();
         dlg.show();
+        return printed;
+    }
+    // Opens the share of a cost again, as costsEdit does for a cost already shared.
+    QString reopen(double amount, int id)
+    {
+        return open(amount, id, QStringLiteral("03.05.2002"), false);
     }
     QTreeWidgetItem *row(int i) const { return dlg.ListView->topLevelItem(i); }
     bool tap(int i, int column = 0) const
     {
         return ModalHelper::tapItem(dlg.ListView, row(i), column);
     }
+    // Taps the tick boxes of these rows, one after the other.
+    bool tick(std::initializer_list<int> rows) const
+    {
+        for (int i : rows)
+            if (!tap(i))
+                return false;
+        return true;
+    }
+    // Selects a row by its value and types `text` over the value in the edit line.
+    bool typeInRow(int i, const QString &text) const
+    {
+        if (!tap(i, 3))
+            return false;
+        dlg.LineEdit->selectAll();
+        QTest::keyClicks(dlg.LineEdit, text);
+        return true;
+    }
     KtoData *line(int user, int id) const { return doc.users.at(user)->findKto(id); }
+    // Presses CancelButton and answers the question that it asks.
+    void cancelAnswering(QMessageBox::StandardButton answer)
+    {
+        ModalTicket box = ModalHelper::answerNextMessageBox(answer);
+        QTest::mouseClick(dlg.CancelButton, Qt::LeftButton);
+        PayTest::checkSaveQuestion(box);
+    }
 };
 
 // "short|perc|val|total" of each row, top to bottom.
@@ -114,28 +182,23 @@ QStringList pictures(const QTreeWidget *view)
     return list;
 }
 
-QString copyTrace(const UserData *user, const KtoData *line)
+// What "%p" makes of a pointer.
+QString pointerText(const void *pointer)
 {
-    char pointer[64];
-    std::snprintf(pointer, sizeof pointer, "%p", static_cast<const void *>(line));
-    return QStringLiteral("\nuserPayEdit::copyActuToTmp - user = ") + user->short_
-        + QStringLiteral("\n                           - actukto  = ") + QLatin1String(pointer)
-        + QString::asprintf("\n                           - val  = %.4f", line->change)
-        + QString::asprintf("\n                           - perc = %.4f", line->percentage)
-        + QStringLiteral("\n                           - date = ") + line->date;
+    char text[64];
+    std::snprintf(text, sizeof text, "%p", pointer);
+    return QString::fromLatin1(text);
 }
 
-void checkTexts(QWidget *w, const QString &tip, const QString &whatsThis)
+// The lines that copyActuToTmp prints for one traveller and his line.
+QString copyTrace(const QString &shortName, const KtoData *line, const char *val,
+                  const char *perc, const QString &date)
 {
-    QVERIFY2(w, "widget missing");
-    QCOMPARE(w->toolTip(), tip);
-    QCOMPARE(w->whatsThis(), whatsThis);
-}
-
-void checkBigBoldFont(QLabel *label)
-{
-    QCOMPARE(label->font().pointSize(), 11);
-    QVERIFY(label->font().bold());
+    return QStringLiteral("\nuserPayEdit::copyActuToTmp - user = ") + shortName
+        + QStringLiteral("\n                           - actukto  = ") + pointerText(line)
+        + QStringLiteral("\n                           - val  = ") + QLatin1String(val)
+        + QStringLiteral("\n                           - perc = ") + QLatin1String(perc)
+        + QStringLiteral("\n                           - date = ") + date;
 }
 
 // Records which slot a signal of the form reached.
@@ -170,13 +233,15 @@ class TestUserPay : public QObject
     Q_OBJECT
 
 private slots:
+    void init();
     void cleanup();
 
     // The form.
     void formHasItsWidgetsInOrder();
-    void formTextsToolTipsAndWhatsThis();
+    void formWidgetsCarryTheirNamesTextsTipsAndPictures();
+    void editorKeepsTheFormsNamesTextsAndTips();
     void formLayout();
-    void formFontsFramesAndAlignment();
+    void formFramesAndAlignment();
     void formListColumnsAndSettings();
     void formStubsSayNotImplemented();
     void formConnections();
@@ -187,12 +252,14 @@ private slots:
     // Loading.
     void prepareShowsAmountAndDateAndDisablesTheLine();
     void preparePrintsAmountIdAndEveryLine();
+    void preparePrintsTheSharedLinesAsStored();
     void freshLinesShowUntickedRowsInUserOrder();
     void emptyDateOpensTheCalendarBeforeTheDialog();
     void calendarLeftWithoutDateKeepsShareDateEmptyAndTheLabelText();
     void selectButtonOpensTheCalendarWithTheShareDate();
 
     // Ticks and the even division.
+    void hundredSharedByThreeShowsMinus33_33AndBooksMinus99_99_data();
     void hundredSharedByThreeShowsMinus33_33AndBooksMinus99_99();
     void tickingOneRowGivesItTheWholeAmount();
     void untickingTheLastTickedRowSetsEveryRowToZeroWithoutDivision();
@@ -203,7 +270,7 @@ private slots:
 
     // The share button.
     void shareButtonAsksBeforeSharing();
-    void shareButtonCancelChangesNothing();
+    void shareButtonCancelOrEscapeChangesNothing();
     void shareButtonDividesAmongAllUsersAndTicksEveryRow();
     void shareButtonDividesByTheDocumentsUsersEvenWithFewerRows();
     void shareButtonWithNoUsersDoesNothing();
@@ -216,12 +283,16 @@ private slots:
     void typedValueWithoutMinusIsBookedAsACredit();
     void aLaterTickOverwritesHandEnteredValuesOfAllRows();
     void tenThousandCharacterValueIsBookedWithoutCrash();
+    void typedTextThatIsNoNumberIsBookedAsZero();
+    void typedMinusZeroIsBookedAsANegatedZeroAndReopensUnticked();
 
     // Odd journeys.
     void noUsersLeavesTheListEmptyAndOkAcceptsWithoutChange();
     void duplicateShortNamesMapOntoTheFirstRow();
     void travellerWithoutLineEndsTheRows();
     void travellerAddedAfterSharingLeavesOthersWithTheirLastLine();
+    void travellerDeletedAfterSharingLeavesTheOthersRows();
+    void travellerDeletedWhileTheDialogIsOpenBooksTheOthers();
 
     // OK, Cancel and closing.
     void okBooksShareDateAndTheWordShareAndRecalculatesBalances();
@@ -230,14 +301,20 @@ private slots:
     void cancelWithoutChangeRejectsWithoutAsking();
     void cancelQuestionYesBooksAndAccepts();
     void cancelQuestionNoLeavesTheAccountsAndRejects();
-    void cancelQuestionCancelKeepsTheDialogAndTheTemporaryList();
-    void closingTheWindowAsksAndCancelKeepsItOpen();
+    void cancelQuestionCancelOrEscapeKeepsTheDialogAndTheTemporaryList();
+    void closingTheWindowAsksAndAnswersAsCancelDoes();
     void oldLineWithMoreDigitsCountsAsAChange();
 
     // The account list behind slotKonto.
     void kontoShowsTheAccountOfTheSelectedRow();
     void kontoWithoutSelectionDoesNothing();
+    void kontoOfADeletedTravellerDoesNothing();
 };
+
+void TestUserPay::init()
+{
+    QTest::failOnWarning(QRegularExpression("Not implemented yet!"));
+}
 
 void TestUserPay::cleanup()
 {
@@ -259,31 +336,21 @@ void TestUserPay::formHasItsWidgetsInOrder()
     QVERIFY(named.isModal());
 }
 
-void TestUserPay::formTextsToolTipsAndWhatsThis()
+void TestUserPay::formWidgetsCarryTheirNamesTextsTipsAndPictures()
 {
     UserPayDlg form;
-    checkTexts(form.ValTextLabel, "", "Amount of money to share\nbetween users");
-    checkTexts(form.OkButton, "OKButton", okWhatsThis);
-    checkTexts(form.CancelButton, "CancelButton", cancelWhatsThis);
-    checkTexts(form.ShareButton, "ShareButton",
-               "shares the value (in the valuefield)\namong all users.\nThe user is asked to "
-               "confirm this.");
-    checkTexts(form.LineEdit, "EditorLine for selected entries", "EditLine");
-    checkTexts(form.TextLabel, "DateLabel",
-               "This label shows the date witch\nis stored into the users account.");
-    checkTexts(form.ToolButton, "SelectButton",
-               "This button is used to open the calendar\nfor date input.");
-    checkTexts(form.ListView, "select an item to edit", "ListView with TipData");
-    QCOMPARE(form.ValTextLabel->text(), QString("value"));
-    QCOMPARE(form.TextLabel->text(), QString("TextLabel1"));
-    QCOMPARE(form.ToolButton->text(), QString("..."));
-    for (QToolButton *b : {form.OkButton, form.CancelButton, form.ShareButton}) {
-        QCOMPARE(b->text(), QString());
-        QVERIFY(!b->icon().isNull());
-    }
+    FormCheck::checkWidgets(&form, payFormWidgets);
+    if (QTest::currentTestFailed())
+        return;
     QCOMPARE(form.OkButton->iconSize(), QSize(24, 16));
     QCOMPARE(form.CancelButton->iconSize(), QSize(24, 16));
     QCOMPARE(form.ShareButton->iconSize(), QSize(16, 16));
+}
+
+void TestUserPay::editorKeepsTheFormsNamesTextsAndTips()
+{
+    PaySetup s;
+    PayTest::checkEditorWidgets(&s.dlg, payFormWidgets, {"User costs", "userPayEdit", "Form1"});
 }
 
 void TestUserPay::formLayout()
@@ -304,11 +371,9 @@ void TestUserPay::formLayout()
                           "  ListView"}));
 }
 
-void TestUserPay::formFontsFramesAndAlignment()
+void TestUserPay::formFramesAndAlignment()
 {
     UserPayDlg form;
-    checkBigBoldFont(form.ValTextLabel);
-    checkBigBoldFont(form.TextLabel);
     QCOMPARE(form.ValTextLabel->frameShape(), QFrame::StyledPanel);
     QCOMPARE(form.ValTextLabel->frameShadow(), QFrame::Sunken);
     QCOMPARE(form.ValTextLabel->alignment(), Qt::AlignRight | Qt::AlignVCenter);
@@ -321,9 +386,6 @@ void TestUserPay::formListColumnsAndSettings()
     UserPayDlg form;
     QTreeWidget *list = form.ListView;
     QCOMPARE(list->columnCount(), 5);
-    const QStringList names = {"sel", "user", "perc", "val", "total"};
-    for (int c = 0; c < 5; ++c)
-        QCOMPARE(list->headerItem()->text(c), names[c]);
     QVERIFY(!list->header()->sectionsClickable());
     QVERIFY(list->allColumnsShowFocus());
     QVERIFY(list->header()->isSortIndicatorShown());
@@ -333,28 +395,7 @@ void TestUserPay::formListColumnsAndSettings()
 void TestUserPay::formStubsSayNotImplemented()
 {
     UserPayDlg form;
-    QTest::ignoreMessage(QtWarningMsg, "UserPayDlg::slotSelectButton(): Not implemented yet!");
-    form.slotSelectButton();
-    QTest::ignoreMessage(QtWarningMsg, "UserPayDlg::slotCancel(): Not implemented yet!");
-    form.slotCancel();
-    QTest::ignoreMessage(QtWarningMsg,
-                         "UserPayDlg::slotClicked( QTreeWidgetItem *, int ): Not implemented yet!");
-    form.slotClicked(nullptr, 0);
-    QTest::ignoreMessage(QtWarningMsg,
-                         "UserPayDlg::slotDoubleClicked( QTreeWidgetItem * ): Not implemented yet!");
-    form.slotDoubleClicked(nullptr);
-    QTest::ignoreMessage(QtWarningMsg, "UserPayDlg::slotKonto(): Not implemented yet!");
-    form.slotKonto();
-    QTest::ignoreMessage(QtWarningMsg, "UserPayDlg::slotOk(): Not implemented yet!");
-    form.slotOk();
-    QTest::ignoreMessage(
-        QtWarningMsg, "UserPayDlg::slotSelectionChanged( QTreeWidgetItem * ): Not implemented yet!");
-    form.slotSelectionChanged(nullptr);
-    QTest::ignoreMessage(QtWarningMsg, "UserPayDlg::slotShare(): Not implemented yet!");
-    form.slotShare();
-    QTest::ignoreMessage(QtWarningMsg,
-                         "UserPayDlg::slotTextChanged( const QString & ): Not implemented yet!");
-    form.slotTextChanged("x");
+    FormCheck::checkStubs(&form, UserPayDlg::staticMetaObject, payFormStubs);
 }
 
 void TestUserPay::formConnections()
@@ -396,15 +437,7 @@ void TestUserPay::formConnections()
 void TestUserPay::formKeepsBothLabelsBigOnAFontChange()
 {
     UserPayDlg form;
-    const QFont before = QApplication::font();
-    QFont bigger = before;
-    bigger.setPointSize(23);
-    QApplication::setFont(bigger);
-    checkBigBoldFont(form.ValTextLabel);
-    checkBigBoldFont(form.TextLabel);
-    QApplication::setFont(before);
-    checkBigBoldFont(form.ValTextLabel);
-    checkBigBoldFont(form.TextLabel);
+    PayTest::checkLabelsStayBigOnAFontChange(&form, {form.ValTextLabel, form.TextLabel});
 }
 
 void TestUserPay::editorKeepsTheCaptionAndBuildsItsAccountList()
@@ -470,11 +503,26 @@ void TestUserPay::preparePrintsAmountIdAndEveryLine()
     cd->date = "01.02.2002";
     StdoutCapture out;
     s.dlg.prepare(25.125, "01.02.2002", &s.calendar, 7);
-    const QString expected = QStringLiteral("\nuserPayEdit::prepare - shareval = 25.1250"
-                                            "\n                       ID = 7")
-        + copyTrace(s.doc.users.at(0), s.line(0, 7)) + copyTrace(s.doc.users.at(1), cd);
-    QCOMPARE(out.text(), expected);
-    QVERIFY(expected.contains("\n                           - val  = -12.5000"));
+    QCOMPARE(out.text(), QStringLiteral("\nuserPayEdit::prepare - shareval = 25.1250"
+                                        "\n                       ID = 7")
+                 + copyTrace("AB", s.line(0, 7), "0.0000", "0.0000", "")
+                 + copyTrace("CD", cd, "-12.5000", "50.0000", "01.02.2002"));
+}
+
+void TestUserPay::preparePrintsTheSharedLinesAsStored()
+{
+    PaySetup s({"Zo\u00eb", "CD", "EF"});
+    s.open(100.0, 12, "24.12.2002");
+    QVERIFY(s.tick({0, 1, 2}));
+    QTest::mouseClick(s.dlg.OkButton, Qt::LeftButton);
+
+    const QString printed = s.open(-7.5, 12, "24.12.2002", false);
+    QCOMPARE(printed, QStringLiteral("\nuserPayEdit::prepare - shareval = -7.5000"
+                                        "\n                       ID = 12")
+                 + copyTrace("Zo\u00eb", s.line(0, 12), "-33.3300", "33.3000", "24.12.2002")
+                 + copyTrace("CD", s.line(1, 12), "-33.3300", "33.3000", "24.12.2002")
+                 + copyTrace("EF", s.line(2, 12), "-33.3300", "33.3000", "24.12.2002"));
+    QCOMPARE(s.dlg.ValTextLabel->text(), QString("-7.50 EUR"));
 }
 
 void TestUserPay::freshLinesShowUntickedRowsInUserOrder()
@@ -491,10 +539,14 @@ void TestUserPay::emptyDateOpensTheCalendarBeforeTheDialog()
 {
     PaySetup s({"AB"});
     ModalTicket cal = ModalHelper::pickDateInNextCalendar(QDate(2002, 9, 2));
-    s.open(10.0, 1, QString());
+    s.doc.addAllKto(1);
+    s.dlg.prepare(10.0, QString(), &s.calendar, 1);
+    // The calendar came and went inside prepare, while the dialog was still hidden.
     QVERIFY2(cal->handled && cal->error.isEmpty(), qPrintable(cal->error));
     QCOMPARE(cal->objectName, QString("Calendar"));
+    QVERIFY(!s.dlg.isVisible());
     QCOMPARE(s.dlg.TextLabel->text(), QString("02.09.2002"));
+    s.dlg.show();
     QVERIFY(s.tap(0));
     QTest::mouseClick(s.dlg.OkButton, Qt::LeftButton);
     QCOMPARE(s.line(0, 1)->date, QString("02.09.2002"));
@@ -540,12 +592,26 @@ void TestUserPay::selectButtonOpensTheCalendarWithTheShareDate()
     QCOMPARE(s.line(0, 1)->date, QString("09.05.2002"));
 }
 
+void TestUserPay::hundredSharedByThreeShowsMinus33_33AndBooksMinus99_99_data()
+{
+    QTest::addColumn<bool>("shareButton");
+    QTest::newRow("ticked one by one") << false;
+    QTest::newRow("share button") << true;
+}
+
 void TestUserPay::hundredSharedByThreeShowsMinus33_33AndBooksMinus99_99()
 {
+    QFETCH(bool, shareButton);
     PaySetup s({"AB", "CD", "EF"});
     s.open(100.0, 4);
-    for (int i = 0; i < 3; ++i)
-        QVERIFY(s.tap(i));
+    if (shareButton) {
+        ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::Yes);
+        QTest::mouseClick(s.dlg.ShareButton, Qt::LeftButton);
+        QVERIFY2(box->handled && box->error.isEmpty(), qPrintable(box->error));
+    } else {
+        for (int i = 0; i < 3; ++i)
+            QVERIFY(s.tap(i));
+    }
     QCOMPARE(pictures(s.dlg.ListView), QStringList({"tick", "tick", "tick"}));
     QCOMPARE(rowTexts(s.dlg.ListView),
              QStringList({"AB|33.3|-33.33|", "CD|33.3|-33.33|", "EF|33.3|-33.33|"}));
@@ -553,6 +619,7 @@ void TestUserPay::hundredSharedByThreeShowsMinus33_33AndBooksMinus99_99()
     QVERIFY(!s.dlg.isVisible());
     QCOMPARE(s.dlg.result(), 1);
     double booked = 0.0;
+    double balances = 0.0;
     for (int i = 0; i < 3; ++i) {
         const KtoData *line = s.line(i, 4);
         QCOMPARE(line->change, -33.33);
@@ -562,8 +629,11 @@ void TestUserPay::hundredSharedByThreeShowsMinus33_33AndBooksMinus99_99()
         QCOMPARE(line->magic, 4);
         QCOMPARE(s.doc.users.at(i)->value, -33.33);
         booked += line->change;
+        balances += s.doc.users.at(i)->value;
     }
+    // The cent left over stays unbooked.
     QCOMPARE(QString::asprintf("%.2f", booked), QString("-99.99"));
+    QCOMPARE(QString::asprintf("%.2f", balances), QString("-99.99"));
     QVERIFY(s.doc.isModified());
 }
 
@@ -615,7 +685,7 @@ void TestUserPay::zeroAmountGivesNegatedZeroShownAsMinus0_00AndReopensUnticked()
     QCOMPARE(s.line(0, 1)->percentage, 100.0);
 
     // At the next opening the negated zero equals 0.0: the row shows no tick.
-    s.open(0.0, 1, "03.05.2002", false);
+    s.reopen(0.0, 1);
     QCOMPARE(pictures(s.dlg.ListView), QStringList({"box", "box"}));
     QCOMPARE(rowTexts(s.dlg.ListView), QStringList({"AB|100.0|-0.00|", "CD|0.0|0.00|"}));
 }
@@ -627,7 +697,7 @@ void TestUserPay::reopeningShowsTheTicksItWasLeftWith()
     QVERIFY(s.tap(0));
     QVERIFY(s.tap(2));
     QTest::mouseClick(s.dlg.OkButton, Qt::LeftButton);
-    s.open(90.0, 2, "03.05.2002", false);
+    s.reopen(90.0, 2);
     QCOMPARE(pictures(s.dlg.ListView), QStringList({"tick", "box", "tick"}));
     QCOMPARE(rowTexts(s.dlg.ListView),
              QStringList({"AB|50.0|-45.00|", "CD|0.0|0.00|", "EF|50.0|-45.00|"}));
@@ -637,15 +707,12 @@ void TestUserPay::handEnteredZeroShowsUntickedAtReopening()
 {
     PaySetup s({"AB", "CD"});
     s.open(40.0, 1);
-    QVERIFY(s.tap(0));
-    QVERIFY(s.tap(1));
+    QVERIFY(s.tick({0, 1}));
     // CD's value typed over with 0.
-    QVERIFY(ModalHelper::tapItem(s.dlg.ListView, s.row(1), 2));
-    s.dlg.LineEdit->clear();
-    QTest::keyClicks(s.dlg.LineEdit, "0");
+    QVERIFY(s.typeInRow(1, "0"));
     QCOMPARE(picture(s.row(1)), QString("tick"));
     QTest::mouseClick(s.dlg.OkButton, Qt::LeftButton);
-    s.open(40.0, 1, "03.05.2002", false);
+    s.reopen(40.0, 1);
     QCOMPARE(pictures(s.dlg.ListView), QStringList({"tick", "box"}));
     QCOMPARE(rowTexts(s.dlg.ListView), QStringList({"AB|50.0|-20.00|", "CD|50.0|0.00|"}));
 }
@@ -663,7 +730,7 @@ void TestUserPay::shareButtonAsksBeforeSharing()
     QCOMPARE(box->icon, QMessageBox::Information);
 }
 
-void TestUserPay::shareButtonCancelChangesNothing()
+void TestUserPay::shareButtonCancelOrEscapeChangesNothing()
 {
     PaySetup s({"AB", "CD"});
     s.open(10.0, 1);
@@ -671,8 +738,15 @@ void TestUserPay::shareButtonCancelChangesNothing()
     ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::Cancel);
     QTest::mouseClick(s.dlg.ShareButton, Qt::LeftButton);
     QVERIFY2(box->handled && box->error.isEmpty(), qPrintable(box->error));
+    // A box closed without a choice answers Cancel.
+    ModalTicket escaped = PayTest::escapeNextMessageBox();
+    QTest::mouseClick(s.dlg.ShareButton, Qt::LeftButton);
+    QVERIFY2(escaped->handled && escaped->error.isEmpty(), qPrintable(escaped->error));
+    QCOMPARE(escaped->title, QString("Share costs"));
+    QCOMPARE(escaped->text, QString(shareQuestion));
     QCOMPARE(pictures(s.dlg.ListView), QStringList({"tick", "box"}));
     QCOMPARE(rowTexts(s.dlg.ListView), QStringList({"AB|100.0|-10.00|", "CD|0.0|0.00|"}));
+    QVERIFY(s.dlg.isVisible());
 }
 
 void TestUserPay::shareButtonDividesAmongAllUsersAndTicksEveryRow()
@@ -696,7 +770,7 @@ void TestUserPay::shareButtonDividesByTheDocumentsUsersEvenWithFewerRows()
     s.doc.addAllKto(1);
     // CD loses the line: the rows end in front of him.
     s.doc.users.at(1)->removeKto(s.line(1, 1));
-    s.open(90.0, 1, "03.05.2002", false);
+    s.reopen(90.0, 1);
     QCOMPARE(rowTexts(s.dlg.ListView), QStringList({"AB|0.0|0.00|"}));
     ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::Yes);
     QTest::mouseClick(s.dlg.ShareButton, Qt::LeftButton);
@@ -766,11 +840,8 @@ void TestUserPay::typedValueIsStoredAsTypedLeavingPercentageAndTick()
 {
     PaySetup s({"AB", "CD"});
     s.open(10.0, 1);
-    QVERIFY(s.tap(0));
-    QVERIFY(s.tap(1));
-    QVERIFY(s.tap(1, 2));
-    s.dlg.LineEdit->selectAll();
-    QTest::keyClicks(s.dlg.LineEdit, "-7.125");
+    QVERIFY(s.tick({0, 1}));
+    QVERIFY(s.typeInRow(1, "-7.125"));
     QCOMPARE(rowTexts(s.dlg.ListView), QStringList({"AB|50.0|-5.00|", "CD|50.0|-7.125|"}));
     QCOMPARE(pictures(s.dlg.ListView), QStringList({"tick", "tick"}));
     QTest::mouseClick(s.dlg.OkButton, Qt::LeftButton);
@@ -785,9 +856,7 @@ void TestUserPay::typedValueWithoutMinusIsBookedAsACredit()
 {
     PaySetup s({"AB"});
     s.open(10.0, 1);
-    QVERIFY(s.tap(0, 1));
-    s.dlg.LineEdit->selectAll();
-    QTest::keyClicks(s.dlg.LineEdit, "8");
+    QVERIFY(s.typeInRow(0, "8"));
     QTest::mouseClick(s.dlg.OkButton, Qt::LeftButton);
     QCOMPARE(s.line(0, 1)->change, 8.0);
     QCOMPARE(s.line(0, 1)->percentage, 0.0);
@@ -799,12 +868,8 @@ void TestUserPay::aLaterTickOverwritesHandEnteredValuesOfAllRows()
     PaySetup s({"AB", "CD", "EF"});
     s.open(30.0, 1);
     QVERIFY(s.tap(0));
-    QVERIFY(s.tap(0, 2));
-    s.dlg.LineEdit->selectAll();
-    QTest::keyClicks(s.dlg.LineEdit, "-1");
-    QVERIFY(s.tap(2, 2));
-    s.dlg.LineEdit->selectAll();
-    QTest::keyClicks(s.dlg.LineEdit, "-2");
+    QVERIFY(s.typeInRow(0, "-1"));
+    QVERIFY(s.typeInRow(2, "-2"));
     QCOMPARE(rowTexts(s.dlg.ListView),
              QStringList({"AB|100.0|-1|", "CD|0.0|0.00|", "EF|0.0|-2|"}));
     QVERIFY(s.tap(1));
@@ -823,9 +888,55 @@ void TestUserPay::tenThousandCharacterValueIsBookedWithoutCrash()
     QCOMPARE(s.row(1)->text(3).size(), qsizetype(10000));
     QTest::mouseClick(s.dlg.OkButton, Qt::LeftButton);
     QCOMPARE(s.dlg.result(), 1);
-    // The line holds what the conversion makes of the text.
-    QCOMPARE(s.line(1, 1)->change, huge.toDouble());
+    // Too large for a double: the conversion gives minus infinity, as strtod does, and the
+    // balance follows; nothing else is touched.
+    QVERIFY(std::isinf(s.line(1, 1)->change) && s.line(1, 1)->change < 0);
+    QVERIFY(std::isinf(s.doc.users.at(1)->value));
+    QCOMPARE(s.line(1, 1)->percentage, 0.0);
     QCOMPARE(s.line(0, 1)->change, 0.0);
+    QCOMPARE(s.doc.users.at(0)->value, 0.0);
+
+    // A long text that a double holds is booked as its number.
+    s.open(10.0, 2);
+    QVERIFY(s.tap(0, 2));
+    s.dlg.LineEdit->setText(QStringLiteral("-0.") + QString(9997, QLatin1Char('5')));
+    QCOMPARE(s.row(0)->text(3).size(), qsizetype(10000));
+    QTest::mouseClick(s.dlg.OkButton, Qt::LeftButton);
+    QCOMPARE(s.line(0, 2)->change, -0.5555555555555556);
+}
+
+void TestUserPay::typedTextThatIsNoNumberIsBookedAsZero()
+{
+    PaySetup s({"AB", "CD"});
+    s.open(10.0, 1);
+    QVERIFY(s.tick({0, 1}));
+    QVERIFY(s.typeInRow(0, "five"));
+    QCOMPARE(rowTexts(s.dlg.ListView), QStringList({"AB|50.0|five|", "CD|50.0|-5.00|"}));
+    QTest::mouseClick(s.dlg.OkButton, Qt::LeftButton);
+    QCOMPARE(s.line(0, 1)->change, 0.0);
+    QCOMPARE(s.line(0, 1)->percentage, 50.0);
+    QCOMPARE(s.doc.users.at(0)->value, 0.0);
+    QCOMPARE(s.line(1, 1)->change, -5.0);
+    // Booked as 0.0, the row shows no tick when the share opens again.
+    s.reopen(10.0, 1);
+    QCOMPARE(pictures(s.dlg.ListView), QStringList({"box", "tick"}));
+    QCOMPARE(rowTexts(s.dlg.ListView), QStringList({"AB|50.0|0.00|", "CD|50.0|-5.00|"}));
+}
+
+void TestUserPay::typedMinusZeroIsBookedAsANegatedZeroAndReopensUnticked()
+{
+    PaySetup s({"AB", "CD"});
+    s.open(10.0, 1);
+    QVERIFY(s.tap(0));
+    QVERIFY(s.typeInRow(0, "-0.00"));
+    QTest::mouseClick(s.dlg.OkButton, Qt::LeftButton);
+    QVERIFY(std::signbit(s.line(0, 1)->change));
+    QCOMPARE(s.line(0, 1)->change, 0.0);
+    QCOMPARE(s.line(0, 1)->percentage, 100.0);
+    QCOMPARE(s.doc.users.at(0)->value, 0.0);
+    s.reopen(10.0, 1);
+    QCOMPARE(pictures(s.dlg.ListView), QStringList({"box", "box"}));
+    QCOMPARE(rowTexts(s.dlg.ListView), QStringList({"AB|100.0|-0.00|", "CD|0.0|0.00|"}));
 }
 
 void TestUserPay::noUsersLeavesTheListEmptyAndOkAcceptsWithoutChange()
@@ -877,12 +988,11 @@ void TestUserPay::travellerWithoutLineEndsTheRows()
     PaySetup s({"AB", "CD", "EF"});
     s.doc.addAllKto(1);
     s.doc.users.at(1)->removeKto(s.line(1, 1));
-    StdoutCapture out;
-    s.open(30.0, 1, "03.05.2002", false);
-    const QString printed = out.text();
-    QVERIFY(printed.contains("user = AB"));
-    QVERIFY(!printed.contains("user = CD"));
-    QVERIFY(!printed.contains("user = EF"));
+    const QString printed = s.reopen(30.0, 1);
+    // The lookup from the end stops at CD; AB keeps the line that addAllKto gave him.
+    QCOMPARE(printed, QStringLiteral("\nuserPayEdit::prepare - shareval = 30.0000"
+                                        "\n                       ID = 1")
+                 + copyTrace("AB", s.line(0, 1), "0.0000", "0.0000", ""));
     QCOMPARE(rowTexts(s.dlg.ListView), QStringList({"AB|0.0|0.00|"}));
     QVERIFY(s.tap(0));
     QCOMPARE(rowTexts(s.dlg.ListView), QStringList({"AB|100.0|-30.00|"}));
@@ -897,15 +1007,14 @@ void TestUserPay::travellerAddedAfterSharingLeavesOthersWithTheirLastLine()
 {
     PaySetup s({"AB", "CD"});
     s.open(20.0, 1);
-    QVERIFY(s.tap(0));
-    QVERIFY(s.tap(1));
+    QVERIFY(s.tick({0, 1}));
     QTest::mouseClick(s.dlg.OkButton, Qt::LeftButton);
     s.open(60.0, 2);
     QVERIFY(s.tap(0));
     QTest::mouseClick(s.dlg.OkButton, Qt::LeftButton);
     // A new traveller has no line for either cost.
     s.addUser("EF");
-    s.open(20.0, 1, "03.05.2002", false);
+    s.reopen(20.0, 1);
     // The lookup stopped at EF at once: AB and CD still point at their lines of cost 2.
     QCOMPARE(rowTexts(s.dlg.ListView), QStringList({"AB|100.0|-60.00|", "CD|0.0|0.00|"}));
     QCOMPARE(pictures(s.dlg.ListView), QStringList({"tick", "box"}));
@@ -914,6 +1023,60 @@ void TestUserPay::travellerAddedAfterSharingLeavesOthersWithTheirLastLine()
     QCOMPARE(s.dlg.result(), 0);
     QCOMPARE(s.line(0, 1)->change, -10.0);
     QCOMPARE(s.line(0, 2)->change, -60.0);
+
+    // The share button counts EF, though he has no row.
+    s.reopen(20.0, 1);
+    ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::Yes);
+    QTest::mouseClick(s.dlg.ShareButton, Qt::LeftButton);
+    QVERIFY2(box->handled && box->error.isEmpty(), qPrintable(box->error));
+    QCOMPARE(rowTexts(s.dlg.ListView), QStringList({"AB|33.3|-6.67|", "CD|33.3|-6.67|"}));
+    s.cancelAnswering(QMessageBox::No);
+    QCOMPARE(s.line(0, 2)->change, -60.0);
+    QCOMPARE(s.line(1, 2)->change, 0.0);
+}
+
+void TestUserPay::travellerDeletedAfterSharingLeavesTheOthersRows()
+{
+    PaySetup s({"AB", "CD", "EF"});
+    s.open(90.0, 1);
+    QVERIFY(s.tick({0, 1, 2}));
+    QTest::mouseClick(s.dlg.OkButton, Qt::LeftButton);
+    // The user list deletes CD with his account, his share of the cost with it.
+    QVERIFY(s.doc.users.remove(s.doc.users.at(1)));
+    s.doc.recalcUsers();
+
+    s.reopen(90.0, 1);
+    QCOMPARE(rowTexts(s.dlg.ListView), QStringList({"AB|33.3|-30.00|", "EF|33.3|-30.00|"}));
+    QCOMPARE(pictures(s.dlg.ListView), QStringList({"tick", "tick"}));
+    // A tap divides the whole amount anew among the rows left.
+    QVERIFY(s.tap(1));
+    QVERIFY(s.tap(1));
+    QCOMPARE(rowTexts(s.dlg.ListView), QStringList({"AB|50.0|-45.00|", "EF|50.0|-45.00|"}));
+    QTest::mouseClick(s.dlg.OkButton, Qt::LeftButton);
+    QCOMPARE(s.dlg.result(), 1);
+    QCOMPARE(s.line(0, 1)->change, -45.0);
+    QCOMPARE(s.line(1, 1)->change, -45.0);
+    QCOMPARE(s.doc.users.at(1)->short_, QString("EF"));
+    QCOMPARE(s.doc.users.at(1)->value, -45.0);
+}
+
+void TestUserPay::travellerDeletedWhileTheDialogIsOpenBooksTheOthers()
+{
+    PaySetup s({"AB", "CD", "EF"});
+    s.open(90.0, 1);
+    QVERIFY(s.tick({0, 1, 2}));
+    QVERIFY(s.tap(2, 1));
+    // EF goes while his row is still shown and selected.
+    QVERIFY(s.doc.users.remove(s.doc.users.at(2)));
+    QTest::keyClicks(s.dlg.LineEdit, "1");
+    QTest::mouseClick(s.dlg.OkButton, Qt::LeftButton);
+    QCOMPARE(s.dlg.result(), 1);
+    QCOMPARE(s.doc.users.count(), 2);
+    QCOMPARE(s.line(0, 1)->change, -30.0);
+    QCOMPARE(s.line(1, 1)->change, -30.0);
+    QCOMPARE(s.doc.users.at(0)->value, -30.0);
+    QCOMPARE(s.doc.users.at(1)->value, -30.0);
+    QCOMPARE(s.doc.users.at(1)->short_, QString("CD"));
 }
 
 void TestUserPay::okBooksShareDateAndTheWordShareAndRecalculatesBalances()
@@ -923,8 +1086,7 @@ void TestUserPay::okBooksShareDateAndTheWordShareAndRecalculatesBalances()
     deposit->change = 100.0;
     deposit->type = "deposit";
     s.open(40.0, 5, "11.11.2002");
-    QVERIFY(s.tap(0));
-    QVERIFY(s.tap(1));
+    QVERIFY(s.tick({0, 1}));
     QTest::mouseClick(s.dlg.OkButton, Qt::LeftButton);
     QCOMPARE(s.doc.users.at(0)->value, 80.0);
     QCOMPARE(s.doc.users.at(1)->value, -20.0);
@@ -943,7 +1105,7 @@ void TestUserPay::okWithoutChangeOnASharedCostLeavesTheDocumentUnmodified()
     QVERIFY(s.tap(0));
     QTest::mouseClick(s.dlg.OkButton, Qt::LeftButton);
     s.doc.setModified(false);
-    s.open(40.0, 1, "03.05.2002", false);
+    s.reopen(40.0, 1);
     QTest::mouseClick(s.dlg.OkButton, Qt::LeftButton);
     QCOMPARE(s.dlg.result(), 1);
     QVERIFY(!s.doc.isModified());
@@ -954,13 +1116,9 @@ void TestUserPay::firstShareAlwaysAsksOnCancelEvenWithoutATick()
 {
     PaySetup s({"AB"});
     s.open(40.0, 1);
-    ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::No);
-    QTest::mouseClick(s.dlg.CancelButton, Qt::LeftButton);
-    QVERIFY2(box->handled && box->error.isEmpty(), qPrintable(box->error));
-    QCOMPARE(box->title, QString("Cancel"));
-    QCOMPARE(box->text, QString(saveQuestion));
-    QCOMPARE(box->buttons, QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
-    QCOMPARE(box->icon, QMessageBox::Information);
+    s.cancelAnswering(QMessageBox::No);
+    QCOMPARE(s.dlg.result(), 0);
+    QCOMPARE(s.line(0, 1)->type, QString(""));
 }
 
 void TestUserPay::cancelWithoutChangeRejectsWithoutAsking()
@@ -969,7 +1127,7 @@ void TestUserPay::cancelWithoutChangeRejectsWithoutAsking()
     s.open(40.0, 1);
     QVERIFY(s.tap(0));
     QTest::mouseClick(s.dlg.OkButton, Qt::LeftButton);
-    s.open(40.0, 1, "03.05.2002", false);
+    s.reopen(40.0, 1);
     // An unanswered question would stay open and fail the test through its time-out.
     QTest::mouseClick(s.dlg.CancelButton, Qt::LeftButton);
     QVERIFY(!s.dlg.isVisible());
@@ -981,9 +1139,7 @@ void TestUserPay::cancelQuestionYesBooksAndAccepts()
     PaySetup s({"AB", "CD"});
     s.open(40.0, 1);
     QVERIFY(s.tap(1));
-    ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::Yes);
-    QTest::mouseClick(s.dlg.CancelButton, Qt::LeftButton);
-    QVERIFY2(box->handled && box->error.isEmpty(), qPrintable(box->error));
+    s.cancelAnswering(QMessageBox::Yes);
     QVERIFY(!s.dlg.isVisible());
     QCOMPARE(s.dlg.result(), 1);
     QCOMPARE(s.line(1, 1)->change, -40.0);
@@ -997,9 +1153,7 @@ void TestUserPay::cancelQuestionNoLeavesTheAccountsAndRejects()
     PaySetup s({"AB", "CD"});
     s.open(40.0, 1);
     QVERIFY(s.tap(1));
-    ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::No);
-    QTest::mouseClick(s.dlg.CancelButton, Qt::LeftButton);
-    QVERIFY2(box->handled && box->error.isEmpty(), qPrintable(box->error));
+    s.cancelAnswering(QMessageBox::No);
     QVERIFY(!s.dlg.isVisible());
     QCOMPARE(s.dlg.result(), 0);
     QCOMPARE(s.line(1, 1)->change, 0.0);
@@ -1008,17 +1162,21 @@ void TestUserPay::cancelQuestionNoLeavesTheAccountsAndRejects()
     QVERIFY(!s.doc.isModified());
 }
 
-void TestUserPay::cancelQuestionCancelKeepsTheDialogAndTheTemporaryList()
+void TestUserPay::cancelQuestionCancelOrEscapeKeepsTheDialogAndTheTemporaryList()
 {
     PaySetup s({"AB", "CD"});
     s.open(40.0, 1);
     QVERIFY(s.tap(1));
-    ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::Cancel);
-    QTest::mouseClick(s.dlg.CancelButton, Qt::LeftButton);
-    QVERIFY2(box->handled && box->error.isEmpty(), qPrintable(box->error));
+    s.cancelAnswering(QMessageBox::Cancel);
     QVERIFY(s.dlg.isVisible());
     QCOMPARE(rowTexts(s.dlg.ListView), QStringList({"AB|0.0|0.00|", "CD|100.0|-40.00|"}));
     QCOMPARE(s.line(1, 1)->change, 0.0);
+    // A box closed without a choice answers Cancel.
+    ModalTicket box = PayTest::escapeNextMessageBox();
+    QTest::mouseClick(s.dlg.CancelButton, Qt::LeftButton);
+    PayTest::checkSaveQuestion(box);
+    QVERIFY(s.dlg.isVisible());
+    QVERIFY(!s.doc.isModified());
     // The temporary list is still there: a tick divides as before, OK books it.
     QVERIFY(s.tap(0));
     QCOMPARE(rowTexts(s.dlg.ListView), QStringList({"AB|50.0|-20.00|", "CD|50.0|-20.00|"}));
@@ -1027,23 +1185,34 @@ void TestUserPay::cancelQuestionCancelKeepsTheDialogAndTheTemporaryList()
     QCOMPARE(s.line(1, 1)->change, -20.0);
 }
 
-void TestUserPay::closingTheWindowAsksAndCancelKeepsItOpen()
+void TestUserPay::closingTheWindowAsksAndAnswersAsCancelDoes()
 {
     PaySetup s({"AB"});
     s.open(40.0, 1);
     ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::Cancel);
     QVERIFY(!s.dlg.close());
-    QVERIFY2(box->handled && box->error.isEmpty(), qPrintable(box->error));
-    QCOMPARE(box->title, QString("Cancel"));
-    QCOMPARE(box->text, QString(saveQuestion));
+    PayTest::checkSaveQuestion(box);
     QVERIFY(s.dlg.isVisible());
     QCOMPARE(s.dlg.ListView->topLevelItemCount(), 1);
 
     ModalTicket no = ModalHelper::answerNextMessageBox(QMessageBox::No);
     QVERIFY(s.dlg.close());
-    QVERIFY2(no->handled && no->error.isEmpty(), qPrintable(no->error));
+    PayTest::checkSaveQuestion(no);
     QVERIFY(!s.dlg.isVisible());
     QCOMPARE(s.dlg.result(), 0);
+    QCOMPARE(s.line(0, 1)->type, QString(""));
+
+    // Yes books what the rows show, as OK would.
+    s.reopen(40.0, 1);
+    QVERIFY(s.tap(0));
+    ModalTicket yes = ModalHelper::answerNextMessageBox(QMessageBox::Yes);
+    QVERIFY(s.dlg.close());
+    PayTest::checkSaveQuestion(yes);
+    QVERIFY(!s.dlg.isVisible());
+    QCOMPARE(s.dlg.result(), 1);
+    QCOMPARE(s.line(0, 1)->change, -40.0);
+    QCOMPARE(s.line(0, 1)->type, QString("share"));
+    QVERIFY(s.doc.isModified());
 }
 
 void TestUserPay::oldLineWithMoreDigitsCountsAsAChange()
@@ -1057,13 +1226,10 @@ void TestUserPay::oldLineWithMoreDigitsCountsAsAChange()
         line->type = "share";
         line->date = "03.05.2002";
     }
-    s.open(100.0, 1, "03.05.2002", false);
+    s.reopen(100.0, 1);
     QCOMPARE(rowTexts(s.dlg.ListView),
              QStringList({"AB|33.3|-33.33|", "CD|33.3|-33.33|", "EF|33.3|-33.33|"}));
-    ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::Yes);
-    QTest::mouseClick(s.dlg.CancelButton, Qt::LeftButton);
-    QVERIFY2(box->handled && box->error.isEmpty(), qPrintable(box->error));
-    QCOMPARE(box->text, QString(saveQuestion));
+    s.cancelAnswering(QMessageBox::Yes);
     // Yes stores the rounded texts.
     QCOMPARE(s.line(0, 1)->change, -33.33);
     QCOMPARE(s.line(0, 1)->percentage, 33.3);
@@ -1109,6 +1275,32 @@ void TestUserPay::kontoWithoutSelectionDoesNothing()
     s.dlg.slotKonto();
     QVERIFY(!account->isVisible());
     QCOMPARE(account->windowTitle(), QString("Form1"));
+}
+
+void TestUserPay::kontoOfADeletedTravellerDoesNothing()
+{
+    PaySetup s({"AB", "CD"});
+    s.open(10.0, 1);
+    auto *account = s.dlg.findChild<userKtoEdit *>("User account");
+    QVERIFY(account);
+    ModalTicket shown = ModalHelper::clickInNextDialog("CloseButton", {}, "userKtoEdit");
+    QVERIFY(s.tap(1, 1));
+    s.dlg.slotKonto();
+    QVERIFY2(shown->handled && shown->error.isEmpty(), qPrintable(shown->error));
+    QCOMPARE(shown->title, QString("account : CD"));
+
+    // CD leaves the journey; his row is still selected. The account list asks the
+    // document by name and finds nobody.
+    QVERIFY(s.doc.users.remove(s.doc.users.at(1)));
+    s.dlg.slotKonto();
+    QVERIFY(!account->isVisible());
+    QCOMPARE(account->windowTitle(), QString("account : CD"));
+
+    ModalTicket other = ModalHelper::clickInNextDialog("CloseButton", {}, "userKtoEdit");
+    QVERIFY(s.tap(0, 1));
+    s.dlg.slotKonto();
+    QVERIFY2(other->handled && other->error.isEmpty(), qPrintable(other->error));
+    QCOMPARE(other->title, QString("account : AB"));
 }
 
 QTEST_MAIN(TestUserPay)

@@ -109,6 +109,13 @@ void userCashEdit::slotCancel()
     }
 }
 
+void userCashEdit::done(int result)
+{
+    user = nullptr;
+    actu = nullptr;
+    UserCashDlg::done(result);
+}
+
 void userCashEdit::closeEvent(QCloseEvent *event)
 {
     slotCancel();

@@ -26,6 +26,10 @@ public:
     void prepare(QString type, QString date, UserData *user, KtoData *line,
                  calenderEdit *calendar);
 
+    // Ends the dialog. The line and its traveller belong to the caller, who removes a
+    // rejected line again: the dialog lets go of both, so nothing reaches them afterwards.
+    void done(int result) override;
+
 public slots:
     void slotSelectButton() override;
     void slotCancel() override;

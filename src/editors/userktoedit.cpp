@@ -53,6 +53,12 @@ void userKtoEdit::slotClose()
     accept();
 }
 
+void userKtoEdit::done(int result)
+{
+    user = nullptr;
+    UserKtoDlg::done(result);
+}
+
 void userKtoEdit::closeEvent(QCloseEvent *event)
 {
     slotClose();

@@ -20,6 +20,9 @@ public:
     // Fills the dialog with the account of `user`; a null user changes nothing.
     void prepare(UserData *user);
 
+    // Ends the dialog and lets go of the traveller, who may leave the journey afterwards.
+    void done(int result) override;
+
 public slots:
     void slotClose() override;
 
