@@ -6,11 +6,7 @@
 CostsDlg::CostsDlg(QWidget *parent, const char *name, bool modal, Qt::WindowFlags fl)
     : QDialog(parent, fl)
 {
-    initFormResources();
-    setupUi(this);
-    if (name)
-        setObjectName(QString::fromUtf8(name));
-    setModal(modal);
+    setUpDialogForm(this, name, modal);
     sizeItemContentColumns(this);
 
     connectItemContentForm(this);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <QString>
 #include <QtGlobal>
 
 // What every form class does alike.
@@ -27,6 +28,18 @@ inline void initFormResources()
 inline void initShellResources()
 {
     WAYFERN_REGISTER_RESOURCE_ONCE(shell);
+}
+
+// The first steps of every dialog form's constructor: its pictures, its widgets, then its
+// object name (when given) and whether it is modal.
+template <class Form>
+void setUpDialogForm(Form *form, const char *name, bool modal)
+{
+    initFormResources();
+    form->setupUi(form);
+    if (name)
+        form->setObjectName(QString::fromUtf8(name));
+    form->setModal(modal);
 }
 
 // For a form's destructor: the widgets outlive the form's part of the object, and nothing

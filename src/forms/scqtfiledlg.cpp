@@ -5,11 +5,7 @@
 ScQtFileDlg::ScQtFileDlg(QWidget *parent, const char *name, bool modal, Qt::WindowFlags fl)
     : QDialog(parent, fl)
 {
-    initFormResources();
-    setupUi(this);
-    if (name)
-        setObjectName(QString::fromUtf8(name));
-    setModal(modal);
+    setUpDialogForm(this, name, modal);
 
     connect(OkButton, &QToolButton::clicked, this, [this] { slotOK(); });
     connect(DirComboBox, &QComboBox::activated, this, &ScQtFileDlg::slotDirComboBoxChanged);

@@ -8,11 +8,7 @@
 UserCashDlg::UserCashDlg(QWidget *parent, const char *name, bool modal, Qt::WindowFlags fl)
     : QDialog(parent, fl)
 {
-    initFormResources();
-    setupUi(this);
-    if (name)
-        setObjectName(QString::fromUtf8(name));
-    setModal(modal);
+    setUpDialogForm(this, name, modal);
 
     connect(ComboBox, &QComboBox::textActivated, this,
             [this](const QString &text) { slotComboChanged(text); });

@@ -9,11 +9,7 @@
 UserKtoDlg::UserKtoDlg(QWidget *parent, const char *name, bool modal, Qt::WindowFlags fl)
     : QDialog(parent, fl)
 {
-    initFormResources();
-    setupUi(this);
-    if (name)
-        setObjectName(QString::fromUtf8(name));
-    setModal(modal);
+    setUpDialogForm(this, name, modal);
 
     // The headers only label the columns: a tap on them sorts nothing.
     ListView->header()->setSectionsClickable(false);
