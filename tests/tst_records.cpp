@@ -1,13 +1,398 @@
-// The journey records: defaults, account lines, derived amounts and type letters.
+// The journey records: defaults, account lines, derived amounts, type letters, and that
+// every field survives each copy, exchange and date sort of a record.
 
 #include "coretestutil.h"
 #include "stdoutcapture.h"
 
+#include "data/journeycalc.h"
 #include "data/wayferndata.h"
 #include "storage/wayfernio.h"
 
+#include <QMap>
 #include <QTemporaryDir>
 #include <QtTest>
+
+#include <algorithm>
+
+namespace {
+
+// Every field of a record as "name=value" lines, in declared order, so that two records
+// compare field by field and a failure names the field. Pointers that never own are
+// compared by address; `actukto` by the index of its line in its own account.
+using Fields = QStringList;
+
+QString number(double value)
+{
+    return QString::number(value, 'g', 17);
+}
+
+QString address(const void *pointer)
+{
+    return QStringLiteral("0x") + QString::number(quintptr(pointer), 16);
+}
+
+// A text of its own for each field and each seed.
+QString text(const char *field, int seed)
+{
+    return QStringLiteral("%1 %2").arg(QLatin1String(field)).arg(seed);
+}
+
+template <typename Pointer>
+Pointer *fakePointer(int seed, quintptr kind)
+{
+    // Never followed: copies and exchanges only carry these.
+    return reinterpret_cast<Pointer *>(kind * 0x1000 + quintptr(seed) * 0x10);
+}
+
+Fields fieldsOf(const KtoData &line, const QString &name = QStringLiteral("line"))
+{
+    return {name + QStringLiteral(".magic=") + QString::number(line.magic),
+            name + QStringLiteral(".percentage=") + number(line.percentage),
+            name + QStringLiteral(".change=") + number(line.change),
+            name + QStringLiteral(".date=") + line.date,
+            name + QStringLiteral(".type=") + line.type};
+}
+
+Fields fieldsOf(const RecordList<CustomData> &customs)
+{
+    Fields fields{QStringLiteral("customs=") + QString::number(customs.count())};
+    for (int i = 0; i < customs.count(); ++i)
+        fields << QStringLiteral("customs[%1].text=").arg(i) + customs.at(i)->text
+               << QStringLiteral("customs[%1].content=").arg(i) + customs.at(i)->content;
+    return fields;
+}
+
+Fields fieldsOf(const CostsData &cost)
+{
+    return {QStringLiteral("date=") + cost.date,
+            QStringLiteral("type=") + cost.type,
+            QStringLiteral("typeletter=") + cost.typeletter,
+            QStringLiteral("ctype=") + cost.ctype,
+            QStringLiteral("fval=") + cost.fval,
+            QStringLiteral("bval=") + cost.bval,
+            QStringLiteral("comment=") + cost.comment,
+            QStringLiteral("bsum=") + cost.bsum,
+            QStringLiteral("exchange=") + cost.exchange,
+            QStringLiteral("fvalue=") + number(cost.fvalue),
+            QStringLiteral("bvalue=") + number(cost.bvalue),
+            QStringLiteral("bsumvalue=") + number(cost.bsumvalue),
+            QStringLiteral("exchangevalue=") + number(cost.exchangevalue),
+            QStringLiteral("id=") + QString::number(cost.id),
+            QStringLiteral("shared=") + QString::number(cost.shared),
+            QStringLiteral("curr=") + address(cost.curr),
+            QStringLiteral("item=") + address(cost.item)};
+}
+
+Fields fieldsOf(const TipData &tip)
+{
+    return Fields{QStringLiteral("date=") + tip.date,
+                  QStringLiteral("name=") + tip.name,
+                  QStringLiteral("street=") + tip.street,
+                  QStringLiteral("pcode=") + tip.pcode,
+                  QStringLiteral("town=") + tip.town,
+                  QStringLiteral("tel=") + tip.tel,
+                  QStringLiteral("fax=") + tip.fax,
+                  QStringLiteral("email=") + tip.email,
+                  QStringLiteral("www=") + tip.www,
+                  QStringLiteral("tiptype=") + tip.tiptype,
+                  QStringLiteral("typeletter=") + tip.typeletter,
+                  QStringLiteral("qualitytype=") + tip.qualitytype,
+                  QStringLiteral("comment=") + tip.comment,
+                  QStringLiteral("item=") + address(tip.item)}
+        + fieldsOf(tip.customs);
+}
+
+Fields fieldsOf(const UserData &user)
+{
+    Fields fields{QStringLiteral("date=") + user.date,
+                  QStringLiteral("short=") + user.short_,
+                  QStringLiteral("name=") + user.name,
+                  QStringLiteral("firstname=") + user.firstname,
+                  QStringLiteral("street=") + user.street,
+                  QStringLiteral("pcode=") + user.pcode,
+                  QStringLiteral("town=") + user.town,
+                  QStringLiteral("tel=") + user.tel,
+                  QStringLiteral("fax=") + user.fax,
+                  QStringLiteral("email=") + user.email,
+                  QStringLiteral("www=") + user.www,
+                  QStringLiteral("bank=") + user.bank,
+                  QStringLiteral("blz=") + user.blz,
+                  QStringLiteral("acount=") + user.acount,
+                  QStringLiteral("value=") + number(user.value),
+                  QStringLiteral("count=") + QString::number(user.count),
+                  QStringLiteral("kto=") + QString::number(user.kto.count())};
+    for (int i = 0; i < user.kto.count(); ++i)
+        fields << fieldsOf(*user.kto.at(i), QStringLiteral("kto[%1]").arg(i));
+    const int current = user.kto.indexOf(user.actukto);
+    fields << QStringLiteral("actukto=")
+                  + (user.actukto == nullptr ? QStringLiteral("null")
+                     : current < 0           ? QStringLiteral("a line of another account")
+                                             : QStringLiteral("line %1").arg(current));
+    fields << fieldsOf(user.temp, QStringLiteral("temp"));
+    fields << QStringLiteral("item=") + address(user.item);
+    return fields;
+}
+
+Fields fieldsOf(const CurrData &curr)
+{
+    return {QStringLiteral("short=") + curr.short_,
+            QStringLiteral("factor=") + curr.factor,
+            QStringLiteral("fullname=") + curr.fullname,
+            QStringLiteral("type=") + curr.type,
+            QStringLiteral("floating=") + curr.floating,
+            QStringLiteral("fix=") + curr.fix,
+            QStringLiteral("factorvalue=") + number(curr.factorvalue),
+            QStringLiteral("invfactor=") + number(curr.invfactor),
+            QStringLiteral("item=") + address(curr.item)};
+}
+
+Fields fieldsOf(const TTypeData &row)
+{
+    return Fields{QStringLiteral("type=") + row.type} + fieldsOf(row.customs);
+}
+
+// Fillers: every field differs from its default and from the same field under another
+// seed (see everyFillerSetsEveryFieldApart). `shared` is true for odd seeds only.
+void fill(KtoData &line, int seed)
+{
+    line.magic = 40 + seed;
+    line.percentage = 12.5 * seed;
+    line.change = -3.25 * seed;
+    line.date = text("kto date", seed);
+    line.type = text("kto type", seed);
+}
+
+void fill(RecordList<CustomData> &customs, int seed)
+{
+    customs.clear();
+    // A different number of fields for each seed.
+    for (int i = 0; i <= seed; ++i) {
+        CustomData *custom = customs.append();
+        custom->text = QStringLiteral("label %1.%2").arg(seed).arg(i);
+        custom->content = QStringLiteral("content %1.%2").arg(seed).arg(i);
+    }
+}
+
+void fill(CostsData &cost, int seed)
+{
+    cost.date = text("date", seed);
+    cost.type = text("type", seed);
+    cost.typeletter = text("typeletter", seed);
+    cost.ctype = text("ctype", seed);
+    cost.fval = text("fval", seed);
+    cost.bval = text("bval", seed);
+    cost.comment = text("comment", seed);
+    cost.bsum = text("bsum", seed);
+    cost.exchange = text("exchange", seed);
+    cost.fvalue = 1.5 * seed;
+    cost.bvalue = 2.5 * seed;
+    cost.bsumvalue = 3.5 * seed;
+    cost.exchangevalue = 4.5 * seed;
+    cost.id = seed;
+    cost.shared = seed % 2 == 1;
+    cost.curr = fakePointer<CurrData>(seed, 1);
+    cost.item = fakePointer<QTreeWidgetItem>(seed, 2);
+}
+
+void fill(TipData &tip, int seed)
+{
+    tip.date = text("date", seed);
+    tip.name = text("name", seed);
+    tip.street = text("street", seed);
+    tip.pcode = text("pcode", seed);
+    tip.town = text("town", seed);
+    tip.tel = text("tel", seed);
+    tip.fax = text("fax", seed);
+    tip.email = text("email", seed);
+    tip.www = text("www", seed);
+    tip.tiptype = text("tiptype", seed);
+    tip.typeletter = text("typeletter", seed);
+    tip.qualitytype = text("qualitytype", seed);
+    tip.comment = text("comment", seed);
+    tip.item = fakePointer<QTreeWidgetItem>(seed, 3);
+    fill(tip.customs, seed);
+}
+
+void fill(UserData &user, int seed)
+{
+    user.date = text("date", seed);
+    user.short_ = text("short", seed);
+    user.name = text("name", seed);
+    user.firstname = text("firstname", seed);
+    user.street = text("street", seed);
+    user.pcode = text("pcode", seed);
+    user.town = text("town", seed);
+    user.tel = text("tel", seed);
+    user.fax = text("fax", seed);
+    user.email = text("email", seed);
+    user.www = text("www", seed);
+    user.bank = text("bank", seed);
+    user.blz = text("blz", seed);
+    user.acount = text("acount", seed);
+    user.value = 7.25 * seed;
+    user.count = 10 + seed;
+    user.clearKto();
+    for (int i = 0; i <= seed + 1; ++i)
+        fill(*user.addKto(0), 10 * seed + i);
+    // A line in the middle: the first and the last would also be found by other means.
+    user.actukto = user.kto.at(seed);
+    fill(user.temp, 100 + seed);
+    user.item = fakePointer<QTreeWidgetItem>(seed, 4);
+}
+
+void fill(CurrData &curr, int seed)
+{
+    curr.short_ = text("short", seed);
+    curr.factor = text("factor", seed);
+    curr.fullname = text("fullname", seed);
+    curr.type = text("type", seed);
+    curr.floating = text("floating", seed);
+    curr.fix = text("fix", seed);
+    curr.factorvalue = 0.5 * seed;
+    curr.invfactor = 2.0 / seed + 1.0;
+    curr.item = fakePointer<QTreeWidgetItem>(seed, 5);
+}
+
+void fill(TTypeData &row, int seed)
+{
+    row.type = text("type", seed);
+    fill(row.customs, seed);
+}
+
+template <typename Record>
+Fields filledFields(int seed)
+{
+    Record record;
+    fill(record, seed);
+    return fieldsOf(record);
+}
+
+// The lines of `actual` that are not those of `expected`, for the failure message.
+QString differences(const Fields &actual, const Fields &expected)
+{
+    QStringList lines;
+    for (qsizetype i = 0; i < std::max(actual.size(), expected.size()); ++i) {
+        const QString a = actual.value(i, QStringLiteral("(none)"));
+        const QString e = expected.value(i, QStringLiteral("(none)"));
+        if (a != e)
+            lines << QStringLiteral("%1, expected %2").arg(a, e);
+    }
+    return lines.join(QStringLiteral("; "));
+}
+
+// The fields that `a` and `b` hold alike, by name; fields only one of them has differ.
+QStringList sameFields(const Fields &a, const Fields &b)
+{
+    QMap<QString, QString> byName;
+    for (const QString &field : b)
+        byName.insert(field.section(QLatin1Char('='), 0, 0), field);
+    QStringList same;
+    for (const QString &field : a)
+        if (byName.value(field.section(QLatin1Char('='), 0, 0)) == field)
+            same << field;
+    return same;
+}
+
+} // namespace
+
+#define COMPARE_FIELDS(actual, expected)                                                     \
+    do {                                                                                     \
+        const Fields actualFields = (actual);                                                \
+        const Fields expectedFields = (expected);                                            \
+        QVERIFY2(actualFields == expectedFields,                                             \
+                 qPrintable(differences(actualFields, expectedFields)));                     \
+    } while (false)
+
+namespace {
+
+template <typename Record>
+void checkFillerSetsEveryFieldApart()
+{
+    const Fields one = filledFields<Record>(1);
+    const QStringList likeDefault = sameFields(one, fieldsOf(Record()));
+    QVERIFY2(likeDefault.isEmpty(), qPrintable(likeDefault.join(QStringLiteral("; "))));
+    const QStringList likeOtherSeed = sameFields(one, filledFields<Record>(2));
+    QVERIFY2(likeOtherSeed.isEmpty(), qPrintable(likeOtherSeed.join(QStringLiteral("; "))));
+}
+
+// The copy constructor and the assignment onto a record of other values take every field;
+// the original stays as it was, also when the copy changes or drops what it owns.
+template <typename Record>
+void checkCopiesTakeEveryField()
+{
+    Record record;
+    fill(record, 1);
+    Record copy(record);
+    COMPARE_FIELDS(fieldsOf(copy), filledFields<Record>(1));
+    Record target;
+    fill(target, 2);
+    target = record;
+    COMPARE_FIELDS(fieldsOf(target), filledFields<Record>(1));
+    fill(target, 3);
+    copy = Record();
+    COMPARE_FIELDS(fieldsOf(record), filledFields<Record>(1));
+}
+
+// What stays with the list position when the contents of records move: the shared flag of
+// a cost and the row of a cost or tip.
+void keepPosition(CostsData &expected, const CostsData &original)
+{
+    expected.shared = original.shared;
+    expected.item = original.item;
+}
+
+void keepPosition(TipData &expected, const TipData &original)
+{
+    expected.item = original.item;
+}
+
+// What position `at` (0 on) of a list filled with seeds 1, 2, ... holds after its contents
+// took those that stood at position `from`: `dates` replace the fillers' dates when given.
+template <typename Record>
+Fields movedFields(int from, int at, const QStringList &dates = {})
+{
+    Record original;
+    fill(original, at + 1);
+    Record expected;
+    fill(expected, from + 1);
+    if (!dates.isEmpty())
+        expected.date = dates.at(from);
+    keepPosition(expected, original);
+    return fieldsOf(expected);
+}
+
+template <typename Record, typename Exchange>
+void checkExchangeMovesEveryFieldButPosition(RecordList<Record> &list, Exchange exchange)
+{
+    Record *a = list.append();
+    Record *b = list.append();
+    fill(*a, 1);
+    fill(*b, 2);
+    exchange(a, b);
+    COMPARE_FIELDS(fieldsOf(*a), movedFields<Record>(1, 0));
+    COMPARE_FIELDS(fieldsOf(*b), movedFields<Record>(0, 1));
+    // The records themselves keep their places in the list.
+    QCOMPARE(list.at(0), a);
+    QCOMPARE(list.at(1), b);
+}
+
+// Three records in falling date order: the sort turns the list around.
+template <typename Record, typename Sort>
+void checkDateSortMovesEveryFieldButPosition(RecordList<Record> &list, Sort sort)
+{
+    const QStringList dates{QStringLiteral("03.01.2002"), QStringLiteral("02.01.2002"),
+                            QStringLiteral("01.01.2002")};
+    for (int i = 0; i < 3; ++i) {
+        Record *record = list.append();
+        fill(*record, i + 1);
+        record->date = dates.at(i);
+    }
+    sort();
+    for (int at = 0; at < 3; ++at)
+        COMPARE_FIELDS(fieldsOf(*list.at(at)), movedFields<Record>(2 - at, at, dates));
+}
+
+} // namespace
 
 class TestRecords : public QObject
 {
@@ -30,6 +415,20 @@ private slots:
     void typeLetterIsFirstCapital();
     void costWithoutIdKeepsDefaultAndNewCostGetsPositiveId();
     void isFloatingComparesWithTranslatedWord();
+
+    void everyFillerSetsEveryFieldApart();
+    void userCopyConstructorTakesEveryField();
+    void userAssignmentReplacesEveryField();
+    void userSelfAssignmentChangesNothing();
+    void costCopyTakesEveryField();
+    void tipCopyTakesEveryFieldAndOwnsItsCustomFields();
+    void accountLineCopyTakesEveryField();
+    void currencyCopyTakesEveryField();
+    void tipTypeCopyTakesEveryFieldAndOwnsItsCustomFields();
+    void swapCostsExchangesEveryFieldButSharedAndItem();
+    void swapTipsExchangesEveryFieldButItem();
+    void dateSortOfCostsMovesEveryFieldButSharedAndItem();
+    void dateSortOfTipsMovesEveryFieldButItem();
 };
 
 void TestRecords::costDefaults()
@@ -306,6 +705,119 @@ void TestRecords::isFloatingComparesWithTranslatedWord()
     // A file written under another language holds a word that equals neither.
     curr.type = QStringLiteral("flottant");
     QVERIFY(!curr.isFloating());
+}
+
+// The tests below rest on the fillers: a field that a filler leaves at its default, or sets
+// alike for two seeds, could not show that a copy or an exchange lost it.
+void TestRecords::everyFillerSetsEveryFieldApart()
+{
+    checkFillerSetsEveryFieldApart<CostsData>();
+    checkFillerSetsEveryFieldApart<TipData>();
+    checkFillerSetsEveryFieldApart<UserData>();
+    checkFillerSetsEveryFieldApart<KtoData>();
+    checkFillerSetsEveryFieldApart<CurrData>();
+    checkFillerSetsEveryFieldApart<TTypeData>();
+    // The account lines of one user differ from each other too.
+    UserData user;
+    fill(user, 1);
+    QVERIFY(sameFields(fieldsOf(*user.kto.at(0)), fieldsOf(*user.kto.at(1))).isEmpty());
+}
+
+void TestRecords::userCopyConstructorTakesEveryField()
+{
+    UserData user;
+    fill(user, 1);
+    const UserData copy(user);
+    COMPARE_FIELDS(fieldsOf(copy), filledFields<UserData>(1));
+    // The copy's account is its own, and so is its current line.
+    QVERIFY(copy.kto.at(0) != user.kto.at(0));
+    QCOMPARE(copy.actukto, copy.kto.at(1));
+    COMPARE_FIELDS(fieldsOf(user), filledFields<UserData>(1));
+}
+
+void TestRecords::userAssignmentReplacesEveryField()
+{
+    UserData user;
+    fill(user, 1);
+    UserData target;
+    fill(target, 2);
+    target = user;
+    COMPARE_FIELDS(fieldsOf(target), filledFields<UserData>(1));
+    QVERIFY(target.kto.at(0) != user.kto.at(0));
+    QCOMPARE(target.actukto, target.kto.at(1));
+
+    // No current line in the source gives none in the target.
+    user.actukto = nullptr;
+    target = user;
+    QVERIFY(target.actukto == nullptr);
+}
+
+void TestRecords::userSelfAssignmentChangesNothing()
+{
+    UserData user;
+    fill(user, 1);
+    KtoData *current = user.actukto;
+    const UserData &same = user;
+    user = same;
+    COMPARE_FIELDS(fieldsOf(user), filledFields<UserData>(1));
+    QCOMPARE(user.actukto, current);
+}
+
+void TestRecords::costCopyTakesEveryField()
+{
+    checkCopiesTakeEveryField<CostsData>();
+}
+
+void TestRecords::tipCopyTakesEveryFieldAndOwnsItsCustomFields()
+{
+    checkCopiesTakeEveryField<TipData>();
+}
+
+void TestRecords::accountLineCopyTakesEveryField()
+{
+    checkCopiesTakeEveryField<KtoData>();
+}
+
+void TestRecords::currencyCopyTakesEveryField()
+{
+    checkCopiesTakeEveryField<CurrData>();
+}
+
+void TestRecords::tipTypeCopyTakesEveryFieldAndOwnsItsCustomFields()
+{
+    checkCopiesTakeEveryField<TTypeData>();
+}
+
+void TestRecords::swapCostsExchangesEveryFieldButSharedAndItem()
+{
+    WayFernData doc;
+    checkExchangeMovesEveryFieldButPosition(
+        doc.costs, [&doc](CostsData *a, CostsData *b) { doc.swapCosts(a, b); });
+}
+
+void TestRecords::swapTipsExchangesEveryFieldButItem()
+{
+    WayFernData doc;
+    checkExchangeMovesEveryFieldButPosition(
+        doc.tips, [&doc](TipData *a, TipData *b) { doc.swapTips(a, b); });
+}
+
+void TestRecords::dateSortOfCostsMovesEveryFieldButSharedAndItem()
+{
+    WayFernData doc;
+    checkDateSortMovesEveryFieldButPosition(doc.costs, [&doc] {
+        DateParts last;
+        JourneyCalc::sortCosts(doc, last);
+    });
+}
+
+void TestRecords::dateSortOfTipsMovesEveryFieldButItem()
+{
+    WayFernData doc;
+    checkDateSortMovesEveryFieldButPosition(doc.tips, [&doc] {
+        DateParts last;
+        JourneyCalc::sortTips(doc, last);
+    });
 }
 
 QTEST_GUILESS_MAIN(TestRecords)
