@@ -376,20 +376,22 @@ void checkExchangeMovesEveryFieldButPosition(RecordList<Record> &list, Exchange 
     QCOMPARE(list.at(1), b);
 }
 
-// Three records in falling date order: the sort turns the list around.
+// Four records in falling date order: the sort turns the list around, and every record
+// lands where the shared flag differs from its own.
 template <typename Record, typename Sort>
 void checkDateSortMovesEveryFieldButPosition(RecordList<Record> &list, Sort sort)
 {
-    const QStringList dates{QStringLiteral("03.01.2002"), QStringLiteral("02.01.2002"),
-                            QStringLiteral("01.01.2002")};
-    for (int i = 0; i < 3; ++i) {
+    const QStringList dates{QStringLiteral("04.01.2002"), QStringLiteral("03.01.2002"),
+                            QStringLiteral("02.01.2002"), QStringLiteral("01.01.2002")};
+    const int n = int(dates.size());
+    for (int i = 0; i < n; ++i) {
         Record *record = list.append();
         fill(*record, i + 1);
         record->date = dates.at(i);
     }
     sort();
-    for (int at = 0; at < 3; ++at)
-        COMPARE_FIELDS(fieldsOf(*list.at(at)), movedFields<Record>(2 - at, at, dates));
+    for (int at = 0; at < n; ++at)
+        COMPARE_FIELDS(fieldsOf(*list.at(at)), movedFields<Record>(n - 1 - at, at, dates));
 }
 
 } // namespace
