@@ -18,245 +18,185 @@ namespace {
 
 // Every field of a record as "name=value" lines, in declared order, so that two records
 // compare field by field and a failure names the field. Pointers that never own are
-// compared by address; `actukto` by the index of its line in its own account.
+// compared by address, owned lists and embedded records by their contents.
 using Fields = QStringList;
 
-QString number(double value)
+// Each record's fields are listed once, below, and both filled and read through that list.
+#define RECORD_FIELDS(Type, ...)                                                             \
+    template <typename F>                                                                    \
+    auto withFields(Type &r, F f)                                                            \
+    {                                                                                        \
+        return f(#__VA_ARGS__, __VA_ARGS__);                                                 \
+    }                                                                                        \
+    template <typename F>                                                                    \
+    auto withFields(const Type &r, F f)                                                      \
+    {                                                                                        \
+        return f(#__VA_ARGS__, __VA_ARGS__);                                                 \
+    }
+
+RECORD_FIELDS(KtoData, r.magic, r.percentage, r.change, r.date, r.type)
+RECORD_FIELDS(CustomData, r.text, r.content)
+RECORD_FIELDS(CostsData, r.date, r.type, r.typeletter, r.ctype, r.fval, r.bval, r.comment, r.bsum,
+              r.exchange, r.fvalue, r.bvalue, r.bsumvalue, r.exchangevalue, r.id, r.shared, r.curr,
+              r.item)
+RECORD_FIELDS(TipData, r.date, r.name, r.street, r.pcode, r.town, r.tel, r.fax, r.email, r.www,
+              r.tiptype, r.typeletter, r.qualitytype, r.comment, r.item, r.customs)
+// `actukto` points into `kto`; it is compared and set on its own (fieldsOf, fill).
+RECORD_FIELDS(UserData, r.date, r.short_, r.name, r.firstname, r.street, r.pcode, r.town, r.tel,
+              r.fax, r.email, r.www, r.bank, r.blz, r.acount, r.value, r.count, r.kto, r.temp,
+              r.item)
+RECORD_FIELDS(CurrData, r.short_, r.factor, r.fullname, r.type, r.floating, r.fix,
+              r.factorvalue, r.invfactor, r.item)
+RECORD_FIELDS(TTypeData, r.type, r.customs)
+
+QString asText(const QString &value)
+{
+    return value;
+}
+
+QString asText(double value)
 {
     return QString::number(value, 'g', 17);
 }
 
-QString address(const void *pointer)
+QString asText(int value)
+{
+    return QString::number(value);
+}
+
+QString asText(bool value)
+{
+    return value ? QStringLiteral("true") : QStringLiteral("false");
+}
+
+template <typename T>
+QString asText(T *pointer)
 {
     return QStringLiteral("0x") + QString::number(quintptr(pointer), 16);
 }
 
-// A text of its own for each field and each seed.
-QString text(const char *field, int seed)
+template <typename Record>
+Fields fieldsOf(const Record &record);
+
+// Embedded records and owned lists read as their fields in braces.
+template <typename Record>
+QString asText(const Record &record)
 {
-    return QStringLiteral("%1 %2").arg(QLatin1String(field)).arg(seed);
+    return QLatin1Char('{') + fieldsOf(record).join(QStringLiteral(", ")) + QLatin1Char('}');
 }
 
-template <typename Pointer>
-Pointer *fakePointer(int seed, quintptr kind)
+template <typename Record>
+QString asText(const RecordList<Record> &list)
 {
-    // Never followed: copies and exchanges only carry these.
-    return reinterpret_cast<Pointer *>(kind * 0x1000 + quintptr(seed) * 0x10);
+    QStringList records;
+    for (const Record *record : list)
+        records << asText(*record);
+    return QLatin1Char('[') + records.join(QStringLiteral(", ")) + QLatin1Char(']');
 }
 
-Fields fieldsOf(const KtoData &line, const QString &name = QStringLiteral("line"))
+// Names the values of a record's field list: "r.date, r.type" gives date= and type=.
+struct NameFields
 {
-    return {name + QStringLiteral(".magic=") + QString::number(line.magic),
-            name + QStringLiteral(".percentage=") + number(line.percentage),
-            name + QStringLiteral(".change=") + number(line.change),
-            name + QStringLiteral(".date=") + line.date,
-            name + QStringLiteral(".type=") + line.type};
-}
+    template <typename... Values>
+    Fields operator()(const char *names, const Values &...values) const
+    {
+        Fields fields = QString::fromLatin1(names).split(QStringLiteral(", "));
+        const QStringList texts{asText(values)...};
+        for (qsizetype i = 0; i < fields.size(); ++i)
+            fields[i] = fields.at(i).mid(2) + QLatin1Char('=') + texts.at(i);
+        return fields;
+    }
+};
 
-Fields fieldsOf(const RecordList<CustomData> &customs)
+template <typename Record>
+Fields fieldsOf(const Record &record)
 {
-    Fields fields{QStringLiteral("customs=") + QString::number(customs.count())};
-    for (int i = 0; i < customs.count(); ++i)
-        fields << QStringLiteral("customs[%1].text=").arg(i) + customs.at(i)->text
-               << QStringLiteral("customs[%1].content=").arg(i) + customs.at(i)->content;
-    return fields;
-}
-
-Fields fieldsOf(const CostsData &cost)
-{
-    return {QStringLiteral("date=") + cost.date,
-            QStringLiteral("type=") + cost.type,
-            QStringLiteral("typeletter=") + cost.typeletter,
-            QStringLiteral("ctype=") + cost.ctype,
-            QStringLiteral("fval=") + cost.fval,
-            QStringLiteral("bval=") + cost.bval,
-            QStringLiteral("comment=") + cost.comment,
-            QStringLiteral("bsum=") + cost.bsum,
-            QStringLiteral("exchange=") + cost.exchange,
-            QStringLiteral("fvalue=") + number(cost.fvalue),
-            QStringLiteral("bvalue=") + number(cost.bvalue),
-            QStringLiteral("bsumvalue=") + number(cost.bsumvalue),
-            QStringLiteral("exchangevalue=") + number(cost.exchangevalue),
-            QStringLiteral("id=") + QString::number(cost.id),
-            QStringLiteral("shared=") + QString::number(cost.shared),
-            QStringLiteral("curr=") + address(cost.curr),
-            QStringLiteral("item=") + address(cost.item)};
-}
-
-Fields fieldsOf(const TipData &tip)
-{
-    return Fields{QStringLiteral("date=") + tip.date,
-                  QStringLiteral("name=") + tip.name,
-                  QStringLiteral("street=") + tip.street,
-                  QStringLiteral("pcode=") + tip.pcode,
-                  QStringLiteral("town=") + tip.town,
-                  QStringLiteral("tel=") + tip.tel,
-                  QStringLiteral("fax=") + tip.fax,
-                  QStringLiteral("email=") + tip.email,
-                  QStringLiteral("www=") + tip.www,
-                  QStringLiteral("tiptype=") + tip.tiptype,
-                  QStringLiteral("typeletter=") + tip.typeletter,
-                  QStringLiteral("qualitytype=") + tip.qualitytype,
-                  QStringLiteral("comment=") + tip.comment,
-                  QStringLiteral("item=") + address(tip.item)}
-        + fieldsOf(tip.customs);
+    return withFields(record, NameFields());
 }
 
 Fields fieldsOf(const UserData &user)
 {
-    Fields fields{QStringLiteral("date=") + user.date,
-                  QStringLiteral("short=") + user.short_,
-                  QStringLiteral("name=") + user.name,
-                  QStringLiteral("firstname=") + user.firstname,
-                  QStringLiteral("street=") + user.street,
-                  QStringLiteral("pcode=") + user.pcode,
-                  QStringLiteral("town=") + user.town,
-                  QStringLiteral("tel=") + user.tel,
-                  QStringLiteral("fax=") + user.fax,
-                  QStringLiteral("email=") + user.email,
-                  QStringLiteral("www=") + user.www,
-                  QStringLiteral("bank=") + user.bank,
-                  QStringLiteral("blz=") + user.blz,
-                  QStringLiteral("acount=") + user.acount,
-                  QStringLiteral("value=") + number(user.value),
-                  QStringLiteral("count=") + QString::number(user.count),
-                  QStringLiteral("kto=") + QString::number(user.kto.count())};
-    for (int i = 0; i < user.kto.count(); ++i)
-        fields << fieldsOf(*user.kto.at(i), QStringLiteral("kto[%1]").arg(i));
     const int current = user.kto.indexOf(user.actukto);
-    fields << QStringLiteral("actukto=")
-                  + (user.actukto == nullptr ? QStringLiteral("null")
-                     : current < 0           ? QStringLiteral("a line of another account")
-                                             : QStringLiteral("line %1").arg(current));
-    fields << fieldsOf(user.temp, QStringLiteral("temp"));
-    fields << QStringLiteral("item=") + address(user.item);
-    return fields;
+    return withFields(user, NameFields())
+        << QStringLiteral("actukto=")
+               + (user.actukto == nullptr ? QStringLiteral("null")
+                  : current < 0           ? QStringLiteral("a line of another account")
+                                          : QStringLiteral("line %1").arg(current));
 }
 
-Fields fieldsOf(const CurrData &curr)
+// Fillers: field number `index` of a record filled with `seed` differs from its default
+// and from the same field under another seed (see everyFillerSetsEveryFieldApart), and
+// texts differ from field to field. `shared` is true for odd seeds only.
+void fillField(QString &text, int seed, int index)
 {
-    return {QStringLiteral("short=") + curr.short_,
-            QStringLiteral("factor=") + curr.factor,
-            QStringLiteral("fullname=") + curr.fullname,
-            QStringLiteral("type=") + curr.type,
-            QStringLiteral("floating=") + curr.floating,
-            QStringLiteral("fix=") + curr.fix,
-            QStringLiteral("factorvalue=") + number(curr.factorvalue),
-            QStringLiteral("invfactor=") + number(curr.invfactor),
-            QStringLiteral("item=") + address(curr.item)};
+    text = QStringLiteral("text %1 of %2").arg(index).arg(seed);
 }
 
-Fields fieldsOf(const TTypeData &row)
+void fillField(double &value, int seed, int index)
 {
-    return Fields{QStringLiteral("type=") + row.type} + fieldsOf(row.customs);
+    value = 1.5 * seed + index;
 }
 
-// Fillers: every field differs from its default and from the same field under another
-// seed (see everyFillerSetsEveryFieldApart). `shared` is true for odd seeds only.
-void fill(KtoData &line, int seed)
+void fillField(int &value, int seed, int index)
 {
-    line.magic = 40 + seed;
-    line.percentage = 12.5 * seed;
-    line.change = -3.25 * seed;
-    line.date = text("kto date", seed);
-    line.type = text("kto type", seed);
+    value = 100 * seed + index;
 }
 
-void fill(RecordList<CustomData> &customs, int seed)
+void fillField(bool &value, int seed, int)
 {
-    customs.clear();
-    // A different number of fields for each seed.
-    for (int i = 0; i <= seed; ++i) {
-        CustomData *custom = customs.append();
-        custom->text = QStringLiteral("label %1.%2").arg(seed).arg(i);
-        custom->content = QStringLiteral("content %1.%2").arg(seed).arg(i);
+    value = seed % 2 == 1;
+}
+
+template <typename T>
+void fillField(T *&pointer, int seed, int index)
+{
+    // Never followed: copies and exchanges only carry these.
+    pointer = reinterpret_cast<T *>(quintptr(0x10000 * (index + 1) + 0x10 * seed));
+}
+
+template <typename Record>
+void fill(Record &record, int seed);
+
+template <typename Record>
+void fillField(Record &record, int seed, int index)
+{
+    fill(record, 10 * seed + index);
+}
+
+// A different number of records for each seed, each with its own values.
+template <typename Record>
+void fillField(RecordList<Record> &list, int seed, int index)
+{
+    list.clear();
+    for (int i = 0; i < seed + 2; ++i)
+        fill(*list.append(), 100 * seed + 10 * index + i);
+}
+
+// Fills the fields of a record's field list, each by its number in the list.
+struct FillFields
+{
+    int seed;
+    template <typename... Members>
+    void operator()(const char *, Members &...fields) const
+    {
+        int index = 0;
+        (fillField(fields, seed, index++), ...);
     }
-}
+};
 
-void fill(CostsData &cost, int seed)
+template <typename Record>
+void fill(Record &record, int seed)
 {
-    cost.date = text("date", seed);
-    cost.type = text("type", seed);
-    cost.typeletter = text("typeletter", seed);
-    cost.ctype = text("ctype", seed);
-    cost.fval = text("fval", seed);
-    cost.bval = text("bval", seed);
-    cost.comment = text("comment", seed);
-    cost.bsum = text("bsum", seed);
-    cost.exchange = text("exchange", seed);
-    cost.fvalue = 1.5 * seed;
-    cost.bvalue = 2.5 * seed;
-    cost.bsumvalue = 3.5 * seed;
-    cost.exchangevalue = 4.5 * seed;
-    cost.id = seed;
-    cost.shared = seed % 2 == 1;
-    cost.curr = fakePointer<CurrData>(seed, 1);
-    cost.item = fakePointer<QTreeWidgetItem>(seed, 2);
+    withFields(record, FillFields{seed});
 }
 
-void fill(TipData &tip, int seed)
-{
-    tip.date = text("date", seed);
-    tip.name = text("name", seed);
-    tip.street = text("street", seed);
-    tip.pcode = text("pcode", seed);
-    tip.town = text("town", seed);
-    tip.tel = text("tel", seed);
-    tip.fax = text("fax", seed);
-    tip.email = text("email", seed);
-    tip.www = text("www", seed);
-    tip.tiptype = text("tiptype", seed);
-    tip.typeletter = text("typeletter", seed);
-    tip.qualitytype = text("qualitytype", seed);
-    tip.comment = text("comment", seed);
-    tip.item = fakePointer<QTreeWidgetItem>(seed, 3);
-    fill(tip.customs, seed);
-}
-
+template <>
 void fill(UserData &user, int seed)
 {
-    user.date = text("date", seed);
-    user.short_ = text("short", seed);
-    user.name = text("name", seed);
-    user.firstname = text("firstname", seed);
-    user.street = text("street", seed);
-    user.pcode = text("pcode", seed);
-    user.town = text("town", seed);
-    user.tel = text("tel", seed);
-    user.fax = text("fax", seed);
-    user.email = text("email", seed);
-    user.www = text("www", seed);
-    user.bank = text("bank", seed);
-    user.blz = text("blz", seed);
-    user.acount = text("acount", seed);
-    user.value = 7.25 * seed;
-    user.count = 10 + seed;
-    user.clearKto();
-    for (int i = 0; i <= seed + 1; ++i)
-        fill(*user.addKto(0), 10 * seed + i);
-    // A line in the middle: the first and the last would also be found by other means.
+    withFields(user, FillFields{seed});
+    // A line in the middle, another for each seed: the first and the last would also be
+    // found by other means.
     user.actukto = user.kto.at(seed);
-    fill(user.temp, 100 + seed);
-    user.item = fakePointer<QTreeWidgetItem>(seed, 4);
-}
-
-void fill(CurrData &curr, int seed)
-{
-    curr.short_ = text("short", seed);
-    curr.factor = text("factor", seed);
-    curr.fullname = text("fullname", seed);
-    curr.type = text("type", seed);
-    curr.floating = text("floating", seed);
-    curr.fix = text("fix", seed);
-    curr.factorvalue = 0.5 * seed;
-    curr.invfactor = 2.0 / seed + 1.0;
-    curr.item = fakePointer<QTreeWidgetItem>(seed, 5);
-}
-
-void fill(TTypeData &row, int seed)
-{
-    row.type = text("type", seed);
-    fill(row.customs, seed);
 }
 
 template <typename Record>
