@@ -1,13 +1,340 @@
-// The journey records: defaults, account lines, derived amounts and type letters.
+// The journey records: defaults, account lines, derived amounts, type letters, and that
+// every field survives each copy, exchange and date sort of a record.
 
 #include "coretestutil.h"
 #include "stdoutcapture.h"
 
+#include "data/journeycalc.h"
 #include "data/wayferndata.h"
 #include "storage/wayfernio.h"
 
+#include <QMap>
 #include <QTemporaryDir>
 #include <QtTest>
+
+#include <algorithm>
+
+namespace {
+
+// Every field of a record as "name=value" lines, in declared order, so that two records
+// compare field by field and a failure names the field. Pointers that never own are
+// compared by address, owned lists and embedded records by their contents.
+using Fields = QStringList;
+
+// Each record's fields are listed once, below, and both filled and read through that list.
+#define RECORD_FIELDS(Type, ...)                                                             \
+    template <typename F>                                                                    \
+    auto withFields(Type &r, F f)                                                            \
+    {                                                                                        \
+        return f(#__VA_ARGS__, __VA_ARGS__);                                                 \
+    }                                                                                        \
+    template <typename F>                                                                    \
+    auto withFields(const Type &r, F f)                                                      \
+    {                                                                                        \
+        return f(#__VA_ARGS__, __VA_ARGS__);                                                 \
+    }
+
+RECORD_FIELDS(KtoData, r.magic, r.percentage, r.change, r.date, r.type)
+RECORD_FIELDS(CustomData, r.text, r.content)
+RECORD_FIELDS(CostsData, r.date, r.type, r.typeletter, r.ctype, r.fval, r.bval, r.comment, r.bsum,
+              r.exchange, r.fvalue, r.bvalue, r.bsumvalue, r.exchangevalue, r.id, r.shared, r.curr,
+              r.item)
+RECORD_FIELDS(TipData, r.date, r.name, r.street, r.pcode, r.town, r.tel, r.fax, r.email, r.www,
+              r.tiptype, r.typeletter, r.qualitytype, r.comment, r.item, r.customs)
+// `actukto` points into `kto`; it is compared and set on its own (fieldsOf, fill).
+RECORD_FIELDS(UserData, r.date, r.short_, r.name, r.firstname, r.street, r.pcode, r.town, r.tel,
+              r.fax, r.email, r.www, r.bank, r.blz, r.acount, r.value, r.count, r.kto, r.temp,
+              r.item)
+RECORD_FIELDS(CurrData, r.short_, r.factor, r.fullname, r.type, r.floating, r.fix,
+              r.factorvalue, r.invfactor, r.item)
+RECORD_FIELDS(TTypeData, r.type, r.customs)
+
+QString asText(const QString &value)
+{
+    return value;
+}
+
+QString asText(double value)
+{
+    return QString::number(value, 'g', 17);
+}
+
+QString asText(int value)
+{
+    return QString::number(value);
+}
+
+QString asText(bool value)
+{
+    return value ? QStringLiteral("true") : QStringLiteral("false");
+}
+
+template <typename T>
+QString asText(T *pointer)
+{
+    return QStringLiteral("0x") + QString::number(quintptr(pointer), 16);
+}
+
+template <typename Record>
+Fields fieldsOf(const Record &record);
+
+// Embedded records and owned lists read as their fields in braces.
+template <typename Record>
+QString asText(const Record &record)
+{
+    return QLatin1Char('{') + fieldsOf(record).join(QStringLiteral(", ")) + QLatin1Char('}');
+}
+
+template <typename Record>
+QString asText(const RecordList<Record> &list)
+{
+    QStringList records;
+    for (const Record *record : list)
+        records << asText(*record);
+    return QLatin1Char('[') + records.join(QStringLiteral(", ")) + QLatin1Char(']');
+}
+
+// Names the values of a record's field list: "r.date, r.type" gives date= and type=.
+struct NameFields
+{
+    template <typename... Values>
+    Fields operator()(const char *names, const Values &...values) const
+    {
+        Fields fields = QString::fromLatin1(names).split(QStringLiteral(", "));
+        const QStringList texts{asText(values)...};
+        for (qsizetype i = 0; i < fields.size(); ++i)
+            fields[i] = fields.at(i).mid(2) + QLatin1Char('=') + texts.at(i);
+        return fields;
+    }
+};
+
+template <typename Record>
+Fields fieldsOf(const Record &record)
+{
+    return withFields(record, NameFields());
+}
+
+Fields fieldsOf(const UserData &user)
+{
+    const int current = user.kto.indexOf(user.actukto);
+    return withFields(user, NameFields())
+        << QStringLiteral("actukto=")
+               + (user.actukto == nullptr ? QStringLiteral("null")
+                  : current < 0           ? QStringLiteral("a line of another account")
+                                          : QStringLiteral("line %1").arg(current));
+}
+
+// Fillers: field number `index` of a record filled with `seed` differs from its default
+// and from the same field under another seed (see everyFillerSetsEveryFieldApart), and
+// texts differ from field to field. `shared` is true for odd seeds only.
+void fillField(QString &text, int seed, int index)
+{
+    text = QStringLiteral("text %1 of %2").arg(index).arg(seed);
+}
+
+void fillField(double &value, int seed, int index)
+{
+    value = 1.5 * seed + index;
+}
+
+void fillField(int &value, int seed, int index)
+{
+    value = 100 * seed + index;
+}
+
+void fillField(bool &value, int seed, int)
+{
+    value = seed % 2 == 1;
+}
+
+template <typename T>
+void fillField(T *&pointer, int seed, int index)
+{
+    // Never followed: copies and exchanges only carry these.
+    pointer = reinterpret_cast<T *>(quintptr(0x10000 * (index + 1) + 0x10 * seed));
+}
+
+template <typename Record>
+void fill(Record &record, int seed);
+
+template <typename Record>
+void fillField(Record &record, int seed, int index)
+{
+    fill(record, 10 * seed + index);
+}
+
+// A different number of records for each seed, each with its own values.
+template <typename Record>
+void fillField(RecordList<Record> &list, int seed, int index)
+{
+    list.clear();
+    for (int i = 0; i < seed + 2; ++i)
+        fill(*list.append(), 100 * seed + 10 * index + i);
+}
+
+// Fills the fields of a record's field list, each by its number in the list.
+struct FillFields
+{
+    int seed;
+    template <typename... Members>
+    void operator()(const char *, Members &...fields) const
+    {
+        int index = 0;
+        (fillField(fields, seed, index++), ...);
+    }
+};
+
+template <typename Record>
+void fill(Record &record, int seed)
+{
+    withFields(record, FillFields{seed});
+}
+
+template <>
+void fill(UserData &user, int seed)
+{
+    withFields(user, FillFields{seed});
+    // A line in the middle, another for each seed: the first and the last would also be
+    // found by other means.
+    user.actukto = user.kto.at(seed);
+}
+
+template <typename Record>
+Fields filledFields(int seed)
+{
+    Record record;
+    fill(record, seed);
+    return fieldsOf(record);
+}
+
+// The lines of `actual` that are not those of `expected`, for the failure message.
+QString differences(const Fields &actual, const Fields &expected)
+{
+    QStringList lines;
+    for (qsizetype i = 0; i < std::max(actual.size(), expected.size()); ++i) {
+        const QString a = actual.value(i, QStringLiteral("(none)"));
+        const QString e = expected.value(i, QStringLiteral("(none)"));
+        if (a != e)
+            lines << QStringLiteral("%1, expected %2").arg(a, e);
+    }
+    return lines.join(QStringLiteral("; "));
+}
+
+// The fields that `a` and `b` hold alike, by name; fields only one of them has differ.
+QStringList sameFields(const Fields &a, const Fields &b)
+{
+    QMap<QString, QString> byName;
+    for (const QString &field : b)
+        byName.insert(field.section(QLatin1Char('='), 0, 0), field);
+    QStringList same;
+    for (const QString &field : a)
+        if (byName.value(field.section(QLatin1Char('='), 0, 0)) == field)
+            same << field;
+    return same;
+}
+
+} // namespace
+
+#define COMPARE_FIELDS(actual, expected)                                                     \
+    do {                                                                                     \
+        const Fields actualFields = (actual);                                                \
+        const Fields expectedFields = (expected);                                            \
+        QVERIFY2(actualFields == expectedFields,                                             \
+                 qPrintable(differences(actualFields, expectedFields)));                     \
+    } while (false)
+
+namespace {
+
+template <typename Record>
+void checkFillerSetsEveryFieldApart()
+{
+    const Fields one = filledFields<Record>(1);
+    const QStringList likeDefault = sameFields(one, fieldsOf(Record()));
+    QVERIFY2(likeDefault.isEmpty(), qPrintable(likeDefault.join(QStringLiteral("; "))));
+    const QStringList likeOtherSeed = sameFields(one, filledFields<Record>(2));
+    QVERIFY2(likeOtherSeed.isEmpty(), qPrintable(likeOtherSeed.join(QStringLiteral("; "))));
+}
+
+// The copy constructor and the assignment onto a record of other values take every field;
+// the original stays as it was, also when the copy changes or drops what it owns.
+template <typename Record>
+void checkCopiesTakeEveryField()
+{
+    Record record;
+    fill(record, 1);
+    Record copy(record);
+    COMPARE_FIELDS(fieldsOf(copy), filledFields<Record>(1));
+    Record target;
+    fill(target, 2);
+    target = record;
+    COMPARE_FIELDS(fieldsOf(target), filledFields<Record>(1));
+    fill(target, 3);
+    copy = Record();
+    COMPARE_FIELDS(fieldsOf(record), filledFields<Record>(1));
+}
+
+// What stays with the list position when the contents of records move: the shared flag of
+// a cost and the row of a cost or tip.
+void keepPosition(CostsData &expected, const CostsData &original)
+{
+    expected.shared = original.shared;
+    expected.item = original.item;
+}
+
+void keepPosition(TipData &expected, const TipData &original)
+{
+    expected.item = original.item;
+}
+
+// What position `at` (0 on) of a list filled with seeds 1, 2, ... holds after its contents
+// took those that stood at position `from`: `dates` replace the fillers' dates when given.
+template <typename Record>
+Fields movedFields(int from, int at, const QStringList &dates = {})
+{
+    Record original;
+    fill(original, at + 1);
+    Record expected;
+    fill(expected, from + 1);
+    if (!dates.isEmpty())
+        expected.date = dates.at(from);
+    keepPosition(expected, original);
+    return fieldsOf(expected);
+}
+
+template <typename Record, typename Exchange>
+void checkExchangeMovesEveryFieldButPosition(RecordList<Record> &list, Exchange exchange)
+{
+    Record *a = list.append();
+    Record *b = list.append();
+    fill(*a, 1);
+    fill(*b, 2);
+    exchange(a, b);
+    COMPARE_FIELDS(fieldsOf(*a), movedFields<Record>(1, 0));
+    COMPARE_FIELDS(fieldsOf(*b), movedFields<Record>(0, 1));
+    // The records themselves keep their places in the list.
+    QCOMPARE(list.at(0), a);
+    QCOMPARE(list.at(1), b);
+}
+
+// Four records in falling date order: the sort turns the list around, and every record
+// lands where the shared flag differs from its own.
+template <typename Record, typename Sort>
+void checkDateSortMovesEveryFieldButPosition(RecordList<Record> &list, Sort sort)
+{
+    const QStringList dates{QStringLiteral("04.01.2002"), QStringLiteral("03.01.2002"),
+                            QStringLiteral("02.01.2002"), QStringLiteral("01.01.2002")};
+    const int n = int(dates.size());
+    for (int i = 0; i < n; ++i) {
+        Record *record = list.append();
+        fill(*record, i + 1);
+        record->date = dates.at(i);
+    }
+    sort();
+    for (int at = 0; at < n; ++at)
+        COMPARE_FIELDS(fieldsOf(*list.at(at)), movedFields<Record>(n - 1 - at, at, dates));
+}
+
+} // namespace
 
 class TestRecords : public QObject
 {
@@ -30,6 +357,20 @@ private slots:
     void typeLetterIsFirstCapital();
     void costWithoutIdKeepsDefaultAndNewCostGetsPositiveId();
     void isFloatingComparesWithTranslatedWord();
+
+    void everyFillerSetsEveryFieldApart();
+    void userCopyConstructorTakesEveryField();
+    void userAssignmentReplacesEveryField();
+    void userSelfAssignmentChangesNothing();
+    void costCopyTakesEveryField();
+    void tipCopyTakesEveryFieldAndOwnsItsCustomFields();
+    void accountLineCopyTakesEveryField();
+    void currencyCopyTakesEveryField();
+    void tipTypeCopyTakesEveryFieldAndOwnsItsCustomFields();
+    void swapCostsExchangesEveryFieldButSharedAndItem();
+    void swapTipsExchangesEveryFieldButItem();
+    void dateSortOfCostsMovesEveryFieldButSharedAndItem();
+    void dateSortOfTipsMovesEveryFieldButItem();
 };
 
 void TestRecords::costDefaults()
@@ -306,6 +647,119 @@ void TestRecords::isFloatingComparesWithTranslatedWord()
     // A file written under another language holds a word that equals neither.
     curr.type = QStringLiteral("flottant");
     QVERIFY(!curr.isFloating());
+}
+
+// The tests below rest on the fillers: a field that a filler leaves at its default, or sets
+// alike for two seeds, could not show that a copy or an exchange lost it.
+void TestRecords::everyFillerSetsEveryFieldApart()
+{
+    checkFillerSetsEveryFieldApart<CostsData>();
+    checkFillerSetsEveryFieldApart<TipData>();
+    checkFillerSetsEveryFieldApart<UserData>();
+    checkFillerSetsEveryFieldApart<KtoData>();
+    checkFillerSetsEveryFieldApart<CurrData>();
+    checkFillerSetsEveryFieldApart<TTypeData>();
+    // The account lines of one user differ from each other too.
+    UserData user;
+    fill(user, 1);
+    QVERIFY(sameFields(fieldsOf(*user.kto.at(0)), fieldsOf(*user.kto.at(1))).isEmpty());
+}
+
+void TestRecords::userCopyConstructorTakesEveryField()
+{
+    UserData user;
+    fill(user, 1);
+    const UserData copy(user);
+    COMPARE_FIELDS(fieldsOf(copy), filledFields<UserData>(1));
+    // The copy's account is its own, and so is its current line.
+    QVERIFY(copy.kto.at(0) != user.kto.at(0));
+    QCOMPARE(copy.actukto, copy.kto.at(1));
+    COMPARE_FIELDS(fieldsOf(user), filledFields<UserData>(1));
+}
+
+void TestRecords::userAssignmentReplacesEveryField()
+{
+    UserData user;
+    fill(user, 1);
+    UserData target;
+    fill(target, 2);
+    target = user;
+    COMPARE_FIELDS(fieldsOf(target), filledFields<UserData>(1));
+    QVERIFY(target.kto.at(0) != user.kto.at(0));
+    QCOMPARE(target.actukto, target.kto.at(1));
+
+    // No current line in the source gives none in the target.
+    user.actukto = nullptr;
+    target = user;
+    QVERIFY(target.actukto == nullptr);
+}
+
+void TestRecords::userSelfAssignmentChangesNothing()
+{
+    UserData user;
+    fill(user, 1);
+    KtoData *current = user.actukto;
+    const UserData &same = user;
+    user = same;
+    COMPARE_FIELDS(fieldsOf(user), filledFields<UserData>(1));
+    QCOMPARE(user.actukto, current);
+}
+
+void TestRecords::costCopyTakesEveryField()
+{
+    checkCopiesTakeEveryField<CostsData>();
+}
+
+void TestRecords::tipCopyTakesEveryFieldAndOwnsItsCustomFields()
+{
+    checkCopiesTakeEveryField<TipData>();
+}
+
+void TestRecords::accountLineCopyTakesEveryField()
+{
+    checkCopiesTakeEveryField<KtoData>();
+}
+
+void TestRecords::currencyCopyTakesEveryField()
+{
+    checkCopiesTakeEveryField<CurrData>();
+}
+
+void TestRecords::tipTypeCopyTakesEveryFieldAndOwnsItsCustomFields()
+{
+    checkCopiesTakeEveryField<TTypeData>();
+}
+
+void TestRecords::swapCostsExchangesEveryFieldButSharedAndItem()
+{
+    WayFernData doc;
+    checkExchangeMovesEveryFieldButPosition(
+        doc.costs, [&doc](CostsData *a, CostsData *b) { doc.swapCosts(a, b); });
+}
+
+void TestRecords::swapTipsExchangesEveryFieldButItem()
+{
+    WayFernData doc;
+    checkExchangeMovesEveryFieldButPosition(
+        doc.tips, [&doc](TipData *a, TipData *b) { doc.swapTips(a, b); });
+}
+
+void TestRecords::dateSortOfCostsMovesEveryFieldButSharedAndItem()
+{
+    WayFernData doc;
+    checkDateSortMovesEveryFieldButPosition(doc.costs, [&doc] {
+        DateParts last;
+        JourneyCalc::sortCosts(doc, last);
+    });
+}
+
+void TestRecords::dateSortOfTipsMovesEveryFieldButItem()
+{
+    WayFernData doc;
+    checkDateSortMovesEveryFieldButPosition(doc.tips, [&doc] {
+        DateParts last;
+        JourneyCalc::sortTips(doc, last);
+    });
 }
 
 QTEST_GUILESS_MAIN(TestRecords)

@@ -1,5 +1,7 @@
 #include "storage/recordsink.h"
 
+#include "storage/printline.h"
+
 #include <QFileInfo>
 
 #include <algorithm>
@@ -31,4 +33,10 @@ bool RecordSink::commit()
         return false;
     }
     return file.commit();
+}
+
+int RecordSink::notOpen(const char *writer, const QString &path)
+{
+    printLine("\n%s::WriteFile(%s) : file not open\n", writer, cstr(path).constData());
+    return -1;
 }

@@ -20,7 +20,24 @@ public:
 
     static QByteArray encode(const QString &text);
 
+    // Writes the whole file at `path`: `body` prints its text into the stream it is given.
+    // Answers 0 when the file is in place; otherwise prints that `writer` could not open the
+    // file and answers -1, and whatever stood at `path` stays.
+    template <typename Body>
+    static int writeFile(const QString &path, const char *writer, Body body)
+    {
+        RecordSink sink(path);
+        if (!sink.open())
+            return notOpen(writer, path);
+        body(sink.stream());
+        if (!sink.commit())
+            return notOpen(writer, path);
+        return 0;
+    }
+
 private:
+    static int notOpen(const char *writer, const QString &path);
+
     QString path;
     QSaveFile file;
     QString text;

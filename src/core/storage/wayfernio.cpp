@@ -24,6 +24,29 @@ QByteArray text(QStringView view)
 {
     return view.toUtf8();
 }
+
+// Numbered sections "[<prefix><n>]", n from 0, one for each record of `list`: `keys`
+// writes the lines of a record, and an empty line ends its section.
+template <typename Record, typename Keys>
+void writeSections(QTextStream *stream, const QString &prefix, const RecordList<Record> &list,
+                   Keys keys)
+{
+    int index = 0;
+    for (Record *record : list) {
+        *stream << '[' << prefix << index++ << "]\n";
+        keys(record);
+        *stream << "\n";
+    }
+}
+
+// A group of the journey file: its separator, then its sections.
+template <typename Record, typename Keys>
+void writeGroup(QTextStream *stream, const QString &prefix, const RecordList<Record> &list,
+                Keys keys)
+{
+    *stream << groupSeparator;
+    writeSections(stream, prefix, list, keys);
+}
 } // namespace
 
 WayfernIO::WayfernIO(WayFernData *document) : document(document) {}
@@ -74,6 +97,18 @@ int WayfernIO::readGroup(RecordStream *stream, const char *reader, const QString
 {
     return readGroup(stream, reader, prefix, count, list, dispatch,
                      [](Record *, const QString &) {});
+}
+
+template <typename Record>
+void WayfernIO::writeAddress(QTextStream *stream, const Record *record)
+{
+    writeRecord(stream, QStringLiteral("STREET"), record->street);
+    writeRecord(stream, QStringLiteral("PCODE"), record->pcode);
+    writeRecord(stream, QStringLiteral("TOWN"), record->town);
+    writeRecord(stream, QStringLiteral("TEL"), record->tel);
+    writeRecord(stream, QStringLiteral("FAX"), record->fax);
+    writeRecord(stream, QStringLiteral("EMAIL"), record->email);
+    writeRecord(stream, QStringLiteral("WWW"), record->www);
 }
 
 int WayfernIO::ReadFile(const QString &path)
@@ -388,82 +423,58 @@ int WayfernIO::ReadFileCTip(RecordStream *stream, int count, RecordList<CustomDa
 
 int WayfernIO::WriteFile(const QString &path)
 {
-    RecordSink sink(path);
-    if (!sink.open()) {
-        printLine("\nWayfernIO::WriteFile(%s) : file not open\n", cstr(path).constData());
-        return -1;
-    }
-    QTextStream *stream = sink.stream();
-    writeFileHead(stream, "data", "Data-File");
-    *stream << "[Header]\n";
-    writeRecord(stream, QStringLiteral("JOURNEY-NAME"), document->journeyname);
-    writeRecord(stream, QStringLiteral("DISTANCE-TYPE"), document->distancetype);
-    writeRecord(stream, QStringLiteral("BASE-CURRENCY"), document->basecurrency);
-    writeRecord(stream, QStringLiteral("USERFLAG"), document->userflag);
-    const QString d = QStringLiteral("%d");
-    writeRecord(stream, QStringLiteral("COSTSCOUNT"), document->costs.count(), d);
-    writeRecord(stream, QStringLiteral("TIPCOUNT"), document->tips.count(), d);
-    writeRecord(stream, QStringLiteral("USERCOUNT"), document->users.count(), d);
-    writeRecord(stream, QStringLiteral("CURRCOUNT"), document->currencies.count(), d);
-    writeRecord(stream, QStringLiteral("CTYPECOUNT"), document->ctypes.count(), d);
-    writeRecord(stream, QStringLiteral("TTYPECOUNT"), document->ttypes.count(), d);
-    writeRecord(stream, QStringLiteral("QTYPECOUNT"), document->qtypes.count(), d);
-    *stream << "\n";
-    WriteFileCType(stream);
-    WriteFileTType(stream);
-    WriteFileQType(stream);
-    WriteFileCosts(stream);
-    WriteFileTips(stream);
-    WriteFileUsers(stream);
-    WriteFileCurr(stream);
-    *stream << "\n##EOF WAYFERN DATA FILE " << path << "\n";
-    if (!sink.commit()) {
-        printLine("\nWayfernIO::WriteFile(%s) : file not open\n", cstr(path).constData());
-        return -1;
-    }
-    return 0;
+    return RecordSink::writeFile(path, "WayfernIO", [&](QTextStream *stream) {
+        writeFileHead(stream, "data", "Data-File");
+        *stream << "[Header]\n";
+        writeRecord(stream, QStringLiteral("JOURNEY-NAME"), document->journeyname);
+        writeRecord(stream, QStringLiteral("DISTANCE-TYPE"), document->distancetype);
+        writeRecord(stream, QStringLiteral("BASE-CURRENCY"), document->basecurrency);
+        writeRecord(stream, QStringLiteral("USERFLAG"), document->userflag);
+        const QString d = QStringLiteral("%d");
+        writeRecord(stream, QStringLiteral("COSTSCOUNT"), document->costs.count(), d);
+        writeRecord(stream, QStringLiteral("TIPCOUNT"), document->tips.count(), d);
+        writeRecord(stream, QStringLiteral("USERCOUNT"), document->users.count(), d);
+        writeRecord(stream, QStringLiteral("CURRCOUNT"), document->currencies.count(), d);
+        writeRecord(stream, QStringLiteral("CTYPECOUNT"), document->ctypes.count(), d);
+        writeRecord(stream, QStringLiteral("TTYPECOUNT"), document->ttypes.count(), d);
+        writeRecord(stream, QStringLiteral("QTYPECOUNT"), document->qtypes.count(), d);
+        *stream << "\n";
+        WriteFileCType(stream);
+        WriteFileTType(stream);
+        WriteFileQType(stream);
+        WriteFileCosts(stream);
+        WriteFileTips(stream);
+        WriteFileUsers(stream);
+        WriteFileCurr(stream);
+        *stream << "\n##EOF WAYFERN DATA FILE " << path << "\n";
+    });
 }
 
 void WayfernIO::WriteFileCType(QTextStream *stream)
 {
-    *stream << groupSeparator;
-    int index = 0;
-    for (const CTypeData *row : document->ctypes) {
-        *stream << "[CTYPE_" << index++ << "]\n";
+    writeGroup(stream, QStringLiteral("CTYPE_"), document->ctypes, [&](const CTypeData *row) {
         writeRecord(stream, QStringLiteral("TYPE"), row->type);
-        *stream << "\n";
-    }
+    });
 }
 
 void WayfernIO::WriteFileTType(QTextStream *stream)
 {
-    *stream << groupSeparator;
-    int index = 0;
-    for (const TTypeData *row : document->ttypes) {
-        *stream << "[TTYPE_" << index++ << "]\n";
+    writeGroup(stream, QStringLiteral("TTYPE_"), document->ttypes, [&](const TTypeData *row) {
         writeRecord(stream, QStringLiteral("TYPE"), row->type);
         WriteFileCTType(stream, row->customs);
-        *stream << "\n";
-    }
+    });
 }
 
 void WayfernIO::WriteFileQType(QTextStream *stream)
 {
-    *stream << groupSeparator;
-    int index = 0;
-    for (const QTypeData *row : document->qtypes) {
-        *stream << "[QTYPE_" << index++ << "]\n";
+    writeGroup(stream, QStringLiteral("QTYPE_"), document->qtypes, [&](const QTypeData *row) {
         writeRecord(stream, QStringLiteral("TYPE"), row->type);
-        *stream << "\n";
-    }
+    });
 }
 
 void WayfernIO::WriteFileCosts(QTextStream *stream)
 {
-    *stream << groupSeparator;
-    int index = 0;
-    for (const CostsData *cost : document->costs) {
-        *stream << "[COSTS_" << index++ << "]\n";
+    writeGroup(stream, QStringLiteral("COSTS_"), document->costs, [&](const CostsData *cost) {
         writeRecord(stream, QStringLiteral("DATE"), cost->date);
         writeRecord(stream, QStringLiteral("TYPE"), cost->type);
         writeRecord(stream, QStringLiteral("FVAL"), cost->fval);
@@ -472,50 +483,30 @@ void WayfernIO::WriteFileCosts(QTextStream *stream)
         writeRecord(stream, QStringLiteral("ID"), cost->id, QStringLiteral("%d"));
         writeRecord(stream, QStringLiteral("EXCHANGE"), cost->exchange);
         writeRecord(stream, QStringLiteral("SHARED"), cost->shared);
-        *stream << "\n";
-    }
+    });
 }
 
 void WayfernIO::WriteFileTips(QTextStream *stream)
 {
-    *stream << groupSeparator;
-    int index = 0;
-    for (const TipData *tip : document->tips) {
-        *stream << "[TIP_" << index++ << "]\n";
+    writeGroup(stream, QStringLiteral("TIP_"), document->tips, [&](const TipData *tip) {
         writeRecord(stream, QStringLiteral("DATE"), tip->date);
         writeRecord(stream, QStringLiteral("TIPTYPE"), tip->tiptype);
         writeRecord(stream, QStringLiteral("QUALITYTYPE"), tip->qualitytype);
         writeRecord(stream, QStringLiteral("NAME"), tip->name);
-        writeRecord(stream, QStringLiteral("STREET"), tip->street);
-        writeRecord(stream, QStringLiteral("PCODE"), tip->pcode);
-        writeRecord(stream, QStringLiteral("TOWN"), tip->town);
-        writeRecord(stream, QStringLiteral("TEL"), tip->tel);
-        writeRecord(stream, QStringLiteral("FAX"), tip->fax);
-        writeRecord(stream, QStringLiteral("EMAIL"), tip->email);
-        writeRecord(stream, QStringLiteral("WWW"), tip->www);
+        writeAddress(stream, tip);
         writeRecord(stream, QStringLiteral("COMMENT"), tip->comment);
         WriteFileCTip(stream, tip->customs);
-        *stream << "\n";
-    }
+    });
 }
 
 void WayfernIO::WriteFileUsers(QTextStream *stream)
 {
-    *stream << groupSeparator;
-    int index = 0;
-    for (UserData *user : document->users) {
-        *stream << "[USER_" << index++ << "]\n";
+    writeGroup(stream, QStringLiteral("USER_"), document->users, [&](UserData *user) {
         writeRecord(stream, QStringLiteral("DATE"), user->date);
         writeRecord(stream, QStringLiteral("SHORT"), user->short_);
         writeRecord(stream, QStringLiteral("NAME"), user->name);
         writeRecord(stream, QStringLiteral("FIRST NAME"), user->firstname);
-        writeRecord(stream, QStringLiteral("STREET"), user->street);
-        writeRecord(stream, QStringLiteral("PCODE"), user->pcode);
-        writeRecord(stream, QStringLiteral("TOWN"), user->town);
-        writeRecord(stream, QStringLiteral("TEL"), user->tel);
-        writeRecord(stream, QStringLiteral("FAX"), user->fax);
-        writeRecord(stream, QStringLiteral("EMAIL"), user->email);
-        writeRecord(stream, QStringLiteral("WWW"), user->www);
+        writeAddress(stream, user);
         writeRecord(stream, QStringLiteral("BANK"), user->bank);
         writeRecord(stream, QStringLiteral("BLZ"), user->blz);
         writeRecord(stream, QStringLiteral("ACOUNT"), user->acount);
@@ -523,37 +514,30 @@ void WayfernIO::WriteFileUsers(QTextStream *stream)
         writeRecord(stream, QStringLiteral("COUNT"), unsigned(user->kto.count()),
                     QStringLiteral("%d"));
         WriteFileUserAccount(stream, user);
-        *stream << "\n";
-    }
+    });
 }
 
 void WayfernIO::WriteFileUserAccount(QTextStream *stream, UserData *user)
 {
+    // Behind the traveller's keys, without a group separator.
     *stream << "\n";
-    int index = 0;
-    for (const KtoData *line : user->kto) {
-        *stream << '[' << user->short_ << '_' << index++ << "]\n";
+    writeSections(stream, user->short_ + u'_', user->kto, [&](const KtoData *line) {
         writeRecord(stream, QStringLiteral("DATE"), line->date);
         writeRecord(stream, QStringLiteral("TYPE"), line->type);
         writeRecord(stream, QStringLiteral("MAGIC"), line->magic, QStringLiteral("%d"));
         writeRecord(stream, QStringLiteral("PERCENTAGE"), line->percentage, QStringLiteral("%.2f"));
         writeRecord(stream, QStringLiteral("CHANGE"), line->change, QStringLiteral("%.4f"));
-        *stream << "\n";
-    }
+    });
 }
 
 void WayfernIO::WriteFileCurr(QTextStream *stream)
 {
-    *stream << groupSeparator;
-    int index = 0;
-    for (const CurrData *curr : document->currencies) {
-        *stream << "[CURRENCY_" << index++ << "]\n";
+    writeGroup(stream, QStringLiteral("CURRENCY_"), document->currencies, [&](const CurrData *curr) {
         writeRecord(stream, QStringLiteral("SHORT-TERM"), curr->short_);
         writeRecord(stream, QStringLiteral("FACTOR"), curr->factor);
         writeRecord(stream, QStringLiteral("FULL-NAME"), curr->fullname);
         writeRecord(stream, QStringLiteral("TYPE"), curr->type);
-        *stream << "\n";
-    }
+    });
 }
 
 void WayfernIO::WriteFileCTType(QTextStream *stream, const RecordList<CustomData> &customs)

@@ -50,6 +50,9 @@ private:
     template <typename Record, typename Dispatch>
     int readGroup(RecordStream *stream, const char *reader, const QString &prefix, int count,
                   RecordList<Record> &list, Dispatch dispatch);
+    // The address keys that tips and travellers share, in the order of both.
+    template <typename Record>
+    void writeAddress(QTextStream *stream, const Record *record);
 
     // Dates, types and currency names repeat throughout a journey: their texts are shared
     // through a small cache in which a new text takes the slot of an old one.

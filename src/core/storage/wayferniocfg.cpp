@@ -3,6 +3,8 @@
 #include "storage/printline.h"
 #include "storage/recordsink.h"
 
+#include <QTextStream>
+
 WayfernIOCfg::WayfernIOCfg(WayFernData *document) : document(document) {}
 
 int WayfernIOCfg::ReadFile(const QString &path, const QString &name)
@@ -51,32 +53,23 @@ int WayfernIOCfg::ReadFile(const QString &path, const QString &name)
 
 int WayfernIOCfg::WriteFile(const QString &path)
 {
-    RecordSink sink(path);
-    if (!sink.open()) {
-        printLine("\nWayfernIOCfg::WriteFile(%s) : file not open\n", cstr(path).constData());
-        return -1;
-    }
     const WayFernConfig &config = document->config;
-    QTextStream *stream = sink.stream();
-    writeFileHead(stream, "config", "Config-File");
-    *stream << "[Header]\n";
-    writeRecord(stream, QStringLiteral("DATA-PATH"), config.datapath);
-    writeRecord(stream, QStringLiteral("LAST"), config.last);
-    writeRecord(stream, QStringLiteral("TEMPLATE"), config.template_);
-    writeRecord(stream, QStringLiteral("HELPPROG"), config.helpprog);
-    writeRecord(stream, QStringLiteral("HELPFILE"), config.helpfile);
-    *stream << "\n";
-    // No "[HTMLSYNC]" head and the page file under the key "HTMLSYNC": the reader differs.
-    writeRecord(stream, QStringLiteral("HTMLSYNC"), config.syncfile);
-    writeRecord(stream, QStringLiteral("SERVER"), config.server);
-    writeRecord(stream, QStringLiteral("FROMPREFIX"), config.fromprefix);
-    writeRecord(stream, QStringLiteral("TOPREFIX"), config.toprefix);
-    writeRecord(stream, QStringLiteral("POSTFIX"), config.postfix);
-    *stream << "\n";
-    *stream << "\n##EOF WAYFERN CONFIG FILE \n";
-    if (!sink.commit()) {
-        printLine("\nWayfernIOCfg::WriteFile(%s) : file not open\n", cstr(path).constData());
-        return -1;
-    }
-    return 0;
+    return RecordSink::writeFile(path, "WayfernIOCfg", [&](QTextStream *stream) {
+        writeFileHead(stream, "config", "Config-File");
+        *stream << "[Header]\n";
+        writeRecord(stream, QStringLiteral("DATA-PATH"), config.datapath);
+        writeRecord(stream, QStringLiteral("LAST"), config.last);
+        writeRecord(stream, QStringLiteral("TEMPLATE"), config.template_);
+        writeRecord(stream, QStringLiteral("HELPPROG"), config.helpprog);
+        writeRecord(stream, QStringLiteral("HELPFILE"), config.helpfile);
+        *stream << "\n";
+        // No "[HTMLSYNC]" head and the page file under the key "HTMLSYNC": the reader differs.
+        writeRecord(stream, QStringLiteral("HTMLSYNC"), config.syncfile);
+        writeRecord(stream, QStringLiteral("SERVER"), config.server);
+        writeRecord(stream, QStringLiteral("FROMPREFIX"), config.fromprefix);
+        writeRecord(stream, QStringLiteral("TOPREFIX"), config.toprefix);
+        writeRecord(stream, QStringLiteral("POSTFIX"), config.postfix);
+        *stream << "\n";
+        *stream << "\n##EOF WAYFERN CONFIG FILE \n";
+    });
 }

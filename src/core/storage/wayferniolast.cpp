@@ -3,6 +3,8 @@
 #include "storage/printline.h"
 #include "storage/recordsink.h"
 
+#include <QTextStream>
+
 WayfernIOLast::WayfernIOLast(WayFernData *document) : document(document) {}
 
 int WayfernIOLast::ReadFile(const QString &path, const QString &name)
@@ -22,19 +24,10 @@ int WayfernIOLast::ReadFile(const QString &path, const QString &name)
 
 int WayfernIOLast::WriteFile(const QString &path)
 {
-    RecordSink sink(path);
-    if (!sink.open()) {
-        printLine("\nWayfernIOLast::WriteFile(%s) : file not open\n", cstr(path).constData());
-        return -1;
-    }
-    QTextStream *stream = sink.stream();
-    writeFileHead(stream, "last", "Last-State-File");
-    *stream << "[Header]\n";
-    writeRecord(stream, QStringLiteral("LASTFILE"), document->lastfile);
-    *stream << "\n##EOF WAYFERN LASTSTATE FILE \n";
-    if (!sink.commit()) {
-        printLine("\nWayfernIOLast::WriteFile(%s) : file not open\n", cstr(path).constData());
-        return -1;
-    }
-    return 0;
+    return RecordSink::writeFile(path, "WayfernIOLast", [&](QTextStream *stream) {
+        writeFileHead(stream, "last", "Last-State-File");
+        *stream << "[Header]\n";
+        writeRecord(stream, QStringLiteral("LASTFILE"), document->lastfile);
+        *stream << "\n##EOF WAYFERN LASTSTATE FILE \n";
+    });
 }

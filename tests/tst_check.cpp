@@ -1,0 +1,132 @@
+// The command-line check: run as a program on a journey, it prints what the journey holds
+// and the overview's figures computed as the window computes them.
+
+#include "coretestutil.h"
+
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QtTest>
+
+namespace {
+struct Run
+{
+    int exitCode = -1;
+    QString out;
+    QString err;
+};
+
+// Runs the built check on `args` with the configuration directory named, so that the
+// document finds its variable and prints nothing about it.
+Run runCheck(const QStringList &args)
+{
+    QProcess process;
+    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+    env.insert(QStringLiteral("WAYFERNCFG"), QStringLiteral("."));
+    process.setProcessEnvironment(env);
+    process.start(QStringLiteral(WAYFERN_CHECK), args);
+    Run run;
+    if (!process.waitForFinished(60000) || process.exitStatus() != QProcess::NormalExit)
+        return run;
+    run.exitCode = process.exitCode();
+    run.out = QString::fromUtf8(process.readAllStandardOutput());
+    run.err = QString::fromUtf8(process.readAllStandardError());
+    return run;
+}
+
+// The line that the reader prints for each account line it reads.
+QString accountTrace(const char *section, int magic, const char *change, const char *percentage)
+{
+    const QString indent(33, QLatin1Char(' '));
+    return QStringLiteral("\nWayfernIO::ReadFileUserAccount - hstr : %1").arg(QLatin1String(section))
+        + QStringLiteral("\n%1ID   : %2").arg(indent).arg(magic)
+        + QStringLiteral("\n%1val  : %2").arg(indent, QLatin1String(change))
+        + QStringLiteral("\n%1perc : %2").arg(indent, QLatin1String(percentage));
+}
+
+// What the check prints of check-journey.wfn up to its balances. Four costs in the order
+// 05.06., 01.06., 03.06. and 04.06.2002: 80 NOK at a rate of 8 (10.00 EUR), 45.50 EUR,
+// 12.25 CHF at a rate of 0.5 (24.50 EUR) and 7 in a currency that the journey does not
+// know (nothing). Sorted, they span 01.06. to 05.06.2002: five days.
+QString figuresOfCheckJourney()
+{
+    return QStringLiteral("\njourney   : Alpine Loop\n"
+                          "base      : EUR\n"
+                          "costs     : 4\n"
+                          "tips      : 1\n"
+                          "travellers: 3\n"
+                          "currencies: 3\n"
+                          "categories: 3 cost, 0 tip, 0 quality\n"
+                          "total     : 80.00 EUR\n"
+                          "overview  : total 80.00 EUR, per day 16.00 EUR\n");
+}
+} // namespace
+
+class TestCheck : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void printsTotalPerDayAndBalancesOfTheWindow();
+    void journeyWithoutAccountsPrintsNoBalance();
+    void missingJourneyPrintsReadersLineAndFails();
+    void withoutJourneyPrintsUsage();
+};
+
+void TestCheck::printsTotalPerDayAndBalancesOfTheWindow()
+{
+    const Run run = runCheck({fixture(QStringLiteral("check-journey.wfn"))});
+    QCOMPARE(run.exitCode, 0);
+    QCOMPARE(run.err, QString());
+    // The stored VALUE of each traveller is stale (0, 0 and 99): the balances are the sums
+    // of the account lines, as the overview shows them.
+    const QString expected = accountTrace("AB_0", 1, "-5.0000", "50.0000")
+        + accountTrace("AB_1", 3, "-12.2500", "50.0000")
+        + accountTrace("AB_2", -2, "50.0000", "100.0000")
+        + accountTrace("CD_0", 1, "-5.0000", "50.0000")
+        + accountTrace("CD_1", 3, "-12.2500", "50.0000")
+        + accountTrace("CD_2", -3, "-10.0000", "100.0000")
+        + accountTrace("EF_0", -2, "20.0000", "100.0000") + figuresOfCheckJourney()
+        + QStringLiteral("balance   : AB 32.75 EUR\n"
+                         "balance   : CD -27.25 EUR\n"
+                         "balance   : EF 20.00 EUR\n");
+    // Line by line, so that a failure names the line.
+    QCOMPARE(run.out.split(QLatin1Char('\n')), expected.split(QLatin1Char('\n')));
+}
+
+void TestCheck::journeyWithoutAccountsPrintsNoBalance()
+{
+    QByteArray bytes = readBytes(fixture(QStringLiteral("check-journey.wfn")));
+    QVERIFY(bytes.contains("USERFLAG=TRUE;"));
+    bytes.replace("USERFLAG=TRUE;", "USERFLAG=FALSE;");
+    QTemporaryDir dir;
+    const QString path = dir.filePath(QStringLiteral("noaccounts.wfn"));
+    QVERIFY(writeBytes(path, bytes));
+
+    const Run run = runCheck({path});
+    QCOMPARE(run.exitCode, 0);
+    QCOMPARE(run.err, QString());
+    // The account lines are still read, and so traced; only the balances are left out.
+    QVERIFY(run.out.endsWith(QStringLiteral("perc : 100.0000") + figuresOfCheckJourney()));
+    QVERIFY(!run.out.contains(QStringLiteral("balance")));
+}
+
+void TestCheck::missingJourneyPrintsReadersLineAndFails()
+{
+    QTemporaryDir dir;
+    const QString path = dir.filePath(QStringLiteral("none.wfn"));
+    const Run run = runCheck({path});
+    QCOMPARE(run.exitCode, 1);
+    QCOMPARE(run.out, QStringLiteral("\nWayfernIO::ReadFile - file not found (%1)\n").arg(path));
+    QCOMPARE(run.err, QString());
+}
+
+void TestCheck::withoutJourneyPrintsUsage()
+{
+    const Run run = runCheck({});
+    QCOMPARE(run.exitCode, 2);
+    QCOMPARE(run.out, QString());
+    QCOMPARE(run.err, QStringLiteral("usage: %1 JOURNEY.wfn\n").arg(QStringLiteral(WAYFERN_CHECK)));
+}
+
+QTEST_GUILESS_MAIN(TestCheck)
+#include "tst_check.moc"
