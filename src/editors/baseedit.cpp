@@ -64,19 +64,9 @@ void baseEdit::slotSelectionChanged(QTreeWidgetItem *item)
 {
     if (!isEditableSelection(item))
         return;
-    selected = item;
-    LineEdit->setText(item->text(1));
     // The base currency comes from the table only; every other row, the user flag too,
     // can be typed.
-    if (item->text(0) == rowBase) {
-        ClearButton->setEnabled(false);
-        LineEdit->setEnabled(false);
-        ComboBox->setEnabled(true);
-    } else {
-        LineEdit->setEnabled(true);
-        ClearButton->setEnabled(true);
-        ComboBox->setEnabled(false);
-    }
+    showRow(item, item->text(0) == rowBase ? RowKind::Choice : RowKind::PlainText);
 }
 
 void baseEdit::slotClicked(QTreeWidgetItem *item, int column)

@@ -139,20 +139,13 @@ void costsEdit::slotSelectionChanged(QTreeWidgetItem *item)
     const QString label = item->text(0);
 
     if (label == rowType) {
-        ClearButton->setEnabled(false);
-        LineEdit->setEnabled(false);
         util.fillCostTypes(document, ComboBox);
         util.selectComboItem(ComboBox, tmp.type);
-        ComboBox->setEnabled(true);
-        ToolButton->setEnabled(false);
-        LineEdit->setText(item->text(1));
+        showRow(item, RowKind::Choice);
     } else if (label == rowCurrency) {
-        ClearButton->setEnabled(false);
-        LineEdit->setEnabled(false);
+        enableFor(RowKind::Choice);
         util.fillCurrencies(document, ComboBox);
         util.selectComboItem(ComboBox, tmp.ctype);
-        ComboBox->setEnabled(true);
-        ToolButton->setEnabled(false);
         // The rate of the currency tells more here than its name.
         if (const CurrData *currency = document->findCurrency(tmp.ctype))
             LineEdit->setText(currency->factor);
@@ -174,18 +167,10 @@ void costsEdit::slotSelectionChanged(QTreeWidgetItem *item)
         else
             LineEdit->setText(rate);
     } else if (label == rowDate) {
-        LineEdit->setEnabled(false);
-        ClearButton->setEnabled(false);
-        ComboBox->setEnabled(false);
-        ToolButton->setEnabled(true);
-        LineEdit->setText(item->text(1));
+        showRow(item, RowKind::DateOnly);
     } else {
         const bool typed = label == rowForeign || label == rowComment;
-        LineEdit->setEnabled(typed);
-        ClearButton->setEnabled(typed);
-        ComboBox->setEnabled(false);
-        ToolButton->setEnabled(false);
-        LineEdit->setText(item->text(1));
+        showRow(item, typed ? RowKind::PlainText : RowKind::ShownOnly);
     }
 }
 
