@@ -148,9 +148,8 @@ int main(int argc, char **argv)
 
     // A cost in the middle of the list: its list row is made current, as a tap makes it.
     const auto pickCost = [&](int round) {
-        QTreeWidgetItem *item =
-            view->CostsListView->topLevelItem(view->CostsListView->topLevelItemCount() / 2
-                                              + round * 7);
+        QTreeWidgetItem *item = view->CostsListView->topLevelItem(
+            view->CostsListView->topLevelItemCount() / 2 + round * 7);
         view->CostsListView->setCurrentItem(item);
         item->setSelected(true);
         QApplication::processEvents();

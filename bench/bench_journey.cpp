@@ -36,8 +36,8 @@ double cpuMs()
 {
     struct rusage usage;
     getrusage(RUSAGE_SELF, &usage);
-    return (usage.ru_utime.tv_sec + usage.ru_stime.tv_sec) * 1e3 +
-           (usage.ru_utime.tv_usec + usage.ru_stime.tv_usec) / 1e3;
+    return (usage.ru_utime.tv_sec + usage.ru_stime.tv_sec) * 1e3
+        + (usage.ru_utime.tv_usec + usage.ru_stime.tv_usec) / 1e3;
 }
 
 // Runs `measure` in a child process; the child prints its line itself.
@@ -75,8 +75,9 @@ int main(int argc, char **argv)
             io.WriteFile(path);
         });
     }
-    fprintf(stderr, "journey: %d costs in %d currencies, %d travellers (%d account lines), "
-                    "%d tips; %.1f MB\n",
+    fprintf(stderr,
+            "journey: %d costs in %d currencies, %d travellers (%d account lines), "
+            "%d tips; %.1f MB\n",
             shape.costs, shape.currencies, shape.travellers, shape.costs * shape.travellers,
             shape.tips, QFileInfo(path).size() / 1e6);
 
@@ -100,8 +101,8 @@ int main(int argc, char **argv)
         plainMs = std::min(plainMs, timer.nsecsElapsed() / 1e6);
         plainCpu = std::min(plainCpu, cpuMs() - cpu0);
     }
-    fprintf(stderr, "plain readLine pass: %8.1f ms, %8.1f ms CPU (%lld lines)\n", plainMs,
-            plainCpu, lines);
+    fprintf(stderr, "plain readLine pass: %8.1f ms, %8.1f ms CPU (%lld lines)\n", plainMs, plainCpu,
+            lines);
 
     // The children report through a pipe: wall ms, CPU ms, peak KiB, result, costs.
     int channel[2];
@@ -135,8 +136,9 @@ int main(int argc, char **argv)
         result = int(figures[3]);
         costs = int(figures[4]);
     }
-    fprintf(stderr, "read:                %8.1f ms, %8.1f ms CPU (%.2f x the plain pass by "
-                    "wall time, %.2f x by CPU time; result %d, %d costs)\n",
+    fprintf(stderr,
+            "read:                %8.1f ms, %8.1f ms CPU (%.2f x the plain pass by "
+            "wall time, %.2f x by CPU time; result %d, %d costs)\n",
             readMs, readCpu, readMs / plainMs, readCpu / plainCpu, result, costs);
     fprintf(stderr, "peak memory reading: %8.1f MB\n", peak / 1024.0);
 

@@ -27,8 +27,9 @@ int main(int argc, char **argv)
     const std::unique_ptr<WayfernApp> window = BenchWindow::open();
     const double openMs = timer.nsecsElapsed() / 1e6;
     WayfernView *view = window->view;
-    fprintf(stderr, "open until the lists are filled: %8.1f ms (%d cost rows, %d tip rows, %d "
-                    "overview branches)\n",
+    fprintf(stderr,
+            "open until the lists are filled: %8.1f ms (%d cost rows, %d tip rows, %d "
+            "overview branches)\n",
             openMs, view->CostsListView->topLevelItemCount(),
             view->TipListView->topLevelItemCount(), view->OverListView->topLevelItemCount());
 
@@ -44,8 +45,9 @@ int main(int argc, char **argv)
             view->refreshView();
             QApplication::processEvents();
         }
-        fprintf(stderr, "refreshView (%s):%s %8.1f ms\n", shuffled ? "a third out of order" : "sorted",
-                shuffled ? "" : "             ", timer.nsecsElapsed() / 1e6);
+        fprintf(stderr, "refreshView (%s):%s %8.1f ms\n",
+                shuffled ? "a third out of order" : "sorted", shuffled ? "" : "             ",
+                timer.nsecsElapsed() / 1e6);
     }
     return 0;
 }

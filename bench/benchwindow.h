@@ -36,8 +36,8 @@ struct BenchWindow
     {
         qputenv("WAYFERNCFG", dir.path().toLocal8Bit());
         writeText(dir.filePath(QStringLiteral("wayfern.cfg")),
-                  "[Header]\nDATA-PATH=" + dir.path().toLocal8Bit() +
-                      ";\nLAST=wayfern.last;\nTEMPLATE=template.wfn;\n\n[HTMLSYNC]\n\n#end\n");
+                  "[Header]\nDATA-PATH=" + dir.path().toLocal8Bit()
+                      + ";\nLAST=wayfern.last;\nTEMPLATE=template.wfn;\n\n[HTMLSYNC]\n\n#end\n");
         writeText(dir.filePath(QStringLiteral("wayfern.last")),
                   "[Header]\nLASTFILE=bench.wfn;\n\n#end\n");
         QuietStdout quiet;

@@ -25,8 +25,8 @@ inline void generateJourney(WayFernData &doc, const JourneyShape &shape)
     doc.basecurrency = QStringLiteral("EUR");
     doc.userflag = true;
 
-    static const char *const names[] = {"EUR", "USD", "GBP", "CHF", "NOK", "SEK", "DKK", "PLN",
-                                        "CZK", "HUF", "JPY", "AUD"};
+    static const char *const names[] = {"EUR", "USD", "GBP", "CHF", "NOK", "SEK",
+                                        "DKK", "PLN", "CZK", "HUF", "JPY", "AUD"};
     for (int i = 0; i < shape.currencies; ++i) {
         CurrData *curr = doc.currencies.append();
         curr->short_ = i < 12 ? QString::fromLatin1(names[i]) : QStringLiteral("C%1").arg(i);
@@ -34,8 +34,8 @@ inline void generateJourney(WayFernData &doc, const JourneyShape &shape)
         curr->fullname = QStringLiteral("Currency %1").arg(i);
         curr->type = i == 0 ? curr->fix : curr->floating;
     }
-    const QStringList types = {QStringLiteral("Food"), QStringLiteral("Hotel"),
-                               QStringLiteral("Travel"), QStringLiteral("Fuel"),
+    const QStringList types = {QStringLiteral("Food"),    QStringLiteral("Hotel"),
+                               QStringLiteral("Travel"),  QStringLiteral("Fuel"),
                                QStringLiteral("Tickets"), QStringLiteral("Other")};
     for (const QString &type : types)
         doc.ctypes.append()->type = type;

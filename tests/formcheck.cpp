@@ -68,8 +68,9 @@ void addOutline(const QLayout *layout, int depth, QStringList &lines)
                   .arg(QLatin1String(layout->metaObject()->className()), margins)
                   .arg(layout->spacing());
     const auto *box = qobject_cast<const QBoxLayout *>(layout);
-    const bool across = box && (box->direction() == QBoxLayout::LeftToRight
-                                || box->direction() == QBoxLayout::RightToLeft);
+    const bool across = box
+        && (box->direction() == QBoxLayout::LeftToRight
+            || box->direction() == QBoxLayout::RightToLeft);
     const QMetaEnum policies = QMetaEnum::fromType<QSizePolicy::Policy>();
     for (int i = 0; i < layout->count(); ++i) {
         QLayoutItem *item = layout->itemAt(i);
@@ -164,7 +165,8 @@ QStringList childWidgets(const QWidget *form)
     for (QWidget *w : form->findChildren<QWidget *>(Qt::FindDirectChildrenOnly)) {
         if (w->objectName().isEmpty() || w->isWindow())
             continue;
-        list << w->objectName() + QLatin1Char(':') + QString::fromLatin1(w->metaObject()->className());
+        list << w->objectName() + QLatin1Char(':')
+                + QString::fromLatin1(w->metaObject()->className());
     }
     return list;
 }
@@ -182,8 +184,8 @@ void checkWidgets(const QWidget *form, const WidgetRow *rows, std::size_t count)
     for (std::size_t i = 0; i < count; ++i) {
         const WidgetRow &row = rows[i];
         const QString name = QString::fromUtf8(row.objectName);
-        const QWidget *widget =
-            form->objectName() == name ? form : form->findChild<const QWidget *>(name);
+        const QWidget *widget = form->objectName() == name ? form
+                                                           : form->findChild<const QWidget *>(name);
         QVERIFY2(widget, qPrintable(QStringLiteral("no widget named ") + name));
         QCOMPARE(labelled(name, "class", QString::fromLatin1(widget->metaObject()->className())),
                  labelled(name, "class", QString::fromLatin1(row.className)));
@@ -207,8 +209,7 @@ void checkWidgets(const QWidget *form, const WidgetRow *rows, std::size_t count)
     }
 }
 
-void checkStubs(QObject *form, const QMetaObject &formClass, const StubRow *rows,
-                std::size_t count)
+void checkStubs(QObject *form, const QMetaObject &formClass, const StubRow *rows, std::size_t count)
 {
     // The form class's own slots, in their declared order, against the rows.
     QStringList declared;
@@ -227,10 +228,10 @@ void checkStubs(QObject *form, const QMetaObject &formClass, const StubRow *rows
         const int index = formClass.indexOfSlot(QMetaObject::normalizedSignature(row.slot));
         const QMetaMethod method = formClass.method(index);
         const DefaultArguments args(method);
-        QVERIFY2(args.missing().isEmpty(),
-                 qPrintable(QStringLiteral("%1: no empty value of %2")
-                                .arg(QLatin1String(row.slot),
-                                     QString::fromLatin1(args.missing()))));
+        QVERIFY2(
+            args.missing().isEmpty(),
+            qPrintable(QStringLiteral("%1: no empty value of %2")
+                           .arg(QLatin1String(row.slot), QString::fromLatin1(args.missing()))));
         QTest::ignoreMessage(QtWarningMsg, row.warning);
         QVERIFY2(method.invoke(form, Qt::DirectConnection, args.at(0), args.at(1), args.at(2),
                                args.at(3), args.at(4), args.at(5), args.at(6), args.at(7),

@@ -126,18 +126,17 @@ ModalTicket onNextModal(std::function<bool(QWidget *)> matches,
 
 ModalTicket answerNextMessageBox(QMessageBox::StandardButton button, int timeoutMs)
 {
-    return onNextModal(
-        [](QWidget *w) { return qobject_cast<QMessageBox *>(w) != nullptr; },
-        [button](QWidget *w, ModalOutcome &out) {
-            auto *box = static_cast<QMessageBox *>(w);
-            if (QAbstractButton *b = box->button(button)) {
-                b->click();
-            } else {
-                out.error = QStringLiteral("the message box has no such button");
-                closeModal(box);
-            }
-        },
-        timeoutMs);
+    return onNextModal([](QWidget *w) { return qobject_cast<QMessageBox *>(w) != nullptr; },
+                       [button](QWidget *w, ModalOutcome &out) {
+                           auto *box = static_cast<QMessageBox *>(w);
+                           if (QAbstractButton *b = box->button(button)) {
+                               b->click();
+                           } else {
+                               out.error = QStringLiteral("the message box has no such button");
+                               closeModal(box);
+                           }
+                       },
+                       timeoutMs);
 }
 
 static std::function<bool(QWidget *)> dialogOfClass(const char *className)
@@ -327,9 +326,9 @@ ModalTicket typeNameInNextFileDialog(const QString &name, const QString &dir, in
 
 ModalTicket cancelNextFileDialog(int timeoutMs)
 {
-    return onNextModal(isFileDialog,
-                       [](QWidget *w, ModalOutcome &out) { click(w, "CancelButton", out); },
-                       timeoutMs);
+    return onNextModal(
+        isFileDialog, [](QWidget *w, ModalOutcome &out) { click(w, "CancelButton", out); },
+        timeoutMs);
 }
 
 void cancelPending()

@@ -32,11 +32,11 @@ struct ModalOutcome
     bool handled = false; // the helper met its widget and acted on it
     QString className;    // of the modal widget that it met
     QString objectName;
-    QString title;        // its window title
-    QString text;         // a message box's text
+    QString title;                        // its window title
+    QString text;                         // a message box's text
     QMessageBox::StandardButtons buttons; // the buttons a message box offered
     QMessageBox::Icon icon = QMessageBox::NoIcon;
-    QString error;        // why it did not act, or what went wrong while it acted
+    QString error; // why it did not act, or what went wrong while it acted
 };
 using ModalTicket = std::shared_ptr<ModalOutcome>;
 

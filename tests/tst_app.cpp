@@ -227,35 +227,66 @@ private slots:
         QTest::addColumn<QString>("statusTip");
         QTest::addColumn<QString>("whatsThis");
         QTest::addColumn<bool>("icon");
-        QTest::newRow("fileNew") << "fileNew" << "New File" << "&New" << "Ctrl+N"
+        QTest::newRow("fileNew") << "fileNew"
+                                 << "New File"
+                                 << "&New"
+                                 << "Ctrl+N"
                                  << "Creates a new document"
                                  << "New File\n\nCreates a new document" << true;
-        QTest::newRow("fileOpen") << "fileOpen" << "Open File" << "&Open..." << ""
+        QTest::newRow("fileOpen") << "fileOpen"
+                                  << "Open File"
+                                  << "&Open..."
+                                  << ""
                                   << "Opens an existing document"
                                   << "Open File\n\nOpens an existing document" << true;
-        QTest::newRow("fileSave") << "fileSave" << "Save File" << "&Save" << "Ctrl+S"
+        QTest::newRow("fileSave") << "fileSave"
+                                  << "Save File"
+                                  << "&Save"
+                                  << "Ctrl+S"
                                   << "Saves the actual document"
                                   << "Save File.\n\nSaves the actual document" << true;
-        QTest::newRow("fileSaveAs") << "fileSaveAs" << "Save File as" << "save &As" << "Ctrl+A"
+        QTest::newRow("fileSaveAs") << "fileSaveAs"
+                                    << "Save File as"
+                                    << "save &As"
+                                    << "Ctrl+A"
                                     << "Saves with new filename"
                                     << "Save File As.\n\nSaves with new filename" << true;
-        QTest::newRow("openBase") << "openBase" << "Open Base Dialog" << "&Base" << "Ctrl+B"
+        QTest::newRow("openBase") << "openBase"
+                                  << "Open Base Dialog"
+                                  << "&Base"
+                                  << "Ctrl+B"
                                   << "Opens the base dialog"
                                   << "Opens the base dialog\n\nused for basic settings" << true;
-        QTest::newRow("openCurr") << "openCurr" << "Open Currency Dialog" << "&Currency"
-                                  << "Ctrl+C" << "Opens the currency dialog"
+        QTest::newRow("openCurr") << "openCurr"
+                                  << "Open Currency Dialog"
+                                  << "&Currency"
+                                  << "Ctrl+C"
+                                  << "Opens the currency dialog"
                                   << "Opens the currency dialog\n\nused currency settings" << true;
-        QTest::newRow("openUser") << "openUser" << "Open User Dialog" << "&User" << "Ctrl+U"
+        QTest::newRow("openUser") << "openUser"
+                                  << "Open User Dialog"
+                                  << "&User"
+                                  << "Ctrl+U"
                                   << "Opens the user dialog"
                                   << "Opens the user dialog\n\nuser input / data manipulation"
                                   << true;
-        QTest::newRow("openHelp") << "openHelp" << "Open online help" << "&Help" << "Ctrl+H"
-                                  << "Opens the online help" << "Opens the online help browser\n"
+        QTest::newRow("openHelp") << "openHelp"
+                                  << "Open online help"
+                                  << "&Help"
+                                  << "Ctrl+H"
+                                  << "Opens the online help"
+                                  << "Opens the online help browser\n"
                                   << true;
-        QTest::newRow("viewToolBar") << "viewToolBar" << "Toolbar" << "Tool&bar" << ""
+        QTest::newRow("viewToolBar") << "viewToolBar"
+                                     << "Toolbar"
+                                     << "Tool&bar"
+                                     << ""
                                      << "Enables/disables the toolbar"
                                      << "Toolbar\n\nEnables/disables the toolbar" << false;
-        QTest::newRow("viewStatusBar") << "viewStatusBar" << "Statusbar" << "&Statusbar" << ""
+        QTest::newRow("viewStatusBar") << "viewStatusBar"
+                                       << "Statusbar"
+                                       << "&Statusbar"
+                                       << ""
                                        << "Enables/disables the statusbar"
                                        << "Statusbar\n\nEnables/disables the statusbar" << false;
     }
@@ -357,9 +388,9 @@ private slots:
         QStringList shown;
         for (const QList<QVariant> &signal : messages)
             shown << signal.at(0).toString();
-        QCOMPARE(shown, (QStringList{"Cutting selection...", "Ready.",
-                                     "Copying selection to clipboard...", "Ready.",
-                                     "Inserting clipboard contents...", "Ready."}));
+        QCOMPARE(shown,
+                 (QStringList{"Cutting selection...", "Ready.", "Copying selection to clipboard...",
+                              "Ready.", "Inserting clipboard contents...", "Ready."}));
         QCOMPARE(app.statusBar()->currentMessage(), QStringLiteral("Ready."));
     }
 
@@ -442,8 +473,8 @@ private slots:
         const QString script = probe.dataFile(QStringLiteral("help%s%d%n.sh"));
         QFile f(script);
         QVERIFY(f.open(QIODevice::WriteOnly));
-        f.write(("tr '\\000' '\\n' < /proc/$$/cmdline > '" + out + ".tmp'; mv '" + out
-                 + ".tmp' '" + out + "'\n")
+        f.write(("tr '\\000' '\\n' < /proc/$$/cmdline > '" + out + ".tmp'; mv '" + out + ".tmp' '"
+                 + out + "'\n")
                     .toLocal8Bit());
         f.close();
         ShellFixture fx({}, QStringLiteral("sh"), script);
@@ -523,24 +554,27 @@ private slots:
               form.InsertButton, form.TInsertButton, form.CopyButton, form.PasteButton,
               form.TCopyButton, form.TPasteButton})
             button->click();
-        QCOMPARE(form.calls, (QStringList{"slotCostsChange", "slotCostsDelete", "slotTipChange",
-                                          "slotTipDelete", "slotCostsNew", "slotTipNew",
-                                          "slotCCopy", "slotCPaste", "slotTCopy", "slotTPaste"}));
+        QCOMPARE(form.calls,
+                 (QStringList{"slotCostsChange", "slotCostsDelete", "slotTipChange",
+                              "slotTipDelete", "slotCostsNew", "slotTipNew", "slotCCopy",
+                              "slotCPaste", "slotTCopy", "slotTPaste"}));
 
         form.calls.clear();
         form.TabWidget2->setCurrentWidget(form.tab_2);
         auto *cost = new QTreeWidgetItem(form.CostsListView, QStringList{"01.06"});
         QVERIFY(tapRowThenReturnThenDoubleTap(form.CostsListView, cost, Qt::Key_Return));
         // Return and a double click each change the entry once.
-        QCOMPARE(form.calls, (QStringList{"slotCostsSelectionChanged 01.06", "slotCostsChange",
-                                          "slotCostsChange", "slotCostsSelectionChanged null"}));
+        QCOMPARE(form.calls,
+                 (QStringList{"slotCostsSelectionChanged 01.06", "slotCostsChange",
+                              "slotCostsChange", "slotCostsSelectionChanged null"}));
 
         form.calls.clear();
         form.TabWidget2->setCurrentWidget(form.tab_3);
         auto *tip = new QTreeWidgetItem(form.TipListView, QStringList{"H"});
         QVERIFY(tapRowThenReturnThenDoubleTap(form.TipListView, tip, Qt::Key_Enter));
-        QCOMPARE(form.calls, (QStringList{"slotTipSelectionChanged H", "slotTipChange",
-                                          "slotTipChange", "slotTipSelectionChanged null"}));
+        QCOMPARE(form.calls,
+                 (QStringList{"slotTipSelectionChanged H", "slotTipChange", "slotTipChange",
+                              "slotTipSelectionChanged null"}));
     }
 
     void applicationFontChangeSetsTheTabFontAgain()

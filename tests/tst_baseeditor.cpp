@@ -69,7 +69,8 @@ const FormCheck::WidgetRow baseFormWidgets[] = {
      ":/pixmaps/cancel.xpm"},
     {"ClearButton", "QToolButton", "", "ClearButton", "This button clears the EditLine.",
      ":/pixmaps/clear.xpm"},
-    {"LineEdit", "QLineEdit", "", "EditorLine", "Enter the data for the\nselected listviewitem here."},
+    {"LineEdit", "QLineEdit", "", "EditorLine",
+     "Enter the data for the\nselected listviewitem here."},
     {"ToolButton", "QToolButton", "...", "SelectorButton",
      "This button is used for different\npurposes.\nE.g. in case of date input, the button\n"
      "opens a calendar for date input."},
@@ -107,11 +108,11 @@ private slots:
         BaseDlg dlg(nullptr, "base settings", true);
         QCOMPARE(dlg.objectName(), QStringLiteral("base settings"));
         QVERIFY(dlg.isModal());
-        QCOMPARE(FormCheck::childWidgets(&dlg),
-                 (QStringList{"ComboBox:QComboBox", "OkButton:QToolButton",
-                              "CancelButton:QToolButton", "ClearButton:QToolButton",
-                              "LineEdit:QLineEdit", "ToolButton:QToolButton",
-                              "ListView:QTreeWidget"}));
+        QCOMPARE(
+            FormCheck::childWidgets(&dlg),
+            (QStringList{"ComboBox:QComboBox", "OkButton:QToolButton", "CancelButton:QToolButton",
+                         "ClearButton:QToolButton", "LineEdit:QLineEdit", "ToolButton:QToolButton",
+                         "ListView:QTreeWidget"}));
         QVERIFY(!dlg.ComboBox->isEditable());
         for (QToolButton *b : {dlg.OkButton, dlg.CancelButton, dlg.ClearButton})
             QCOMPARE(b->iconSize(), QSize(24, 16));
@@ -126,19 +127,13 @@ private slots:
     void formLayoutStacksTheRowsWithTheirMarginsAndSpacings()
     {
         BaseDlg dlg;
-        QCOMPARE(FormCheck::layoutOutline(dlg.layout()),
-                 (QStringList{"QVBoxLayout margins 11 spacing 6",
-                              "  QVBoxLayout margins 0 spacing 6",
-                              "    QHBoxLayout margins 0 spacing 6",
-                              "      ComboBox",
-                              "      spacer 20x20 Expanding",
-                              "      OkButton",
-                              "      CancelButton",
-                              "    QHBoxLayout margins 0 spacing 6",
-                              "      ClearButton",
-                              "      LineEdit",
-                              "      ToolButton",
-                              "    ListView"}));
+        QCOMPARE(
+            FormCheck::layoutOutline(dlg.layout()),
+            (QStringList{"QVBoxLayout margins 11 spacing 6", "  QVBoxLayout margins 0 spacing 6",
+                         "    QHBoxLayout margins 0 spacing 6", "      ComboBox",
+                         "      spacer 20x20 Expanding", "      OkButton", "      CancelButton",
+                         "    QHBoxLayout margins 0 spacing 6", "      ClearButton",
+                         "      LineEdit", "      ToolButton", "    ListView"}));
     }
 
     void formStubSlotsWarnNotImplemented()
@@ -175,15 +170,17 @@ private slots:
         QCOMPARE(f.ed->objectName(), QStringLiteral("base settings"));
         QCOMPARE(WidgetReaders::columnTexts(f.ed->ListView, 0),
                  (QStringList{"journey title", "base currency", "distance type", "user flag"}));
-        QCOMPARE(WidgetReaders::columnTexts(f.ed->ListView, 1), (QStringList{"Lakes", "EUR", "km", "no"}));
+        QCOMPARE(WidgetReaders::columnTexts(f.ed->ListView, 1),
+                 (QStringList{"Lakes", "EUR", "km", "no"}));
         f.doc.userflag = true;
         f.doc.journeyname = QStringLiteral("Passes");
         f.ed->setData();
-        QCOMPARE(WidgetReaders::columnTexts(f.ed->ListView, 1), (QStringList{"Passes", "EUR", "km", "yes"}));
+        QCOMPARE(WidgetReaders::columnTexts(f.ed->ListView, 1),
+                 (QStringList{"Passes", "EUR", "km", "yes"}));
         QCOMPARE(f.ed->ComboBox->count(), 3);
         QCOMPARE(f.ed->ComboBox->currentText(), QStringLiteral("EUR"));
         for (QWidget *w : std::initializer_list<QWidget *>{f.ed->ComboBox, f.ed->ToolButton,
-                                                          f.ed->LineEdit, f.ed->ClearButton})
+                                                           f.ed->LineEdit, f.ed->ClearButton})
             QVERIFY2(!w->isEnabled(), qPrintable(w->objectName()));
         QVERIFY(!f.ed->modified);
         QVERIFY(!f.ed->basechanged);
@@ -297,7 +294,8 @@ private slots:
         baseEdit ed(nullptr, "base settings", true, &doc);
         QCOMPARE(ed.ComboBox->count(), 0);
         QCOMPARE(contentOf(ed.ListView, "base currency"), QStringLiteral("EUR"));
-        QVERIFY(ModalHelper::tapItem(ed.ListView, WidgetReaders::topLevelItem(ed.ListView, "base currency")));
+        QVERIFY(ModalHelper::tapItem(ed.ListView,
+                                     WidgetReaders::topLevelItem(ed.ListView, "base currency")));
         QVERIFY(ed.ComboBox->isEnabled());
         QCOMPARE(ed.ComboBox->count(), 0);
         ed.OkButton->click();
@@ -319,7 +317,8 @@ private slots:
         QVERIFY2(box->handled && box->error.isEmpty(), qPrintable(box->error));
         QCOMPARE(box->title, QStringLiteral("Cancel"));
         QCOMPARE(box->text,
-                 QStringLiteral("You have modified the base currency!\nDo you want to use the new one ?"));
+                 QStringLiteral(
+                     "You have modified the base currency!\nDo you want to use the new one ?"));
         QCOMPARE(box->buttons, QMessageBox::Yes | QMessageBox::No);
         QCOMPARE(box->icon, QMessageBox::Information);
         QCOMPARE(f.doc.basecurrency, QStringLiteral("CHF"));
@@ -368,7 +367,8 @@ private slots:
         QCOMPARE(second->icon, QMessageBox::Information);
         // The base currency is asked first, on Cancel as well.
         QCOMPARE(first->text,
-                 QStringLiteral("You have modified the base currency!\nDo you want to use the new one ?"));
+                 QStringLiteral(
+                     "You have modified the base currency!\nDo you want to use the new one ?"));
         QCOMPARE(f.ed->result(), int(QDialog::Accepted));
         QCOMPARE(f.doc.basecurrency, QStringLiteral("CHF"));
         QCOMPARE(base.count(), 1);
@@ -424,7 +424,8 @@ private slots:
             [](QWidget *w, ModalOutcome &out) {
                 auto *ed = static_cast<baseEdit *>(w);
                 out.title = ed->windowTitle();
-                if (!ModalHelper::tapItem(ed->ListView, WidgetReaders::topLevelItem(ed->ListView, "base currency"))
+                if (!ModalHelper::tapItem(
+                        ed->ListView, WidgetReaders::topLevelItem(ed->ListView, "base currency"))
                     || !chooseInCombo(ed->ComboBox, QStringLiteral("CHF")))
                     out.error = QStringLiteral("can't choose CHF");
                 ed->OkButton->click();

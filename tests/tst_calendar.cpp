@@ -2,8 +2,8 @@
 
 #include "calendar/calendar.h"
 #include "dialogs/calenderedit.h"
-#include "forms/calenderdlg.h"
 #include "formcheck.h"
+#include "forms/calenderdlg.h"
 #include "modalhelper.h"
 #include "widgetreaders.h"
 
@@ -30,37 +30,33 @@ struct Cell
 
 // Expected grids, written out cell by cell, row by row (Monday to Sunday).
 const std::vector<Cell> february2002 = {
-    {28, 0}, {29, 0}, {30, 0}, {31, 0}, {1, 1}, {2, 1}, {3, 1},
-    {4, 1}, {5, 1}, {6, 1}, {7, 1}, {8, 1}, {9, 1}, {10, 1},
-    {11, 1}, {12, 1}, {13, 1}, {14, 1}, {15, 1}, {16, 1}, {17, 1},
-    {18, 1}, {19, 1}, {20, 1}, {21, 1}, {22, 1}, {23, 1}, {24, 1},
-    {25, 1}, {26, 1}, {27, 1}, {28, 1}, {1, 2}, {2, 2}, {3, 2},
-    {4, 2}, {5, 2}, {6, 2}, {7, 2}, {8, 2}, {9, 2}, {10, 2},
+    {28, 0}, {29, 0}, {30, 0}, {31, 0}, {1, 1},  {2, 1},  {3, 1},  {4, 1},  {5, 1},
+    {6, 1},  {7, 1},  {8, 1},  {9, 1},  {10, 1}, {11, 1}, {12, 1}, {13, 1}, {14, 1},
+    {15, 1}, {16, 1}, {17, 1}, {18, 1}, {19, 1}, {20, 1}, {21, 1}, {22, 1}, {23, 1},
+    {24, 1}, {25, 1}, {26, 1}, {27, 1}, {28, 1}, {1, 2},  {2, 2},  {3, 2},  {4, 2},
+    {5, 2},  {6, 2},  {7, 2},  {8, 2},  {9, 2},  {10, 2},
 };
 const std::vector<Cell> april2002 = {
-    {25, 0}, {26, 0}, {27, 0}, {28, 0}, {29, 0}, {30, 0}, {31, 0},
-    {1, 1}, {2, 1}, {3, 1}, {4, 1}, {5, 1}, {6, 1}, {7, 1},
-    {8, 1}, {9, 1}, {10, 1}, {11, 1}, {12, 1}, {13, 1}, {14, 1},
-    {15, 1}, {16, 1}, {17, 1}, {18, 1}, {19, 1}, {20, 1}, {21, 1},
-    {22, 1}, {23, 1}, {24, 1}, {25, 1}, {26, 1}, {27, 1}, {28, 1},
-    {29, 1}, {30, 1}, {1, 2}, {2, 2}, {3, 2}, {4, 2}, {5, 2},
+    {25, 0}, {26, 0}, {27, 0}, {28, 0}, {29, 0}, {30, 0}, {31, 0}, {1, 1},  {2, 1},
+    {3, 1},  {4, 1},  {5, 1},  {6, 1},  {7, 1},  {8, 1},  {9, 1},  {10, 1}, {11, 1},
+    {12, 1}, {13, 1}, {14, 1}, {15, 1}, {16, 1}, {17, 1}, {18, 1}, {19, 1}, {20, 1},
+    {21, 1}, {22, 1}, {23, 1}, {24, 1}, {25, 1}, {26, 1}, {27, 1}, {28, 1}, {29, 1},
+    {30, 1}, {1, 2},  {2, 2},  {3, 2},  {4, 2},  {5, 2},
 };
 const std::vector<Cell> january2002 = {
-    {31, 0}, {1, 1}, {2, 1}, {3, 1}, {4, 1}, {5, 1}, {6, 1},
-    {7, 1}, {8, 1}, {9, 1}, {10, 1}, {11, 1}, {12, 1}, {13, 1},
-    {14, 1}, {15, 1}, {16, 1}, {17, 1}, {18, 1}, {19, 1}, {20, 1},
-    {21, 1}, {22, 1}, {23, 1}, {24, 1}, {25, 1}, {26, 1}, {27, 1},
-    {28, 1}, {29, 1}, {30, 1}, {31, 1}, {1, 2}, {2, 2}, {3, 2},
-    {4, 2}, {5, 2}, {6, 2}, {7, 2}, {8, 2}, {9, 2}, {10, 2},
+    {31, 0}, {1, 1},  {2, 1},  {3, 1},  {4, 1},  {5, 1},  {6, 1},  {7, 1},  {8, 1},
+    {9, 1},  {10, 1}, {11, 1}, {12, 1}, {13, 1}, {14, 1}, {15, 1}, {16, 1}, {17, 1},
+    {18, 1}, {19, 1}, {20, 1}, {21, 1}, {22, 1}, {23, 1}, {24, 1}, {25, 1}, {26, 1},
+    {27, 1}, {28, 1}, {29, 1}, {30, 1}, {31, 1}, {1, 2},  {2, 2},  {3, 2},  {4, 2},
+    {5, 2},  {6, 2},  {7, 2},  {8, 2},  {9, 2},  {10, 2},
 };
 // January 2001 begins on a Monday: a whole week of December 2000 comes first.
 const std::vector<Cell> january2001 = {
-    {25, 0}, {26, 0}, {27, 0}, {28, 0}, {29, 0}, {30, 0}, {31, 0},
-    {1, 1}, {2, 1}, {3, 1}, {4, 1}, {5, 1}, {6, 1}, {7, 1},
-    {8, 1}, {9, 1}, {10, 1}, {11, 1}, {12, 1}, {13, 1}, {14, 1},
-    {15, 1}, {16, 1}, {17, 1}, {18, 1}, {19, 1}, {20, 1}, {21, 1},
-    {22, 1}, {23, 1}, {24, 1}, {25, 1}, {26, 1}, {27, 1}, {28, 1},
-    {29, 1}, {30, 1}, {31, 1}, {1, 2}, {2, 2}, {3, 2}, {4, 2},
+    {25, 0}, {26, 0}, {27, 0}, {28, 0}, {29, 0}, {30, 0}, {31, 0}, {1, 1},  {2, 1},
+    {3, 1},  {4, 1},  {5, 1},  {6, 1},  {7, 1},  {8, 1},  {9, 1},  {10, 1}, {11, 1},
+    {12, 1}, {13, 1}, {14, 1}, {15, 1}, {16, 1}, {17, 1}, {18, 1}, {19, 1}, {20, 1},
+    {21, 1}, {22, 1}, {23, 1}, {24, 1}, {25, 1}, {26, 1}, {27, 1}, {28, 1}, {29, 1},
+    {30, 1}, {31, 1}, {1, 2},  {2, 2},  {3, 2},  {4, 2},
 };
 
 void compareGrid(const QList<CalendarDay> &days, const std::vector<Cell> &expected)
@@ -280,14 +276,9 @@ void TestCalendar::formWidgetsCarryTheirNamesTextsAndTips()
 
     // Order: the row of boxes and buttons, then the table.
     QCOMPARE(FormCheck::layoutOutline(form.layout()),
-             (QStringList{"QVBoxLayout margins 11 spacing 6",
-                          "  QHBoxLayout margins 0 spacing 6",
-                          "    MonthComboBox",
-                          "    YearSpinBox",
-                          "    spacer 20x20 Expanding",
-                          "    OkButton",
-                          "    CancelButton",
-                          "  Table"}));
+             (QStringList{"QVBoxLayout margins 11 spacing 6", "  QHBoxLayout margins 0 spacing 6",
+                          "    MonthComboBox", "    YearSpinBox", "    spacer 20x20 Expanding",
+                          "    OkButton", "    CancelButton", "  Table"}));
 }
 
 void TestCalendar::formStubSlotsWarnNotImplemented()
@@ -308,8 +299,9 @@ void TestCalendar::formConnectsItsSignalsToTheSlots()
     form.MonthComboBox->addItems({"a", "b", "c"});
     emit form.MonthComboBox->activated(2);
     form.Table->setCurrentCell(3, 4);
-    QCOMPARE(form.calls, QStringList({"slotOK", "slotCancel", "slotSpinBoxChanged 2010",
-                                      "slotComboChanged 2", "slotTableCurrentChanged 3 4"}));
+    QCOMPARE(form.calls,
+             QStringList({"slotOK", "slotCancel", "slotSpinBoxChanged 2010", "slotComboChanged 2",
+                          "slotTableCurrentChanged 3 4"}));
 }
 
 void TestCalendar::aSuppliedNameKeepsTheCaptionOfTheForm()
@@ -397,8 +389,10 @@ void TestCalendar::setDate01011999GivesYear3999ClampedTo2300()
     QCOMPARE(p.dlg.YearSpinBox->value(), 2300);
     QCOMPARE(p.dlg.dateText(), QString("01.01.2300"));
     // The box's change filled the table again, with January 2300.
-    QCOMPARE(tableTexts(p.dlg.Table).first(), QString::asprintf("%02d", Calendar::daysOfMonth(2300, 1, false).first().number));
-    QCOMPARE(Calendar::daysOfMonth(2300, 1, false).first().number, 25); // January 2300 begins on a Monday
+    QCOMPARE(tableTexts(p.dlg.Table).first(),
+             QString::asprintf("%02d", Calendar::daysOfMonth(2300, 1, false).first().number));
+    QCOMPARE(Calendar::daysOfMonth(2300, 1, false).first().number,
+             25); // January 2300 begins on a Monday
 }
 
 void TestCalendar::setDate01011999KeepsYear3999WhenTheBoxStoodOn2300()
@@ -605,7 +599,8 @@ void TestCalendar::daysBetweenCountsFromTheFirstDateToTheSecond()
     QCOMPARE(p.dlg.daysBetween("31.12.2001", "01.01.2002"), 1);
     QCOMPARE(p.dlg.daysBetween("05.05.2002", "05.05.2002"), 0);
     // The year is what stands behind the last dot, as it is written.
-    QCOMPARE(p.dlg.daysBetween("01.01.02", "01.01.2002"), int(QDate(2, 1, 1).daysTo(QDate(2002, 1, 1))));
+    QCOMPARE(p.dlg.daysBetween("01.01.02", "01.01.2002"),
+             int(QDate(2, 1, 1).daysTo(QDate(2002, 1, 1))));
 }
 
 void TestCalendar::daysBetweenCountsAnInvalidDateAsDayZero()

@@ -37,7 +37,8 @@ Run runCheck(const QStringList &args)
 QString accountTrace(const char *section, int magic, const char *change, const char *percentage)
 {
     const QString indent(33, QLatin1Char(' '));
-    return QStringLiteral("\nWayfernIO::ReadFileUserAccount - hstr : %1").arg(QLatin1String(section))
+    return QStringLiteral("\nWayfernIO::ReadFileUserAccount - hstr : %1")
+               .arg(QLatin1String(section))
         + QStringLiteral("\n%1ID   : %2").arg(indent).arg(magic)
         + QStringLiteral("\n%1val  : %2").arg(indent, QLatin1String(change))
         + QStringLiteral("\n%1perc : %2").arg(indent, QLatin1String(percentage));

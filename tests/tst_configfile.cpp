@@ -110,7 +110,8 @@ void TestConfigFile::unsetVariableReadsCurrentDirectory()
     QCOMPARE(io2.ReadFile(QStringLiteral("."), QStringLiteral("wayfern.cfg")), -1);
     const QString printed2 = out2.text();
     QDir::setCurrent(cwd);
-    QCOMPARE(printed2, QStringLiteral("\nWayfernIOCfg::ReadFile - file not found (./wayfern.cfg)\n"));
+    QCOMPARE(printed2,
+             QStringLiteral("\nWayfernIOCfg::ReadFile - file not found (./wayfern.cfg)\n"));
 }
 
 void TestConfigFile::valueWithSemicolonIsCut()
@@ -166,8 +167,9 @@ void TestConfigFile::syncFileKeyInHeaderIsUnknown()
     WayFernData doc;
     QString printed;
     QCOMPARE(read(doc, "[Header]\nSYNCFILE=rate.html;\n\n[HTMLSYNC]\n\n#end\n", &printed), 0);
-    QCOMPARE(printed,
-             QStringLiteral("\nWayfernIOCfg::ReadFile(Header) : unknown header-entry : SYNCFILE\n"));
+    QCOMPARE(
+        printed,
+        QStringLiteral("\nWayfernIOCfg::ReadFile(Header) : unknown header-entry : SYNCFILE\n"));
     QVERIFY(doc.config.syncfile.isNull());
 }
 
@@ -176,8 +178,9 @@ void TestConfigFile::unknownSyncEntryIsReported()
     WayFernData doc;
     QString printed;
     QCOMPARE(read(doc, "[Header]\n\n[HTMLSYNC]\nLAST=x;\n\n#end\n", &printed), 0);
-    QCOMPARE(printed,
-             QStringLiteral("\nWayfernIOCfg::ReadFile(HTMLSYNC) : unknown syncheader-entry : LAST\n"));
+    QCOMPARE(
+        printed,
+        QStringLiteral("\nWayfernIOCfg::ReadFile(HTMLSYNC) : unknown syncheader-entry : LAST\n"));
 }
 
 void TestConfigFile::missingFileIsReported()
@@ -186,8 +189,9 @@ void TestConfigFile::missingFileIsReported()
     WayfernIOCfg io(&doc);
     StdoutCapture out;
     QCOMPARE(io.ReadFile(dir.path(), QStringLiteral("none.cfg")), -1);
-    QCOMPARE(out.text(), QStringLiteral("\nWayfernIOCfg::ReadFile - file not found (%1/none.cfg)\n")
-                             .arg(dir.path()));
+    QCOMPARE(out.text(),
+             QStringLiteral("\nWayfernIOCfg::ReadFile - file not found (%1/none.cfg)\n")
+                 .arg(dir.path()));
 }
 
 void TestConfigFile::nullPathFailsWithoutWord()
@@ -205,7 +209,8 @@ void TestConfigFile::emptyPathUsesNameAlone()
     WayfernIOCfg io(&doc);
     StdoutCapture out;
     QCOMPARE(io.ReadFile(QStringLiteral(""), QStringLiteral("surely-not-here.cfg")), -1);
-    QCOMPARE(out.text(), QStringLiteral("\nWayfernIOCfg::ReadFile - file not found (surely-not-here.cfg)\n"));
+    QCOMPARE(out.text(),
+             QStringLiteral("\nWayfernIOCfg::ReadFile - file not found (surely-not-here.cfg)\n"));
 }
 
 void TestConfigFile::missingHeaderIsReported()
@@ -269,7 +274,8 @@ void TestConfigFile::writtenFileReadsBackOnlyAsFarAsHeader()
     WayfernIOCfg reader(&back);
     StdoutCapture capture;
     QCOMPARE(reader.ReadFile(dir.path(), QStringLiteral("written.cfg")), -1);
-    QCOMPARE(capture.text(), QStringLiteral("\nWayfernIOCfg::ReadFile - section not found : HTMLSYNC\n"));
+    QCOMPARE(capture.text(),
+             QStringLiteral("\nWayfernIOCfg::ReadFile - section not found : HTMLSYNC\n"));
     QCOMPARE(back.config.helpfile, QStringLiteral("/opt/help/wayfern.html"));
     QVERIFY(back.config.syncfile.isNull());
     QVERIFY(back.config.server.isNull());
@@ -282,7 +288,8 @@ void TestConfigFile::writerFailureIsReported()
     const QString impossible = dir.filePath(QStringLiteral("no/such/dir/x.cfg"));
     StdoutCapture out;
     QCOMPARE(writer.WriteFile(impossible), -1);
-    QCOMPARE(out.text(), QStringLiteral("\nWayfernIOCfg::WriteFile(%1) : file not open\n").arg(impossible));
+    QCOMPARE(out.text(),
+             QStringLiteral("\nWayfernIOCfg::WriteFile(%1) : file not open\n").arg(impossible));
 }
 
 QTEST_GUILESS_MAIN(TestConfigFile)

@@ -63,7 +63,10 @@ struct Fixture
         return cost;
     }
 
-    bool tap(const QString &label) { return ModalHelper::tapItem(ed.ListView, WidgetReaders::topLevelItem(ed.ListView, label)); }
+    bool tap(const QString &label)
+    {
+        return ModalHelper::tapItem(ed.ListView, WidgetReaders::topLevelItem(ed.ListView, label));
+    }
     QString row(const QString &label) { return contentOf(ed.ListView, label); }
 
     WayFernData doc;
@@ -126,11 +129,11 @@ private slots:
         CostsDlg dlg(nullptr, "Input costs", true);
         QCOMPARE(dlg.objectName(), QStringLiteral("Input costs"));
         QVERIFY(dlg.isModal());
-        QCOMPARE(FormCheck::childWidgets(&dlg),
-                 (QStringList{"ComboBox:QComboBox", "UserButton:QToolButton",
-                              "OkButton:QToolButton", "CancelButton:QToolButton",
-                              "ClearButton:QToolButton", "LineEdit:QLineEdit",
-                              "ToolButton:QToolButton", "ListView:QTreeWidget"}));
+        QCOMPARE(
+            FormCheck::childWidgets(&dlg),
+            (QStringList{"ComboBox:QComboBox", "UserButton:QToolButton", "OkButton:QToolButton",
+                         "CancelButton:QToolButton", "ClearButton:QToolButton",
+                         "LineEdit:QLineEdit", "ToolButton:QToolButton", "ListView:QTreeWidget"}));
         QVERIFY(!dlg.ComboBox->isEditable());
         QCOMPARE(dlg.OkButton->iconSize(), QSize(24, 16));
         QCOMPARE(dlg.CancelButton->iconSize(), QSize(24, 16));
@@ -149,19 +152,12 @@ private slots:
     {
         CostsDlg dlg;
         QCOMPARE(FormCheck::layoutOutline(dlg.layout()),
-                 (QStringList{"QVBoxLayout margins 11 spacing 6",
-                              "  QVBoxLayout margins 0 spacing 6",
-                              "    QHBoxLayout margins 0 spacing 6",
-                              "      ComboBox",
-                              "      UserButton",
-                              "      spacer 20x20 Expanding",
-                              "      OkButton",
-                              "      CancelButton",
-                              "    QHBoxLayout margins 0 spacing 6",
-                              "      ClearButton",
-                              "      LineEdit",
-                              "      ToolButton",
-                              "    ListView"}));
+                 (QStringList{
+                     "QVBoxLayout margins 11 spacing 6", "  QVBoxLayout margins 0 spacing 6",
+                     "    QHBoxLayout margins 0 spacing 6", "      ComboBox", "      UserButton",
+                     "      spacer 20x20 Expanding", "      OkButton", "      CancelButton",
+                     "    QHBoxLayout margins 0 spacing 6", "      ClearButton", "      LineEdit",
+                     "      ToolButton", "    ListView"}));
     }
 
     void formStubSlotsWarnNotImplemented()
@@ -178,8 +174,9 @@ private slots:
         dlg.CancelButton->click();
         dlg.ToolButton->click();
         dlg.UserButton->click();
-        QCOMPARE(dlg.calls, (QStringList{"slotClearLine", "slotOK", "slotCancel",
-                                         "slotSelectButton", "slotUserPay"}));
+        QCOMPARE(dlg.calls,
+                 (QStringList{"slotClearLine", "slotOK", "slotCancel", "slotSelectButton",
+                              "slotUserPay"}));
         dlg.calls.clear();
         auto *item = new QTreeWidgetItem(dlg.ListView, QStringList{"date", "x"});
         item->setSelected(true);
@@ -187,8 +184,9 @@ private slots:
         dlg.LineEdit->setText(QStringLiteral("abc"));
         dlg.ComboBox->addItem(QStringLiteral("EUR"));
         emit dlg.ComboBox->textActivated(QStringLiteral("EUR"));
-        QCOMPARE(dlg.calls, (QStringList{"slotSelectionChanged date", "slotSelectionChanged null",
-                                         "slotTextChanged abc", "slotComboChanged EUR"}));
+        QCOMPARE(dlg.calls,
+                 (QStringList{"slotSelectionChanged date", "slotSelectionChanged null",
+                              "slotTextChanged abc", "slotComboChanged EUR"}));
         // slotTip has no connection: it stays the form's own.
         QVERIFY(!dlg.calls.contains("slotTip"));
     }
@@ -219,9 +217,9 @@ private slots:
         QCOMPARE(WidgetReaders::columnTexts(f.ed.ListView, 0),
                  (QStringList{"date", "type", "short", "currency type", "foreign value",
                               "base value", "exch. rate", "comment"}));
-        QCOMPARE(WidgetReaders::columnTexts(f.ed.ListView, 1),
-                 (QStringList{"03.06.2002", "Food", "F", "CHF", "20.00", "13.33", "1.50",
-                              "Dinner"}));
+        QCOMPARE(
+            WidgetReaders::columnTexts(f.ed.ListView, 1),
+            (QStringList{"03.06.2002", "Food", "F", "CHF", "20.00", "13.33", "1.50", "Dinner"}));
         QCOMPARE(f.ed.costDate, QStringLiteral("03.06.2002"));
     }
 
@@ -231,9 +229,8 @@ private slots:
         CostsData *cost = f.addCost();
         f.ed.LineEdit->setText(QStringLiteral("left over"));
         f.ed.prepare(cost, &f.calendar);
-        for (QWidget *w : std::initializer_list<QWidget *>{f.ed.ComboBox, f.ed.ToolButton,
-                                                          f.ed.UserButton, f.ed.LineEdit,
-                                                          f.ed.ClearButton})
+        for (QWidget *w : std::initializer_list<QWidget *>{
+                 f.ed.ComboBox, f.ed.ToolButton, f.ed.UserButton, f.ed.LineEdit, f.ed.ClearButton})
             QVERIFY2(!w->isEnabled(), qPrintable(w->objectName()));
         QCOMPARE(f.ed.LineEdit->text(), QString());
         QCOMPARE(f.ed.selected, nullptr);
@@ -252,14 +249,18 @@ private slots:
             bool line, clear, combo, tool;
         };
         const Kind kinds[] = {
-            {"date", false, false, false, true},       {"type", false, false, true, false},
-            {"short", false, false, false, false},     {"currency type", false, false, true, false},
-            {"foreign value", true, true, false, false}, {"base value", false, false, false, false},
+            {"date", false, false, false, true},
+            {"type", false, false, true, false},
+            {"short", false, false, false, false},
+            {"currency type", false, false, true, false},
+            {"foreign value", true, true, false, false},
+            {"base value", false, false, false, false},
             {"comment", true, true, false, false},
         };
         for (const Kind &k : kinds) {
             QVERIFY2(f.tap(QString::fromLatin1(k.label)), k.label);
-            QCOMPARE(f.ed.selected, WidgetReaders::topLevelItem(f.ed.ListView, QString::fromLatin1(k.label)));
+            QCOMPARE(f.ed.selected,
+                     WidgetReaders::topLevelItem(f.ed.ListView, QString::fromLatin1(k.label)));
             QVERIFY2(f.ed.LineEdit->isEnabled() == k.line, k.label);
             QVERIFY2(f.ed.ClearButton->isEnabled() == k.clear, k.label);
             QVERIFY2(f.ed.ComboBox->isEnabled() == k.combo, k.label);
@@ -451,7 +452,7 @@ private slots:
         QVERIFY(!group->isSelected());
         QCOMPARE(f.ed.selected, comment);
         for (QWidget *w : std::initializer_list<QWidget *>{f.ed.ComboBox, f.ed.ToolButton,
-                                                          f.ed.LineEdit, f.ed.ClearButton})
+                                                           f.ed.LineEdit, f.ed.ClearButton})
             QVERIFY2(!w->isEnabled(), qPrintable(w->objectName()));
         QVERIFY(f.ed.ListView->selectedItems().isEmpty());
     }
@@ -536,11 +537,14 @@ private slots:
         QCOMPARE(contentOf(ed.ListView, "currency type"), QString());
         QCOMPARE(contentOf(ed.ListView, "type"), QString());
         QCOMPARE(contentOf(ed.ListView, "short"), QString());
-        QVERIFY(ModalHelper::tapItem(ed.ListView, WidgetReaders::topLevelItem(ed.ListView, "currency type")));
+        QVERIFY(ModalHelper::tapItem(ed.ListView,
+                                     WidgetReaders::topLevelItem(ed.ListView, "currency type")));
         QCOMPARE(ed.ComboBox->count(), 0);
         QCOMPARE(ed.LineEdit->text(), QString());
-        QVERIFY(ModalHelper::tapItem(ed.ListView, WidgetReaders::topLevelItem(ed.ListView, "exch. rate")));
-        QVERIFY(ModalHelper::tapItem(ed.ListView, WidgetReaders::topLevelItem(ed.ListView, "foreign value")));
+        QVERIFY(ModalHelper::tapItem(ed.ListView,
+                                     WidgetReaders::topLevelItem(ed.ListView, "exch. rate")));
+        QVERIFY(ModalHelper::tapItem(ed.ListView,
+                                     WidgetReaders::topLevelItem(ed.ListView, "foreign value")));
         QTest::keyClicks(ed.LineEdit, QStringLiteral("12"));
         // No currency: the base value stays as it was.
         QCOMPARE(contentOf(ed.ListView, "base value"), QString());
@@ -584,7 +588,9 @@ private slots:
         int rows = -1;
         ModalTicket share = ModalHelper::clickInNextDialog(
             QStringLiteral("OkButton"),
-            [&rows](QDialog *d) { rows = static_cast<userPayEdit *>(d)->ListView->topLevelItemCount(); },
+            [&rows](QDialog *d) {
+                rows = static_cast<userPayEdit *>(d)->ListView->topLevelItemCount();
+            },
             "userPayEdit");
         f.ed.OkButton->click();
         QVERIFY2(share->handled && share->error.isEmpty(), qPrintable(share->error));

@@ -97,7 +97,8 @@ void TestDocument::getEnvOfUnsetVariablePrintsAndReturnsNull()
     WayFernConfig config;
     StdoutCapture out;
     const QString value = config.getEnv(QStringLiteral("WAYFERN_SURELY_UNSET_VARIABLE"));
-    QCOMPARE(out.text(), QStringLiteral("\nWayFernData::getEnv(WAYFERN_SURELY_UNSET_VARIABLE) : not found"));
+    QCOMPARE(out.text(),
+             QStringLiteral("\nWayFernData::getEnv(WAYFERN_SURELY_UNSET_VARIABLE) : not found"));
     QVERIFY(value.isNull());
 }
 

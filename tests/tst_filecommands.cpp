@@ -230,8 +230,8 @@ private slots:
         WayfernApp app;
         const QString printed = out.text();
         const QString path = fx.dataDir() + u'/';
-        QVERIFY(printed.contains(QStringLiteral("\nWayfernView::loadView - not able to read %1")
-                                     .arg(path)));
+        QVERIFY(printed.contains(
+            QStringLiteral("\nWayfernView::loadView - not able to read %1").arg(path)));
         QCOMPARE(app.doc->currencies.count(), 0);
         QCOMPARE(app.doc->costs.count(), 0);
         QCOMPARE(app.windowTitle(), QStringLiteral("new file"));

@@ -3,8 +3,8 @@
 
 #include "dialogs/scqtfileedit.h"
 #include "dialogs/scqtfileeditdlg.h"
-#include "forms/scqtfiledlg.h"
 #include "formcheck.h"
+#include "forms/scqtfiledlg.h"
 #include "modalhelper.h"
 #include "stdoutcapture.h"
 #include "widgetreaders.h"
@@ -78,8 +78,8 @@ const FormCheck::WidgetRow fileFormWidgets[] = {
      "ComboBox FileTypeFilter\n\nedit or select the filter"},
     {"OkButton", "QToolButton", "", "confirms the selection and closes the form", "OKButton",
      ":/pixmaps/ok.xpm"},
-    {"CancelButton", "QToolButton", "", "cancels the selection and closes the form",
-     "CancelButton", ":/pixmaps/cancel.xpm"},
+    {"CancelButton", "QToolButton", "", "cancels the selection and closes the form", "CancelButton",
+     ":/pixmaps/cancel.xpm"},
     {"FNameLineEdit", "QLineEdit", "", "shows the selected filename",
      "Filename LineEdit\n\nshows the selected file\nand allows the direct filename\nedit"},
     {"MkDirButton", "QToolButton", "", "confirms the selection and closes the form", "OKButton",
@@ -92,7 +92,8 @@ const FormCheck::WidgetRow fileFormWidgets[] = {
 
 const FormCheck::StubRow fileFormStubs[] = {
     {"slotCancel()", "ScQtFileDlg::slotCancel(): Not implemented yet!"},
-    {"slotDirComboBoxChanged(int)", "ScQtFileDlg::slotDirComboBoxChanged( int ): Not implemented yet!"},
+    {"slotDirComboBoxChanged(int)",
+     "ScQtFileDlg::slotDirComboBoxChanged( int ): Not implemented yet!"},
     {"slotDoubleClicked(QTreeWidgetItem*)",
      "ScQtFileDlg::slotDoubleClicked( QTreeWidgetItem * ): Not implemented yet!"},
     {"slotFileTextChanged(QString)",
@@ -111,7 +112,10 @@ class SlotRecorder : public ScQtFileDlg
 public:
     QStringList calls;
     void slotCancel() override { calls << "slotCancel"; }
-    void slotDirComboBoxChanged(int i) override { calls << QString("slotDirComboBoxChanged %1").arg(i); }
+    void slotDirComboBoxChanged(int i) override
+    {
+        calls << QString("slotDirComboBoxChanged %1").arg(i);
+    }
     void slotDoubleClicked(QTreeWidgetItem *i) override
     {
         calls << "slotDoubleClicked " + (i ? i->text(0) : QString("null"));
@@ -123,7 +127,10 @@ public:
     {
         calls << "slotSelectionChanged " + (i ? i->text(0) : QString("null"));
     }
-    void slotTypeComboBoxChanged(int i) override { calls << QString("slotTypeComboBoxChanged %1").arg(i); }
+    void slotTypeComboBoxChanged(int i) override
+    {
+        calls << QString("slotTypeComboBoxChanged %1").arg(i);
+    }
 };
 
 } // namespace
@@ -219,7 +226,11 @@ void TestFileDialog::formWidgetsCarryTheirNamesTextsAndTips()
     QVERIFY(form.ListView->rootIsDecorated());
 
     // The pixmaps: sizes and numbers of colours as drawn.
-    const struct { const char *file; int w, h, colours; } images[] = {
+    const struct
+    {
+        const char *file;
+        int w, h, colours;
+    } images[] = {
         {":/pixmaps/file.xpm", 16, 16, 5},  {":/pixmaps/dir.xpm", 16, 16, 6},
         {":/pixmaps/link.xpm", 16, 16, 10}, {":/pixmaps/up.xpm", 15, 13, 3},
         {":/pixmaps/ok.xpm", 24, 16, 3},    {":/pixmaps/cancel.xpm", 24, 16, 4},
@@ -228,7 +239,8 @@ void TestFileDialog::formWidgetsCarryTheirNamesTextsAndTips()
     for (const auto &img : images) {
         QFile f(QString::fromLatin1(img.file));
         QVERIFY2(f.open(QIODevice::ReadOnly), img.file);
-        const QByteArray head = QString("\"%1 %2 %3 1\"").arg(img.w).arg(img.h).arg(img.colours).toLatin1();
+        const QByteArray head =
+            QString("\"%1 %2 %3 1\"").arg(img.w).arg(img.h).arg(img.colours).toLatin1();
         QVERIFY2(f.readAll().contains(head), img.file);
         const QPixmap pixmap(QString::fromLatin1(img.file));
         QCOMPARE(pixmap.size(), QSize(img.w, img.h));
@@ -239,17 +251,10 @@ void TestFileDialog::formLaysOutItsRowsTopToBottom()
 {
     ScQtFileDlg form;
     QCOMPARE(FormCheck::layoutOutline(form.layout()),
-             (QStringList{"QVBoxLayout margins 11 spacing 6",
-                          "  QHBoxLayout margins 0 spacing 6",
-                          "    TypeComboBox",
-                          "    spacer 20x20 Expanding",
-                          "    OkButton",
-                          "    CancelButton",
-                          "  QHBoxLayout margins 0 spacing 6",
-                          "    FNameLineEdit",
-                          "    MkDirButton",
-                          "  DirComboBox",
-                          "  ListView"}));
+             (QStringList{"QVBoxLayout margins 11 spacing 6", "  QHBoxLayout margins 0 spacing 6",
+                          "    TypeComboBox", "    spacer 20x20 Expanding", "    OkButton",
+                          "    CancelButton", "  QHBoxLayout margins 0 spacing 6",
+                          "    FNameLineEdit", "    MkDirButton", "  DirComboBox", "  ListView"}));
 }
 
 void TestFileDialog::formStubSlotsWarnNotImplemented()
@@ -297,8 +302,9 @@ void TestFileDialog::formConnectsItsSignalsToTheSlots()
     emit other.TypeComboBox->activated(1);
     other.FNameLineEdit->setText("a");
     emit other.FNameLineEdit->returnPressed();
-    QCOMPARE(other.calls, QStringList({"slotOK", "slotCancel", "slotMkDir", "slotDirComboBoxChanged 1",
-                                       "slotTypeComboBoxChanged 1", "slotFileTextChanged a", "slotOK"}));
+    QCOMPARE(other.calls,
+             QStringList({"slotOK", "slotCancel", "slotMkDir", "slotDirComboBoxChanged 1",
+                          "slotTypeComboBoxChanged 1", "slotFileTextChanged a", "slotOK"}));
 }
 
 void TestFileDialog::constructorFillsBothBoxesBehindTheirFirstEntry()
@@ -375,7 +381,8 @@ void TestFileDialog::fileSizeShowsInBytesAndDirectoriesAndLinksShowNone()
     QVERIFY(sameImage(item(dlg.ListView, "alpha.wfn")->icon(0), ":/pixmaps/file.xpm"));
     QVERIFY(sameImage(item(dlg.ListView, "sub")->icon(0), ":/pixmaps/dir.xpm"));
     QVERIFY(sameImage(item(dlg.ListView, "link.wfn")->icon(0), ":/pixmaps/link.xpm"));
-    QCOMPARE(item(dlg.ListView, "alpha.wfn")->textAlignment(1) & Qt::AlignHorizontal_Mask, int(Qt::AlignRight));
+    QCOMPARE(item(dlg.ListView, "alpha.wfn")->textAlignment(1) & Qt::AlignHorizontal_Mask,
+             int(Qt::AlignRight));
 }
 
 void TestFileDialog::linkToADirectoryCountsAsADirectory()
@@ -395,8 +402,9 @@ void TestFileDialog::listRisesByNameWhateverTheDirectoryDelivers()
     dlg.hide();
     dlg.refresh();
     // Directories first is the directory's order; the list sorts by name all the same.
-    QCOMPARE(names(dlg.ListView),
-             QStringList({"..", "alpha.wfn", "beta.txt", "broken.wfn", "dirlink", "link.wfn", "sub"}));
+    QCOMPARE(
+        names(dlg.ListView),
+        QStringList({"..", "alpha.wfn", "beta.txt", "broken.wfn", "dirlink", "link.wfn", "sub"}));
 }
 
 void TestFileDialog::nameFilterHidesDirectoriesThatDoNotMatch()
@@ -442,7 +450,8 @@ void TestFileDialog::directoryBoxDropsItsSecondEntryFirstAtTheNinthDirectory()
             auto *dlg = static_cast<ScQtFileDlg *>(w);
             seen << entries(dlg->DirComboBox);
             for (int i = 1; i <= 8; ++i) {
-                if (!ModalHelper::tapItem(dlg->ListView, item(dlg->ListView, QString("d%1").arg(i))))
+                if (!ModalHelper::tapItem(dlg->ListView,
+                                          item(dlg->ListView, QString("d%1").arg(i))))
                     out.error += QString("can't tap d%1; ").arg(i);
                 waitForListing(dlg->ListView, QString("d%1").arg(i), false, out);
                 seen << entries(dlg->DirComboBox);

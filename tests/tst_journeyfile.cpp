@@ -107,10 +107,11 @@ void TestJourneyFile::smallFileReadsIntoDocument()
     WayFernData doc;
     QString printed;
     QCOMPARE(read(doc, readBytes(fixture(QStringLiteral("northern.wfn"))), &printed), 0);
-    QCOMPARE(printed, QStringLiteral("\nWayfernIO::ReadFileUserAccount - hstr : AB_0"
-                                     "\n                                 ID   : 1"
-                                     "\n                                 val  : -14.8100"
-                                     "\n                                 perc : 100.0000"));
+    QCOMPARE(printed,
+             QStringLiteral("\nWayfernIO::ReadFileUserAccount - hstr : AB_0"
+                            "\n                                 ID   : 1"
+                            "\n                                 val  : -14.8100"
+                            "\n                                 perc : 100.0000"));
     QCOMPARE(doc.journeyname, QStringLiteral("Northern Lakes"));
     QCOMPARE(doc.distancetype, QStringLiteral("km"));
     QCOMPARE(doc.basecurrency, QStringLiteral("EUR"));
@@ -208,11 +209,15 @@ void TestJourneyFile::smallFileWritesSameBytes()
     for (int i = 0; i < want.size(); ++i) {
         const int lineNo = i + 1;
         if (lineNo == 5) {
-            QVERIFY(QRegularExpression(QStringLiteral("^# last modified : date = \\d\\d\\.\\d\\d\\.\\d{4}$"))
-                        .match(QString::fromLatin1(got[i])).hasMatch());
+            QVERIFY(QRegularExpression(
+                        QStringLiteral("^# last modified : date = \\d\\d\\.\\d\\d\\.\\d{4}$"))
+                        .match(QString::fromLatin1(got[i]))
+                        .hasMatch());
         } else if (lineNo == 6) {
-            QVERIFY(QRegularExpression(QStringLiteral("^#                 time = \\d\\d:\\d\\d:\\d\\d$"))
-                        .match(QString::fromLatin1(got[i])).hasMatch());
+            QVERIFY(QRegularExpression(
+                        QStringLiteral("^#                 time = \\d\\d:\\d\\d:\\d\\d$"))
+                        .match(QString::fromLatin1(got[i]))
+                        .hasMatch());
         } else if (lineNo == 122) {
             QCOMPARE(got[i], "##EOF WAYFERN DATA FILE " + out.toLatin1());
         } else {
@@ -342,7 +347,8 @@ void TestJourneyFile::emptyGroupWritesOnlySeparator()
     };
     for (int group = 0; group < 7; ++group)
         expected << "" << sep << "";
-    expected << "" << "##EOF WAYFERN DATA FILE " + out.toLatin1() << "";
+    expected << ""
+             << "##EOF WAYFERN DATA FILE " + out.toLatin1() << "";
     QCOMPARE(lines, expected);
 }
 
@@ -404,15 +410,17 @@ void TestJourneyFile::tipWithZeroCustomCountReadsNoCustomLine()
     QCOMPARE(doc.tips.at(0)->customs.count(), 0);
     QCOMPARE(doc.tips.at(0)->town, QStringLiteral("Oslo"));
     // The line that was not taken as a custom field is an unknown entry of the tip.
-    QCOMPARE(printed,
-             QStringLiteral("\nWayfernIO::ReadFileTips(TIP_0) : unknown header-entry : CUSTOMTEXT_0\n"));
+    QCOMPARE(
+        printed,
+        QStringLiteral("\nWayfernIO::ReadFileTips(TIP_0) : unknown header-entry : CUSTOMTEXT_0\n"));
 }
 
 void TestJourneyFile::headerAnywhereIsFound()
 {
     WayFernData doc;
-    QCOMPARE(read(doc, "garbage line\nJOURNEY-NAME=Wrong;\n[Other]\nX=1;\n\n" +
-                           journey(zeroCounts + "JOURNEY-NAME=Right;\n", "")),
+    QCOMPARE(read(doc,
+                  "garbage line\nJOURNEY-NAME=Wrong;\n[Other]\nX=1;\n\n"
+                      + journey(zeroCounts + "JOURNEY-NAME=Right;\n", "")),
              0);
     QCOMPARE(doc.journeyname, QStringLiteral("Right"));
 }
@@ -434,17 +442,19 @@ void TestJourneyFile::configurationFileReadsAsJourneyWithUnknownKeys()
     WayFernData doc;
     QString printed;
     QCOMPARE(read(doc, cfg, &printed), 0);
-    QCOMPARE(printed, QStringLiteral("\nWayfernIO::ReadFile(Header) : unknown header-entry : DATA-PATH\n"
-                                     "\nWayfernIO::ReadFile(Header) : unknown header-entry : LAST\n"));
+    QCOMPARE(printed,
+             QStringLiteral("\nWayfernIO::ReadFile(Header) : unknown header-entry : DATA-PATH\n"
+                            "\nWayfernIO::ReadFile(Header) : unknown header-entry : LAST\n"));
     QCOMPARE(doc.costs.count(), 0);
 }
 
 void TestJourneyFile::secondReadWithoutCountUsesCountOfFirstFile()
 {
     WayFernData doc;
-    QCOMPARE(read(doc, journey(withCount("COSTSCOUNT", 2),
-                               "[COSTS_0]\nFVAL=1;\n\n[COSTS_1]\nFVAL=2;\n\n")),
-             0);
+    QCOMPARE(
+        read(doc,
+             journey(withCount("COSTSCOUNT", 2), "[COSTS_0]\nFVAL=1;\n\n[COSTS_1]\nFVAL=2;\n\n")),
+        0);
     QCOMPARE(doc.costs.count(), 2);
     QByteArray noCostCount = zeroCounts;
     noCostCount.replace("COSTSCOUNT=0;\n", "");
@@ -463,7 +473,8 @@ void TestJourneyFile::missingFileIsReportedAndLeavesDocument()
     const QString missing = path(QStringLiteral("missing.wfn"));
     StdoutCapture out;
     QCOMPARE(io.ReadFile(missing), -1);
-    QCOMPARE(out.text(), QStringLiteral("\nWayfernIO::ReadFile - file not found (%1)\n").arg(missing));
+    QCOMPARE(out.text(),
+             QStringLiteral("\nWayfernIO::ReadFile - file not found (%1)\n").arg(missing));
     QCOMPARE(doc.costs.count(), 1);
 }
 
@@ -474,8 +485,9 @@ void TestJourneyFile::fileWithoutHeaderIsReportedAndLeavesDocument()
     doc.journeyname = QStringLiteral("old");
     QString printed;
     QCOMPARE(read(doc, "[Head]\nJOURNEY-NAME=x;\n\n[COSTS_0]\n\n", &printed), -1);
-    QCOMPARE(printed, QStringLiteral("\nWayfernIO::ReadFile - section not found : Header\n"
-                                     "\nreading aborted\n"));
+    QCOMPARE(printed,
+             QStringLiteral("\nWayfernIO::ReadFile - section not found : Header\n"
+                            "\nreading aborted\n"));
     QCOMPARE(doc.costs.count(), 1);
     QCOMPARE(doc.journeyname, QStringLiteral("old"));
 }
@@ -493,8 +505,9 @@ void TestJourneyFile::unknownHeaderEntryIsReported()
     WayFernData doc;
     QString printed;
     QCOMPARE(read(doc, journey(zeroCounts + "COLOUR=blue;\njust text\n", ""), &printed), 0);
-    QCOMPARE(printed, QStringLiteral("\nWayfernIO::ReadFile(Header) : unknown header-entry : COLOUR\n"
-                                     "\nWayfernIO::ReadFile(Header) : unknown header-entry : \n"));
+    QCOMPARE(printed,
+             QStringLiteral("\nWayfernIO::ReadFile(Header) : unknown header-entry : COLOUR\n"
+                            "\nWayfernIO::ReadFile(Header) : unknown header-entry : \n"));
 }
 
 void TestJourneyFile::unknownSectionEntryNamesReaderAndSection()
@@ -504,15 +517,18 @@ void TestJourneyFile::unknownSectionEntryNamesReaderAndSection()
     counts.replace("QTYPECOUNT=0;", "QTYPECOUNT=1;");
     WayFernData doc;
     QString printed;
-    QCOMPARE(read(doc, journey(counts, "[CTYPE_0]\nTYPE=Food;\nNAME=x;\n\n"
-                                       "[QTYPE_0]\nQUALITY=x;\n\n"
-                                       "[CURRENCY_0]\nSHORT=EUR;\n\n"),
+    QCOMPARE(read(doc,
+                  journey(counts,
+                          "[CTYPE_0]\nTYPE=Food;\nNAME=x;\n\n"
+                          "[QTYPE_0]\nQUALITY=x;\n\n"
+                          "[CURRENCY_0]\nSHORT=EUR;\n\n"),
                   &printed),
              0);
-    QCOMPARE(printed,
-             QStringLiteral("\nWayfernIO::ReadFileCType(CTYPE_0) : unknown header-entry : NAME\n"
-                            "\nWayfernIO::ReadFileQType(QTYPE_0) : unknown header-entry : QUALITY\n"
-                            "\nWayfernIO::ReadFileCurr(CURRENCY_0) : unknown header-entry : SHORT\n"));
+    QCOMPARE(
+        printed,
+        QStringLiteral("\nWayfernIO::ReadFileCType(CTYPE_0) : unknown header-entry : NAME\n"
+                       "\nWayfernIO::ReadFileQType(QTYPE_0) : unknown header-entry : QUALITY\n"
+                       "\nWayfernIO::ReadFileCurr(CURRENCY_0) : unknown header-entry : SHORT\n"));
     // The section gave a record all the same.
     QCOMPARE(doc.qtypes.count(), 1);
     QVERIFY(doc.qtypes.at(0)->type.isNull());
@@ -533,10 +549,11 @@ void TestJourneyFile::accountTraceIsPrintedForEveryAccountSection()
                                          "\n                                 ID   : %2"
                                          "\n                                 val  : %3"
                                          "\n                                 perc : %4");
-    QCOMPARE(printed, trace.arg("AB_0", "3", "-1.5000", "50.0000") +
-                          trace.arg("AB_1", "-2", "20.0000", "100.0000") +
-                          trace.arg("CD_0", "3", "-1.5000", "50.0000") +
-                          QStringLiteral("\nWayfernIO::ReadFileUserAccount - section not found : CD_1\n"));
+    QCOMPARE(printed,
+             trace.arg("AB_0", "3", "-1.5000", "50.0000")
+                 + trace.arg("AB_1", "-2", "20.0000", "100.0000")
+                 + trace.arg("CD_0", "3", "-1.5000", "50.0000")
+                 + QStringLiteral("\nWayfernIO::ReadFileUserAccount - section not found : CD_1\n"));
     QCOMPARE(doc.users.at(0)->kto.count(), 2);
     QCOMPARE(doc.users.at(1)->kto.count(), 1);
     QCOMPARE(doc.users.at(0)->kto.at(1)->type, QStringLiteral("deposit"));
@@ -552,8 +569,9 @@ void TestJourneyFile::emptyForeignValueReadsAsZero()
 void TestJourneyFile::emptyFactorReadsAsOne()
 {
     WayFernData doc;
-    QCOMPARE(read(doc, journey(withCount("CURRCOUNT", 1), "[CURRENCY_0]\nSHORT-TERM=X;\nFACTOR=;\n\n")),
-             0);
+    QCOMPARE(
+        read(doc, journey(withCount("CURRCOUNT", 1), "[CURRENCY_0]\nSHORT-TERM=X;\nFACTOR=;\n\n")),
+        0);
     QCOMPARE(doc.currencies.at(0)->factor, QStringLiteral("1.0"));
     QCOMPARE(doc.currencies.at(0)->invfactor, 1.0);
 }
@@ -563,9 +581,11 @@ void TestJourneyFile::nullOrEmptyExchangeStaysAsWritten()
     QByteArray counts = withCount("COSTSCOUNT", 2);
     counts.replace("CURRCOUNT=0;", "CURRCOUNT=1;");
     WayFernData doc;
-    QCOMPARE(read(doc, journey(counts, "[COSTS_0]\nCTYPE=EUR;\nEXCHANGE=(null);\n\n"
-                                       "[COSTS_1]\nCTYPE=EUR;\nEXCHANGE=;\n\n"
-                                       "[CURRENCY_0]\nSHORT-TERM=EUR;\nFACTOR=2.5;\n\n")),
+    QCOMPARE(read(doc,
+                  journey(counts,
+                          "[COSTS_0]\nCTYPE=EUR;\nEXCHANGE=(null);\n\n"
+                          "[COSTS_1]\nCTYPE=EUR;\nEXCHANGE=;\n\n"
+                          "[CURRENCY_0]\nSHORT-TERM=EUR;\nFACTOR=2.5;\n\n")),
              0);
     QCOMPARE(doc.costs.at(0)->exchange, QStringLiteral("(null)"));
     QCOMPARE(doc.costs.at(0)->exchangevalue, 0.0);
@@ -652,8 +672,9 @@ void TestJourneyFile::equalShortNamesShareAccountSections()
 void TestJourneyFile::customCountAboveLinesAtHandMergesNextSection()
 {
     QByteArray counts = withCount("TIPCOUNT", 2);
-    const QByteArray body = "[TIP_0]\nNAME=First;\nCUSTOMCNT=2;\nCUSTOMTEXT_0=Rooms;\nCUSTOMCONT_0=3;\n\n"
-                            "[TIP_1]\nNAME=Second;\nTOWN=Oslo;\n\n";
+    const QByteArray body =
+        "[TIP_0]\nNAME=First;\nCUSTOMCNT=2;\nCUSTOMTEXT_0=Rooms;\nCUSTOMCONT_0=3;\n\n"
+        "[TIP_1]\nNAME=Second;\nTOWN=Oslo;\n\n";
     WayFernData doc;
     QString printed;
     QCOMPARE(read(doc, journey(counts, body), &printed), 0);
@@ -664,8 +685,9 @@ void TestJourneyFile::customCountAboveLinesAtHandMergesNextSection()
     QCOMPARE(first->name, QStringLiteral("Second"));
     QCOMPARE(first->town, QStringLiteral("Oslo"));
     QCOMPARE(doc.tips.count(), 1);
-    QCOMPARE(printed, QStringLiteral("\nWayfernIO::ReadFileTips(TIP_0) : unknown header-entry : \n"
-                                     "\nWayfernIO::ReadFileTips - section not found : TIP_1\n"));
+    QCOMPARE(printed,
+             QStringLiteral("\nWayfernIO::ReadFileTips(TIP_0) : unknown header-entry : \n"
+                            "\nWayfernIO::ReadFileTips - section not found : TIP_1\n"));
 }
 
 void TestJourneyFile::sectionOutOfOrderLosesRestOfGroup()
@@ -742,7 +764,8 @@ void TestJourneyFile::textOutsideLatinOneIsKeptAsUtf8()
     QCOMPARE(io.WriteFile(out), 0);
     const QByteArray bytes = readBytes(out);
     QVERIFY(bytes.contains("JOURNEY-NAME=" + doc.journeyname.toUtf8() + ";\n"));
-    QVERIFY(bytes.contains("COMMENT=caf\xc3\xa9 \xe2\x82\xac" "5;\n"));
+    QVERIFY(bytes.contains("COMMENT=caf\xc3\xa9 \xe2\x82\xac"
+                           "5;\n"));
     WayFernData back;
     QCOMPARE(read(back, bytes), 0);
     QCOMPARE(back.journeyname, doc.journeyname);
@@ -802,7 +825,8 @@ void TestJourneyFile::unwritablePathFailsWithMessage()
     WayfernIO io(&doc);
     StdoutCapture out;
     QCOMPARE(io.WriteFile(impossible), -1);
-    QCOMPARE(out.text(), QStringLiteral("\nWayfernIO::WriteFile(%1) : file not open\n").arg(impossible));
+    QCOMPARE(out.text(),
+             QStringLiteral("\nWayfernIO::WriteFile(%1) : file not open\n").arg(impossible));
     QCOMPARE(readBytes(parent), QByteArray("x"));
 }
 
@@ -812,7 +836,8 @@ void TestJourneyFile::writeToDirectoryFailsWithMessage()
     WayfernIO io(&doc);
     StdoutCapture out;
     QCOMPARE(io.WriteFile(dir.path()), -1);
-    QCOMPARE(out.text(), QStringLiteral("\nWayfernIO::WriteFile(%1) : file not open\n").arg(dir.path()));
+    QCOMPARE(out.text(),
+             QStringLiteral("\nWayfernIO::WriteFile(%1) : file not open\n").arg(dir.path()));
     QVERIFY(QFileInfo(dir.path()).isDir());
 }
 

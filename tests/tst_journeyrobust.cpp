@@ -41,8 +41,9 @@ void TestJourneyRobust::emptyFileHasNoHeader()
     WayFernData doc;
     QString printed;
     QCOMPARE(read(doc, QByteArray(), &printed), -1);
-    QCOMPARE(printed, QStringLiteral("\nWayfernIO::ReadFile - section not found : Header\n"
-                                     "\nreading aborted\n"));
+    QCOMPARE(printed,
+             QStringLiteral("\nWayfernIO::ReadFile - section not found : Header\n"
+                            "\nreading aborted\n"));
 }
 
 void TestJourneyRobust::randomBytesNeverCrash()
@@ -66,15 +67,53 @@ void TestJourneyRobust::randomBytesBehindHeaderNeverCrash()
 {
     // Random lines built from the file's own words, so that sections, keys and counts of
     // every kind meet in random order.
-    const QList<QByteArray> words = {
-        "[Header]", "[COSTS_0]", "[COSTS_1]", "[TIP_0]", "[USER_0]", "[USER_1]", "[AB_0]",
-        "[AB_1]", "[CURRENCY_0]", "[CTYPE_0]", "[TTYPE_0]", "[QTYPE_0]", "", "", "", "#",
-        "COSTSCOUNT=2;", "TIPCOUNT=1;", "USERCOUNT=2;", "CURRCOUNT=1;", "CTYPECOUNT=1;",
-        "TTYPECOUNT=1;", "QTYPECOUNT=1;", "CUSTOMCNT=3;", "CUSTOMCNT=2147483647;",
-        "CUSTOM_0=x;", "CUSTOMTEXT_0=a;", "CUSTOMCONT_0=b;", "SHORT=AB;", "COUNT=2;",
-        "COUNT=-5;", "SHORT-TERM=AB;", "FACTOR=0;", "FVAL=1e308;", "CTYPE=AB;", "ID=x1f;",
-        "MAGIC=0x7fffffff;", "CHANGE=nan;", "EXCHANGE=(null);", "DATE=99.99.9999;",
-        "TYPE=\xff\xfe;", "USERFLAG=TRUE;", "=;", "==;;", ";", "\xc3\x28", "\r"};
+    const QList<QByteArray> words = {"[Header]",
+                                     "[COSTS_0]",
+                                     "[COSTS_1]",
+                                     "[TIP_0]",
+                                     "[USER_0]",
+                                     "[USER_1]",
+                                     "[AB_0]",
+                                     "[AB_1]",
+                                     "[CURRENCY_0]",
+                                     "[CTYPE_0]",
+                                     "[TTYPE_0]",
+                                     "[QTYPE_0]",
+                                     "",
+                                     "",
+                                     "",
+                                     "#",
+                                     "COSTSCOUNT=2;",
+                                     "TIPCOUNT=1;",
+                                     "USERCOUNT=2;",
+                                     "CURRCOUNT=1;",
+                                     "CTYPECOUNT=1;",
+                                     "TTYPECOUNT=1;",
+                                     "QTYPECOUNT=1;",
+                                     "CUSTOMCNT=3;",
+                                     "CUSTOMCNT=2147483647;",
+                                     "CUSTOM_0=x;",
+                                     "CUSTOMTEXT_0=a;",
+                                     "CUSTOMCONT_0=b;",
+                                     "SHORT=AB;",
+                                     "COUNT=2;",
+                                     "COUNT=-5;",
+                                     "SHORT-TERM=AB;",
+                                     "FACTOR=0;",
+                                     "FVAL=1e308;",
+                                     "CTYPE=AB;",
+                                     "ID=x1f;",
+                                     "MAGIC=0x7fffffff;",
+                                     "CHANGE=nan;",
+                                     "EXCHANGE=(null);",
+                                     "DATE=99.99.9999;",
+                                     "TYPE=\xff\xfe;",
+                                     "USERFLAG=TRUE;",
+                                     "=;",
+                                     "==;;",
+                                     ";",
+                                     "\xc3\x28",
+                                     "\r"};
     QRandomGenerator random(4711);
     for (int round = 0; round < 300; ++round) {
         QByteArray bytes = "[Header]\n";
@@ -125,13 +164,13 @@ void TestJourneyRobust::millionLinesAreRead()
     const int costs = 125000; // ten lines each, with the head and the empty line
     QByteArray bytes;
     bytes.reserve(costs * 110);
-    bytes += "[Header]\nCOSTSCOUNT=" + QByteArray::number(costs) +
-             ";\nCURRCOUNT=1;\nTIPCOUNT=0;\nUSERCOUNT=0;\nCTYPECOUNT=0;\nTTYPECOUNT=0;\n"
-             "QTYPECOUNT=0;\n\n";
+    bytes += "[Header]\nCOSTSCOUNT=" + QByteArray::number(costs)
+        + ";\nCURRCOUNT=1;\nTIPCOUNT=0;\nUSERCOUNT=0;\nCTYPECOUNT=0;\nTTYPECOUNT=0;\n"
+          "QTYPECOUNT=0;\n\n";
     for (int i = 0; i < costs; ++i) {
-        bytes += "[COSTS_" + QByteArray::number(i) + "]\nDATE=01.01.2002;\nTYPE=Food;\nFVAL=" +
-                 QByteArray::number(i % 100) + ";\nCTYPE=EUR;\nCOMMENT=;\nID=" +
-                 QByteArray::number(i + 1) + ";\nEXCHANGE=1.0;\nSHARED=FALSE;\n\n";
+        bytes += "[COSTS_" + QByteArray::number(i) + "]\nDATE=01.01.2002;\nTYPE=Food;\nFVAL="
+            + QByteArray::number(i % 100) + ";\nCTYPE=EUR;\nCOMMENT=;\nID="
+            + QByteArray::number(i + 1) + ";\nEXCHANGE=1.0;\nSHARED=FALSE;\n\n";
     }
     bytes += "[CURRENCY_0]\nSHORT-TERM=EUR;\nFACTOR=1.0;\n\n#end\n";
     QVERIFY(bytes.count('\n') > 1000000);
@@ -149,8 +188,8 @@ void TestJourneyRobust::millionLinesAreRead()
 void TestJourneyRobust::megabyteLinesAreRead()
 {
     const QByteArray big(1 << 20, 'x');
-    const QByteArray bytes = "[Header]\nJOURNEY-NAME=" + big + ";\nCOSTSCOUNT=1;\n" + big +
-                             "\n\n[COSTS_0]\nCOMMENT=" + big + ";\nTYPE=" + big + "Z;\n\n#end\n";
+    const QByteArray bytes = "[Header]\nJOURNEY-NAME=" + big + ";\nCOSTSCOUNT=1;\n" + big
+        + "\n\n[COSTS_0]\nCOMMENT=" + big + ";\nTYPE=" + big + "Z;\n\n#end\n";
     WayFernData doc;
     QString printed;
     QCOMPARE(read(doc, bytes, &printed), 0);
@@ -159,7 +198,8 @@ void TestJourneyRobust::megabyteLinesAreRead()
     QCOMPARE(doc.costs.at(0)->comment.size(), 1 << 20);
     QCOMPARE(doc.costs.at(0)->typeletter, QStringLiteral("Z"));
     // The line without "=" is one unknown entry with an empty key.
-    QVERIFY(printed.startsWith(QStringLiteral("\nWayfernIO::ReadFile(Header) : unknown header-entry : \n")));
+    QVERIFY(printed.startsWith(
+        QStringLiteral("\nWayfernIO::ReadFile(Header) : unknown header-entry : \n")));
 }
 
 void TestJourneyRobust::megabyteLineWithoutLineBreak()
@@ -177,8 +217,8 @@ void TestJourneyRobust::hugeCountsStopAtFirstMissingSection()
     for (const char *key : {"COSTSCOUNT", "TIPCOUNT", "USERCOUNT", "CURRCOUNT", "CTYPECOUNT",
                             "TTYPECOUNT", "QTYPECOUNT"})
         bytes += QByteArray(key) + "=" + max + ";\n";
-    bytes += "\n[COSTS_0]\nFVAL=1;\n\n[USER_0]\nSHORT=AB;\nCOUNT=" + max +
-             ";\n\n[AB_0]\nCHANGE=2;\n\n#end\n";
+    bytes += "\n[COSTS_0]\nFVAL=1;\n\n[USER_0]\nSHORT=AB;\nCOUNT=" + max
+        + ";\n\n[AB_0]\nCHANGE=2;\n\n#end\n";
     WayFernData doc;
     QString printed;
     QCOMPARE(read(doc, bytes, &printed), 0);
@@ -186,14 +226,14 @@ void TestJourneyRobust::hugeCountsStopAtFirstMissingSection()
     QCOMPARE(doc.users.count(), 1);
     QCOMPARE(doc.users.at(0)->kto.count(), 1);
     QCOMPARE(doc.users.at(0)->count, 2147483647);
-    for (const char *missing : {"ReadFileCType - section not found : CTYPE_0",
-                                "ReadFileTType - section not found : TTYPE_0",
-                                "ReadFileQType - section not found : QTYPE_0",
-                                "ReadFileCosts - section not found : COSTS_1",
-                                "ReadFileCurr - section not found : CURRENCY_0",
-                                "ReadFileTips - section not found : TIP_0",
-                                "ReadFileUsers - section not found : USER_1",
-                                "ReadFileUserAccount - section not found : AB_1"})
+    for (const char *missing :
+         {"ReadFileCType - section not found : CTYPE_0",
+          "ReadFileTType - section not found : TTYPE_0",
+          "ReadFileQType - section not found : QTYPE_0",
+          "ReadFileCosts - section not found : COSTS_1",
+          "ReadFileCurr - section not found : CURRENCY_0",
+          "ReadFileTips - section not found : TIP_0", "ReadFileUsers - section not found : USER_1",
+          "ReadFileUserAccount - section not found : AB_1"})
         QVERIFY2(printed.contains(QString::fromLatin1(missing)), missing);
 }
 
@@ -201,10 +241,11 @@ void TestJourneyRobust::hugeCustomCountStopsAtEmptyLine()
 {
     // The custom reader consumes the empty line that ends its block, so a second one ends
     // the section.
-    const QByteArray bytes = "[Header]\nCOSTSCOUNT=0;\nUSERCOUNT=0;\nCURRCOUNT=0;\nCTYPECOUNT=0;\n"
-                             "QTYPECOUNT=0;\nTIPCOUNT=1;\nTTYPECOUNT=1;\n\n"
-                             "[TTYPE_0]\nTYPE=Hotel;\nCUSTOMCNT=2147483647;\nCUSTOM_0=Rooms;\n\n\n"
-                             "[TIP_0]\nCUSTOMCNT=2147483647;\nCUSTOMTEXT_0=a;\nCUSTOMCONT_0=b;\n\n\n#end\n";
+    const QByteArray bytes =
+        "[Header]\nCOSTSCOUNT=0;\nUSERCOUNT=0;\nCURRCOUNT=0;\nCTYPECOUNT=0;\n"
+        "QTYPECOUNT=0;\nTIPCOUNT=1;\nTTYPECOUNT=1;\n\n"
+        "[TTYPE_0]\nTYPE=Hotel;\nCUSTOMCNT=2147483647;\nCUSTOM_0=Rooms;\n\n\n"
+        "[TIP_0]\nCUSTOMCNT=2147483647;\nCUSTOMTEXT_0=a;\nCUSTOMCONT_0=b;\n\n\n#end\n";
     WayFernData doc;
     QCOMPARE(read(doc, bytes), 0);
     // One record per line read, plus the one that met the empty line.

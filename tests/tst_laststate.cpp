@@ -95,8 +95,9 @@ void TestLastState::furtherKeysAreReportedAndLastFileKept()
     WayFernData doc;
     QString printed;
     QCOMPARE(read(doc, "[Header]\nWINDOW=max;\nLASTFILE=trip.wfn;\nTAB=2;\n\n#end\n", &printed), 0);
-    QCOMPARE(printed, QStringLiteral("\nWayfernIOLast::ReadFile(Header) : unknown header-entry : WINDOW\n"
-                                     "\nWayfernIOLast::ReadFile(Header) : unknown header-entry : TAB\n"));
+    QCOMPARE(printed,
+             QStringLiteral("\nWayfernIOLast::ReadFile(Header) : unknown header-entry : WINDOW\n"
+                            "\nWayfernIOLast::ReadFile(Header) : unknown header-entry : TAB\n"));
     QCOMPARE(doc.lastfile, QStringLiteral("trip.wfn"));
 }
 
@@ -131,7 +132,8 @@ void TestLastState::emptyDataPathTriesNameInWorkingDirectory()
     QVERIFY(doc.config.datapath.isEmpty());
     QVERIFY(!doc.config.datapath.isNull());
 
-    QVERIFY(writeBytes(dir.filePath(QStringLiteral("wayfern.last")), "[Header]\nLASTFILE=here.wfn;\n\n#\n"));
+    QVERIFY(writeBytes(dir.filePath(QStringLiteral("wayfern.last")),
+                       "[Header]\nLASTFILE=here.wfn;\n\n#\n"));
     const QString cwd = QDir::currentPath();
     QVERIFY(QDir::setCurrent(dir.path()));
     WayfernIOLast io(&doc);
@@ -150,8 +152,9 @@ void TestLastState::missingFileIsReported()
     WayfernIOLast io(&doc);
     StdoutCapture out;
     QCOMPARE(io.ReadFile(dir.path(), QStringLiteral("gone.last")), -1);
-    QCOMPARE(out.text(), QStringLiteral("\nWayfernIOLast::ReadFile - file not found (%1/gone.last)\n")
-                             .arg(dir.path()));
+    QCOMPARE(out.text(),
+             QStringLiteral("\nWayfernIOLast::ReadFile - file not found (%1/gone.last)\n")
+                 .arg(dir.path()));
 }
 
 void TestLastState::missingHeaderIsReported()
@@ -169,7 +172,8 @@ void TestLastState::writerFailureIsReported()
     const QString impossible = dir.filePath(QStringLiteral("no/such/dir/wayfern.last"));
     StdoutCapture out;
     QCOMPARE(io.WriteFile(impossible), -1);
-    QCOMPARE(out.text(), QStringLiteral("\nWayfernIOLast::WriteFile(%1) : file not open\n").arg(impossible));
+    QCOMPARE(out.text(),
+             QStringLiteral("\nWayfernIOLast::WriteFile(%1) : file not open\n").arg(impossible));
 }
 
 QTEST_GUILESS_MAIN(TestLastState)

@@ -30,8 +30,8 @@ QString content(QTreeWidget *list, const QString &branch, const QString &row)
     return QStringLiteral("<none>");
 }
 
-CostsData *addCost(WayFernData &doc, const QString &date, const QString &type,
-                   const QString &fval, const QString &currency)
+CostsData *addCost(WayFernData &doc, const QString &date, const QString &type, const QString &fval,
+                   const QString &currency)
 {
     CostsData *c = doc.costs.append();
     c->date = date;
@@ -59,23 +59,24 @@ private slots:
         WayfernApp app;
         QTreeWidget *list = app.view->OverListView;
         // 206.00 over 30.05. to 02.06.: a span of 3 days, both ends counted.
-        QCOMPARE(overviewRows(list), (QStringList{
-                                         "common|",
-                                         "  base currency|EUR",
-                                         "  journey|Lakes and Passes",
-                                         "costs|",
-                                         "  total|206.00",
-                                         "  perday|51.50",
-                                         "costs by category|",
-                                         "  Food|54.00",
-                                         "  Hotel|90.00",
-                                         "  Transport|50.00",
-                                         "  Museum|12.00",
-                                         "user account|",
-                                         "  AB|35.33",
-                                         "  CD|-64.67",
-                                         "  EF|-52.17",
-                                     }));
+        QCOMPARE(overviewRows(list),
+                 (QStringList{
+                     "common|",
+                     "  base currency|EUR",
+                     "  journey|Lakes and Passes",
+                     "costs|",
+                     "  total|206.00",
+                     "  perday|51.50",
+                     "costs by category|",
+                     "  Food|54.00",
+                     "  Hotel|90.00",
+                     "  Transport|50.00",
+                     "  Museum|12.00",
+                     "user account|",
+                     "  AB|35.33",
+                     "  CD|-64.67",
+                     "  EF|-52.17",
+                 }));
         QCOMPARE(app.doc->total, 206.0);
         QCOMPARE(app.doc->perday, 206.0 / 4);
         QCOMPARE(app.doc->totaltext, QStringLiteral("206.00"));

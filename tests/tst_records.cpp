@@ -22,16 +22,16 @@ namespace {
 using Fields = QStringList;
 
 // Each record's fields are listed once, below, and both filled and read through that list.
-#define RECORD_FIELDS(Type, ...)                                                             \
-    template <typename F>                                                                    \
-    auto withFields(Type &r, F f)                                                            \
-    {                                                                                        \
-        return f(#__VA_ARGS__, __VA_ARGS__);                                                 \
-    }                                                                                        \
-    template <typename F>                                                                    \
-    auto withFields(const Type &r, F f)                                                      \
-    {                                                                                        \
-        return f(#__VA_ARGS__, __VA_ARGS__);                                                 \
+#define RECORD_FIELDS(Type, ...)                                                                   \
+    template <typename F>                                                                          \
+    auto withFields(Type &r, F f)                                                                  \
+    {                                                                                              \
+        return f(#__VA_ARGS__, __VA_ARGS__);                                                       \
+    }                                                                                              \
+    template <typename F>                                                                          \
+    auto withFields(const Type &r, F f)                                                            \
+    {                                                                                              \
+        return f(#__VA_ARGS__, __VA_ARGS__);                                                       \
     }
 
 RECORD_FIELDS(KtoData, r.magic, r.percentage, r.change, r.date, r.type)
@@ -45,8 +45,8 @@ RECORD_FIELDS(TipData, r.date, r.name, r.street, r.pcode, r.town, r.tel, r.fax, 
 RECORD_FIELDS(UserData, r.date, r.short_, r.name, r.firstname, r.street, r.pcode, r.town, r.tel,
               r.fax, r.email, r.www, r.bank, r.blz, r.acount, r.value, r.count, r.kto, r.temp,
               r.item)
-RECORD_FIELDS(CurrData, r.short_, r.factor, r.fullname, r.type, r.floating, r.fix,
-              r.factorvalue, r.invfactor, r.item)
+RECORD_FIELDS(CurrData, r.short_, r.factor, r.fullname, r.type, r.floating, r.fix, r.factorvalue,
+              r.invfactor, r.item)
 RECORD_FIELDS(TTypeData, r.type, r.customs)
 
 QString asText(const QString &value)
@@ -117,11 +117,10 @@ Fields fieldsOf(const Record &record)
 Fields fieldsOf(const UserData &user)
 {
     const int current = user.kto.indexOf(user.actukto);
-    return withFields(user, NameFields())
-        << QStringLiteral("actukto=")
-               + (user.actukto == nullptr ? QStringLiteral("null")
-                  : current < 0           ? QStringLiteral("a line of another account")
-                                          : QStringLiteral("line %1").arg(current));
+    return withFields(user, NameFields()) << QStringLiteral("actukto=")
+        + (user.actukto == nullptr ? QStringLiteral("null")
+               : current < 0       ? QStringLiteral("a line of another account")
+                                   : QStringLiteral("line %1").arg(current));
 }
 
 // Fillers: field number `index` of a record filled with `seed` differs from its default
@@ -235,12 +234,12 @@ QStringList sameFields(const Fields &a, const Fields &b)
 
 } // namespace
 
-#define COMPARE_FIELDS(actual, expected)                                                     \
-    do {                                                                                     \
-        const Fields actualFields = (actual);                                                \
-        const Fields expectedFields = (expected);                                            \
-        QVERIFY2(actualFields == expectedFields,                                             \
-                 qPrintable(differences(actualFields, expectedFields)));                     \
+#define COMPARE_FIELDS(actual, expected)                                                           \
+    do {                                                                                           \
+        const Fields actualFields = (actual);                                                      \
+        const Fields expectedFields = (expected);                                                  \
+        QVERIFY2(actualFields == expectedFields,                                                   \
+                 qPrintable(differences(actualFields, expectedFields)));                           \
     } while (false)
 
 namespace {
@@ -593,10 +592,10 @@ void TestRecords::typeLetterIsFirstCapital_data()
     QTest::newRow("taxi") << QStringLiteral("taxi") << QStringLiteral("");
     QTest::newRow("empty") << QStringLiteral("") << QStringLiteral("");
     QTest::newRow("signs after Z") << QStringLiteral("a_b") << QStringLiteral("_");
-    QTest::newRow("Latin-1 capital skipped") << QStringLiteral("\u00c4rger Zoll")
-                                             << QStringLiteral("Z");
-    QTest::newRow("outside Latin-1 skipped") << QStringLiteral("\u20ac fee Tax")
-                                             << QStringLiteral("T");
+    QTest::newRow("Latin-1 capital skipped")
+        << QStringLiteral("\u00c4rger Zoll") << QStringLiteral("Z");
+    QTest::newRow("outside Latin-1 skipped")
+        << QStringLiteral("\u20ac fee Tax") << QStringLiteral("T");
     QTest::newRow("longer than any buffer")
         << (QString(5000, QLatin1Char('x')) + QStringLiteral("Q")) << QStringLiteral("Q");
 }
@@ -620,9 +619,10 @@ void TestRecords::costWithoutIdKeepsDefaultAndNewCostGetsPositiveId()
 {
     QTemporaryDir dir;
     const QString path = dir.filePath(QStringLiteral("noid.wfn"));
-    QVERIFY(writeBytes(path, "[Header]\nCOSTSCOUNT=1;\nCURRCOUNT=0;\nUSERCOUNT=0;\nTIPCOUNT=0;\n"
-                             "CTYPECOUNT=0;\nTTYPECOUNT=0;\nQTYPECOUNT=0;\n\n"
-                             "[COSTS_0]\nDATE=01.02.2003;\nFVAL=3;\n\n#end\n"));
+    QVERIFY(writeBytes(path,
+                       "[Header]\nCOSTSCOUNT=1;\nCURRCOUNT=0;\nUSERCOUNT=0;\nTIPCOUNT=0;\n"
+                       "CTYPECOUNT=0;\nTTYPECOUNT=0;\nQTYPECOUNT=0;\n\n"
+                       "[COSTS_0]\nDATE=01.02.2003;\nFVAL=3;\n\n#end\n"));
     WayFernData doc;
     WayfernIO io(&doc);
     StdoutCapture out;
@@ -740,8 +740,8 @@ void TestRecords::swapCostsExchangesEveryFieldButSharedAndItem()
 void TestRecords::swapTipsExchangesEveryFieldButItem()
 {
     WayFernData doc;
-    checkExchangeMovesEveryFieldButPosition(
-        doc.tips, [&doc](TipData *a, TipData *b) { doc.swapTips(a, b); });
+    checkExchangeMovesEveryFieldButPosition(doc.tips,
+                                            [&doc](TipData *a, TipData *b) { doc.swapTips(a, b); });
 }
 
 void TestRecords::dateSortOfCostsMovesEveryFieldButSharedAndItem()

@@ -57,8 +57,9 @@ private slots:
         QCOMPARE(seen->title, QStringLiteral("Quit ... "));
         QCOMPARE(seen->text,
                  QStringLiteral("You have modified the data!\nDo you want to save the changes ?"));
-        QCOMPARE(order, (QList<QMessageBox::StandardButton>{QMessageBox::Yes, QMessageBox::No,
-                                                             QMessageBox::Cancel}));
+        QCOMPARE(order,
+                 (QList<QMessageBox::StandardButton>{QMessageBox::Yes, QMessageBox::No,
+                                                     QMessageBox::Cancel}));
         QCOMPARE(defaultButton, QMessageBox::Yes);
         QCOMPARE(boxParent, &parent);
     }

@@ -73,15 +73,42 @@ void TestScQtUtil::splitRecordTable_data()
     QTest::addColumn<QString>("value");
     QTest::addColumn<QString>("rest");
     QTest::addColumn<int>("result");
-    QTest::newRow("plain") << "TOWN=Bad Ems;" << "TOWN" << "Bad Ems" << "" << 0;
-    QTest::newRow("equals in value") << "A=B=C;" << "A" << "B=C" << "" << 0;
-    QTest::newRow("two records") << "A=B;C=D;" << "A" << "B" << "C=D;" << 0;
-    QTest::newRow("empty value") << "A=;" << "A" << "" << "" << 0;
-    QTest::newRow("empty key") << "=x;" << "" << "x" << "" << 0;
-    QTest::newRow("no semicolon") << "A=x" << "A" << "" << "" << -1;
-    QTest::newRow("no equals sign") << "a comment without the sign" << "" << "" << "" << -1;
-    QTest::newRow("blanks kept") << "FIRST NAME= Anna ;" << "FIRST NAME" << " Anna " << "" << 0;
-    QTest::newRow("quotes are text") << "A=\"x\";" << "A" << "\"x\"" << "" << 0;
+    QTest::newRow("plain") << "TOWN=Bad Ems;"
+                           << "TOWN"
+                           << "Bad Ems"
+                           << "" << 0;
+    QTest::newRow("equals in value") << "A=B=C;"
+                                     << "A"
+                                     << "B=C"
+                                     << "" << 0;
+    QTest::newRow("two records") << "A=B;C=D;"
+                                 << "A"
+                                 << "B"
+                                 << "C=D;" << 0;
+    QTest::newRow("empty value") << "A=;"
+                                 << "A"
+                                 << ""
+                                 << "" << 0;
+    QTest::newRow("empty key") << "=x;"
+                               << ""
+                               << "x"
+                               << "" << 0;
+    QTest::newRow("no semicolon") << "A=x"
+                                  << "A"
+                                  << ""
+                                  << "" << -1;
+    QTest::newRow("no equals sign") << "a comment without the sign"
+                                    << ""
+                                    << ""
+                                    << "" << -1;
+    QTest::newRow("blanks kept") << "FIRST NAME= Anna ;"
+                                 << "FIRST NAME"
+                                 << " Anna "
+                                 << "" << 0;
+    QTest::newRow("quotes are text") << "A=\"x\";"
+                                     << "A"
+                                     << "\"x\""
+                                     << "" << 0;
 }
 
 void TestScQtUtil::splitRecordTable()
@@ -281,8 +308,9 @@ void TestScQtUtil::writeRecordForms()
     QCOMPARE(util.writeRecord(&out, QStringLiteral("D"), -14.81, QStringLiteral("%.4f")), 0);
     QCOMPARE(util.writeRecord(&out, QStringLiteral("N"), QString()), 0);
     out.flush();
-    QCOMPARE(text, QStringLiteral("S=a b;\nT=TRUE;\nF=FALSE;\nI=-42;\nU=42;\nSH=-7;\nUSH=65535;\n"
-                                  "L=-5000000000;\nUL=5000000000;\nFL=0.50;\nD=-14.8100;\nN=;\n"));
+    QCOMPARE(text,
+             QStringLiteral("S=a b;\nT=TRUE;\nF=FALSE;\nI=-42;\nU=42;\nSH=-7;\nUSH=65535;\n"
+                            "L=-5000000000;\nUL=5000000000;\nFL=0.50;\nD=-14.8100;\nN=;\n"));
 }
 
 void TestScQtUtil::percentInValueIsHarmless()
@@ -366,13 +394,19 @@ void TestScQtUtil::fileBaseNameCutsLastExtension_data()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("base");
-    QTest::newRow("trip.wfn") << "trip.wfn" << "trip";
-    QTest::newRow("a.b.c") << "a.b.c" << "a.b";
-    QTest::newRow("journey") << "journey" << "";
-    QTest::newRow("leading dot") << ".hidden" << "";
-    QTest::newRow("empty") << "" << "";
+    QTest::newRow("trip.wfn") << "trip.wfn"
+                              << "trip";
+    QTest::newRow("a.b.c") << "a.b.c"
+                           << "a.b";
+    QTest::newRow("journey") << "journey"
+                             << "";
+    QTest::newRow("leading dot") << ".hidden"
+                                 << "";
+    QTest::newRow("empty") << ""
+                           << "";
     QTest::newRow("null") << QString() << "";
-    QTest::newRow("dot at 1") << "a.wfn" << "a";
+    QTest::newRow("dot at 1") << "a.wfn"
+                              << "a";
 }
 
 void TestScQtUtil::fileBaseNameCutsLastExtension()

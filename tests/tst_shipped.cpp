@@ -109,8 +109,7 @@ void TestShipped::firstStartPreparesConfigurationAndJourneys()
     env.remove(QStringLiteral("WAYFERN_DATA"));
     env.insert(QStringLiteral("WAYFERN_HELPPROG"), QStringLiteral("/usr/bin/true"));
     prepare.setProcessEnvironment(env);
-    prepare.start(QStringLiteral("bash"),
-                  {share + QStringLiteral("/../scripts/prepare-user.sh")});
+    prepare.start(QStringLiteral("bash"), {share + QStringLiteral("/../scripts/prepare-user.sh")});
     QVERIFY(prepare.waitForFinished(30000));
     QCOMPARE(prepare.exitCode(), 0);
 
@@ -139,7 +138,8 @@ void TestShipped::laterStartKeepsUsersFiles()
     const auto run = [&] {
         QProcess prepare;
         prepare.setProcessEnvironment(env);
-        prepare.start(QStringLiteral("bash"), {share + QStringLiteral("/../scripts/prepare-user.sh")});
+        prepare.start(QStringLiteral("bash"),
+                      {share + QStringLiteral("/../scripts/prepare-user.sh")});
         return prepare.waitForFinished(30000) && prepare.exitCode() == 0;
     };
     QVERIFY(run());

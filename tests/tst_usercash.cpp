@@ -4,9 +4,9 @@
 #include "dialogs/calenderedit.h"
 #include "editors/usercashedit.h"
 #include "editors/userktoedit.h"
+#include "formcheck.h"
 #include "forms/usercashdlg.h"
 #include "forms/userktodlg.h"
-#include "formcheck.h"
 #include "modalhelper.h"
 #include "paytestutil.h"
 #include "widgetreaders.h"
@@ -229,9 +229,8 @@ void TestUserCash::cashFormHasItsWidgetsInOrder()
     UserCashDlg form;
     QCOMPARE(form.objectName(), QString("UserCashDlg"));
     QCOMPARE(FormCheck::childWidgets(&form),
-             QStringList({"ComboBox:QComboBox", "OkButton:QToolButton",
-                          "CancelButton:QToolButton", "LineEdit:QLineEdit", "TextLabel:QLabel",
-                          "DateButton:QToolButton"}));
+             QStringList({"ComboBox:QComboBox", "OkButton:QToolButton", "CancelButton:QToolButton",
+                          "LineEdit:QLineEdit", "TextLabel:QLabel", "DateButton:QToolButton"}));
     QCOMPARE(form.windowTitle(), QString("Form1"));
     QVERIFY(!form.ComboBox->isEditable());
 
@@ -260,16 +259,10 @@ void TestUserCash::cashFormLayout()
 {
     UserCashDlg form;
     QCOMPARE(FormCheck::layoutOutline(form.layout()),
-             (QStringList{"QVBoxLayout margins 11 spacing 6",
-                          "  QHBoxLayout margins 0 spacing 6",
-                          "    ComboBox",
-                          "    spacer 20x20 Expanding",
-                          "    OkButton",
-                          "    CancelButton",
-                          "  QHBoxLayout margins 0 spacing 6",
-                          "    LineEdit",
-                          "    TextLabel",
-                          "    DateButton"}));
+             (QStringList{"QVBoxLayout margins 11 spacing 6", "  QHBoxLayout margins 0 spacing 6",
+                          "    ComboBox", "    spacer 20x20 Expanding", "    OkButton",
+                          "    CancelButton", "  QHBoxLayout margins 0 spacing 6", "    LineEdit",
+                          "    TextLabel", "    DateButton"}));
     QCOMPARE(form.DateButton->minimumSize(), QSize(20, 0));
 }
 
@@ -296,8 +289,8 @@ void TestUserCash::cashFormConnections()
     form.ComboBox->addItems({"one", "two"});
     form.ComboBox->setFocus();
     QTest::keyClick(form.ComboBox, Qt::Key_Down);
-    QCOMPARE(form.calls, QStringList({"slotOk", "slotCancel", "slotSelectButton",
-                                      "slotComboChanged two"}));
+    QCOMPARE(form.calls,
+             QStringList({"slotOk", "slotCancel", "slotSelectButton", "slotComboChanged two"}));
     // Typing reaches no slot.
     QTest::keyClicks(form.LineEdit, "12");
     QCOMPARE(form.calls.size(), 4);
@@ -636,9 +629,9 @@ void TestUserCash::ktoFormHasItsWidgetsInOrder()
 {
     UserKtoDlg form;
     QCOMPARE(form.objectName(), QString("UserKtoDlg"));
-    QCOMPARE(FormCheck::childWidgets(&form),
-             QStringList({"ValTextLabel:QLabel", "CloseButton:QToolButton",
-                          "ListView:QTreeWidget"}));
+    QCOMPARE(
+        FormCheck::childWidgets(&form),
+        QStringList({"ValTextLabel:QLabel", "CloseButton:QToolButton", "ListView:QTreeWidget"}));
     QCOMPARE(form.windowTitle(), QString("Form1"));
 }
 
@@ -668,11 +661,8 @@ void TestUserCash::ktoFormLayoutAndHeaders()
 {
     UserKtoDlg form;
     QCOMPARE(FormCheck::layoutOutline(form.layout()),
-             (QStringList{"QVBoxLayout margins 11 spacing 6",
-                          "  QHBoxLayout margins 0 spacing 6",
-                          "    ValTextLabel",
-                          "    spacer 20x20 Expanding",
-                          "    CloseButton",
+             (QStringList{"QVBoxLayout margins 11 spacing 6", "  QHBoxLayout margins 0 spacing 6",
+                          "    ValTextLabel", "    spacer 20x20 Expanding", "    CloseButton",
                           "  ListView"}));
     QTreeWidgetItem *header = form.ListView->headerItem();
     QCOMPARE(form.ListView->columnCount(), 3);
@@ -746,9 +736,9 @@ void TestUserCash::ktoNewestLineOnTopWithRunningTotal()
     dlg.hide();
     dlg.prepare(user);
     QCOMPARE(dlg.ValTextLabel->text(), QString("56.67 EUR"));
-    QCOMPARE(treeRows(dlg.ListView), QStringList({"03.05.2002|-10.00|56.67",
-                                                  "02.05.2002|-33.33|66.67",
-                                                  "01.05.2002|100.00|100.00"}));
+    QCOMPARE(treeRows(dlg.ListView),
+             QStringList({"03.05.2002|-10.00|56.67", "02.05.2002|-33.33|66.67",
+                          "01.05.2002|100.00|100.00"}));
 
     // A second traveller replaces the rows of the first.
     UserData *other = j.addUser("CD");
@@ -783,9 +773,9 @@ void TestUserCash::ktoLinesOfAllKindsAndZeroChangesShowAlike()
     userKtoEdit dlg(nullptr, "User account", true, &j.doc);
     dlg.hide();
     dlg.prepare(user);
-    QCOMPARE(treeRows(dlg.ListView), QStringList({"03.05.2002|-5.00|15.00",
-                                                  "02.05.2002|20.00|20.00",
-                                                  "01.05.2002|-0.00|0.00"}));
+    QCOMPARE(
+        treeRows(dlg.ListView),
+        QStringList({"03.05.2002|-5.00|15.00", "02.05.2002|20.00|20.00", "01.05.2002|-0.00|0.00"}));
 }
 
 void TestUserCash::ktoCloseAcceptsAndChangesNothing()

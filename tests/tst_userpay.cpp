@@ -5,8 +5,8 @@
 #include "dialogs/calenderedit.h"
 #include "editors/userktoedit.h"
 #include "editors/userpayedit.h"
-#include "forms/userpaydlg.h"
 #include "formcheck.h"
+#include "forms/userpaydlg.h"
 #include "modalhelper.h"
 #include "paytestutil.h"
 #include "stdoutcapture.h"
@@ -191,8 +191,8 @@ QString pointerText(const void *pointer)
 }
 
 // The lines that copyActuToTmp prints for one traveller and his line.
-QString copyTrace(const QString &shortName, const KtoData *line, const char *val,
-                  const char *perc, const QString &date)
+QString copyTrace(const QString &shortName, const KtoData *line, const char *val, const char *perc,
+                  const QString &date)
 {
     return QStringLiteral("\nuserPayEdit::copyActuToTmp - user = ") + shortName
         + QStringLiteral("\n                           - actukto  = ") + pointerText(line)
@@ -326,10 +326,9 @@ void TestUserPay::formHasItsWidgetsInOrder()
     UserPayDlg form;
     QCOMPARE(form.objectName(), QString("UserPayDlg"));
     QCOMPARE(FormCheck::childWidgets(&form),
-             QStringList({"ValTextLabel:QLabel", "OkButton:QToolButton",
-                          "CancelButton:QToolButton", "ShareButton:QToolButton",
-                          "LineEdit:QLineEdit", "TextLabel:QLabel", "ToolButton:QToolButton",
-                          "ListView:QTreeWidget"}));
+             QStringList({"ValTextLabel:QLabel", "OkButton:QToolButton", "CancelButton:QToolButton",
+                          "ShareButton:QToolButton", "LineEdit:QLineEdit", "TextLabel:QLabel",
+                          "ToolButton:QToolButton", "ListView:QTreeWidget"}));
     QCOMPARE(form.windowTitle(), QString("Form1"));
     UserPayDlg named(nullptr, "User costs", true);
     QCOMPARE(named.objectName(), QString("User costs"));
@@ -356,19 +355,12 @@ void TestUserPay::editorKeepsTheFormsNamesTextsAndTips()
 void TestUserPay::formLayout()
 {
     UserPayDlg form;
-    QCOMPARE(FormCheck::layoutOutline(form.layout()),
-             (QStringList{"QVBoxLayout margins 11 spacing 6",
-                          "  QHBoxLayout margins 0 spacing 6",
-                          "    ValTextLabel",
-                          "    spacer 20x20 Expanding",
-                          "    OkButton",
-                          "    CancelButton",
-                          "  QHBoxLayout margins 0 spacing 6",
-                          "    ShareButton",
-                          "    LineEdit",
-                          "    TextLabel",
-                          "    ToolButton",
-                          "  ListView"}));
+    QCOMPARE(
+        FormCheck::layoutOutline(form.layout()),
+        (QStringList{"QVBoxLayout margins 11 spacing 6", "  QHBoxLayout margins 0 spacing 6",
+                     "    ValTextLabel", "    spacer 20x20 Expanding", "    OkButton",
+                     "    CancelButton", "  QHBoxLayout margins 0 spacing 6", "    ShareButton",
+                     "    LineEdit", "    TextLabel", "    ToolButton", "  ListView"}));
 }
 
 void TestUserPay::formFramesAndAlignment()
@@ -408,8 +400,7 @@ void TestUserPay::formConnections()
     QTest::mouseClick(form.CancelButton, Qt::LeftButton);
     QTest::mouseClick(form.ShareButton, Qt::LeftButton);
     QTest::mouseClick(form.ToolButton, Qt::LeftButton);
-    QCOMPARE(form.calls,
-             QStringList({"slotOk", "slotCancel", "slotShare", "slotSelectButton"}));
+    QCOMPARE(form.calls, QStringList({"slotOk", "slotCancel", "slotShare", "slotSelectButton"}));
 
     form.calls.clear();
     QTest::keyClicks(form.LineEdit, "5");
@@ -503,8 +494,9 @@ void TestUserPay::preparePrintsAmountIdAndEveryLine()
     cd->date = "01.02.2002";
     StdoutCapture out;
     s.dlg.prepare(25.125, "01.02.2002", &s.calendar, 7);
-    QCOMPARE(out.text(), QStringLiteral("\nuserPayEdit::prepare - shareval = 25.1250"
-                                        "\n                       ID = 7")
+    QCOMPARE(out.text(),
+             QStringLiteral("\nuserPayEdit::prepare - shareval = 25.1250"
+                            "\n                       ID = 7")
                  + copyTrace("AB", s.line(0, 7), "0.0000", "0.0000", "")
                  + copyTrace("CD", cd, "-12.5000", "50.0000", "01.02.2002"));
 }
@@ -517,8 +509,9 @@ void TestUserPay::preparePrintsTheSharedLinesAsStored()
     QTest::mouseClick(s.dlg.OkButton, Qt::LeftButton);
 
     const QString printed = s.open(-7.5, 12, "24.12.2002", false);
-    QCOMPARE(printed, QStringLiteral("\nuserPayEdit::prepare - shareval = -7.5000"
-                                        "\n                       ID = 12")
+    QCOMPARE(printed,
+             QStringLiteral("\nuserPayEdit::prepare - shareval = -7.5000"
+                            "\n                       ID = 12")
                  + copyTrace("Zo\u00eb", s.line(0, 12), "-33.3300", "33.3000", "24.12.2002")
                  + copyTrace("CD", s.line(1, 12), "-33.3300", "33.3000", "24.12.2002")
                  + copyTrace("EF", s.line(2, 12), "-33.3300", "33.3000", "24.12.2002"));
@@ -757,8 +750,9 @@ void TestUserPay::shareButtonDividesAmongAllUsersAndTicksEveryRow()
     QTest::mouseClick(s.dlg.ShareButton, Qt::LeftButton);
     QVERIFY2(box->handled && box->error.isEmpty(), qPrintable(box->error));
     QCOMPARE(pictures(s.dlg.ListView), QStringList({"tick", "tick", "tick", "tick"}));
-    QCOMPARE(rowTexts(s.dlg.ListView), QStringList({"AB|25.0|-12.50|", "CD|25.0|-12.50|",
-                                                    "EF|25.0|-12.50|", "GH|25.0|-12.50|"}));
+    QCOMPARE(
+        rowTexts(s.dlg.ListView),
+        QStringList({"AB|25.0|-12.50|", "CD|25.0|-12.50|", "EF|25.0|-12.50|", "GH|25.0|-12.50|"}));
     QTest::mouseClick(s.dlg.OkButton, Qt::LeftButton);
     for (int i = 0; i < 4; ++i)
         QCOMPARE(s.line(i, 1)->change, -12.5);
@@ -813,8 +807,7 @@ void TestUserPay::doubleClickingARowPutsItsValueIntoTheEditLine()
     QVERIFY(s.tap(0, 2));
     QCOMPARE(s.dlg.LineEdit->text(), QString("0.00"));
     const QRect cell = s.dlg.ListView->visualRect(s.dlg.ListView->indexFromItem(s.row(1), 3));
-    QTest::mouseDClick(s.dlg.ListView->viewport(), Qt::LeftButton, Qt::NoModifier,
-                       cell.center());
+    QTest::mouseDClick(s.dlg.ListView->viewport(), Qt::LeftButton, Qt::NoModifier, cell.center());
     QCOMPARE(s.dlg.LineEdit->text(), QString("-10.00"));
     QCOMPARE(s.dlg.ListView->currentItem(), s.row(1));
 }
@@ -870,8 +863,7 @@ void TestUserPay::aLaterTickOverwritesHandEnteredValuesOfAllRows()
     QVERIFY(s.tap(0));
     QVERIFY(s.typeInRow(0, "-1"));
     QVERIFY(s.typeInRow(2, "-2"));
-    QCOMPARE(rowTexts(s.dlg.ListView),
-             QStringList({"AB|100.0|-1|", "CD|0.0|0.00|", "EF|0.0|-2|"}));
+    QCOMPARE(rowTexts(s.dlg.ListView), QStringList({"AB|100.0|-1|", "CD|0.0|0.00|", "EF|0.0|-2|"}));
     QVERIFY(s.tap(1));
     QCOMPARE(rowTexts(s.dlg.ListView),
              QStringList({"AB|50.0|-15.00|", "CD|50.0|-15.00|", "EF|0.0|0.00|"}));
@@ -944,8 +936,9 @@ void TestUserPay::noUsersLeavesTheListEmptyAndOkAcceptsWithoutChange()
     PaySetup s;
     StdoutCapture out;
     s.dlg.prepare(25.0, "03.05.2002", &s.calendar, 9);
-    QCOMPARE(out.text(), QString("\nuserPayEdit::prepare - shareval = 25.0000"
-                                 "\n                       ID = 9"));
+    QCOMPARE(out.text(),
+             QString("\nuserPayEdit::prepare - shareval = 25.0000"
+                     "\n                       ID = 9"));
     s.dlg.show();
     QCOMPARE(s.dlg.ListView->topLevelItemCount(), 0);
     QTest::mouseClick(s.dlg.OkButton, Qt::LeftButton);
@@ -990,8 +983,9 @@ void TestUserPay::travellerWithoutLineEndsTheRows()
     s.doc.users.at(1)->removeKto(s.line(1, 1));
     const QString printed = s.reopen(30.0, 1);
     // The lookup from the end stops at CD; AB keeps the line that addAllKto gave him.
-    QCOMPARE(printed, QStringLiteral("\nuserPayEdit::prepare - shareval = 30.0000"
-                                        "\n                       ID = 1")
+    QCOMPARE(printed,
+             QStringLiteral("\nuserPayEdit::prepare - shareval = 30.0000"
+                            "\n                       ID = 1")
                  + copyTrace("AB", s.line(0, 1), "0.0000", "0.0000", ""));
     QCOMPARE(rowTexts(s.dlg.ListView), QStringList({"AB|0.0|0.00|"}));
     QVERIFY(s.tap(0));

@@ -251,8 +251,7 @@ private slots:
         QVERIFY(v->InsertButton->isEnabled());
         QVERIFY(v->TInsertButton->isEnabled());
         for (QToolButton *b : {v->ChangeButton, v->DeleteButton, v->CopyButton, v->PasteButton,
-                               v->TChangeButton, v->TDeleteButton, v->TCopyButton,
-                               v->TPasteButton})
+                               v->TChangeButton, v->TDeleteButton, v->TCopyButton, v->TPasteButton})
             QVERIFY(!b->isEnabled());
 
         v->show();
@@ -403,9 +402,10 @@ private slots:
         {
             StdoutCapture out;
             QVERIFY(v->loadView(missing));
-            QCOMPARE(out.text(), QStringLiteral("\nWayfernIO::ReadFile - file not found (%1)\n"
-                                                "\nWayfernView::loadView - not able to read %1")
-                                     .arg(missing));
+            QCOMPARE(out.text(),
+                     QStringLiteral("\nWayfernIO::ReadFile - file not found (%1)\n"
+                                    "\nWayfernView::loadView - not able to read %1")
+                         .arg(missing));
         }
         // A failed read changes nothing.
         QCOMPARE(app.doc->costs.count(), 5);
@@ -422,10 +422,11 @@ private slots:
         {
             StdoutCapture out;
             QVERIFY(!v->loadLast());
-            QCOMPARE(out.text(),
-                     QStringLiteral("\nWayfernIOLast::ReadFile - file not found (%1/gone/wayfern.last)\n"
-                                    "\nWayfernView::loadLast - not able to read %1/gone/wayfern.last")
-                         .arg(fx.dataDir()));
+            QCOMPARE(
+                out.text(),
+                QStringLiteral("\nWayfernIOLast::ReadFile - file not found (%1/gone/wayfern.last)\n"
+                               "\nWayfernView::loadLast - not able to read %1/gone/wayfern.last")
+                    .arg(fx.dataDir()));
         }
         app.doc->config.cfgpath = fx.dataDir() + QStringLiteral("/nocfg");
         {
@@ -467,11 +468,13 @@ private slots:
         QStringList dialogs;
         for (QDialog *d : v->findChildren<QDialog *>(Qt::FindDirectChildrenOnly))
             dialogs << d->objectName() + u':' + QString::fromLatin1(d->metaObject()->className());
-        QCOMPARE(dialogs, (QStringList{"Input costs:costsEdit", "base settings:baseEdit",
-                                       "Calendar:calenderEdit"}));
+        QCOMPARE(dialogs,
+                 (QStringList{"Input costs:costsEdit", "base settings:baseEdit",
+                              "Calendar:calenderEdit"}));
         QCOMPARE(v->costsInput->windowTitle(), QStringLiteral("Costs"));
         QCOMPARE(v->baseInput->windowTitle(), QStringLiteral("Base Info"));
-        for (QDialog *d : std::initializer_list<QDialog *>{v->costsInput, v->baseInput, v->calendar}) {
+        for (QDialog *d :
+             std::initializer_list<QDialog *>{v->costsInput, v->baseInput, v->calendar}) {
             QVERIFY(d->isHidden());
             QVERIFY(d->isModal());
         }
@@ -530,7 +533,8 @@ private slots:
         showCosts(app);
         WayfernView *v = app.view;
         QTreeWidget *list = v->CostsListView;
-        QCOMPARE(itemTexts(list->topLevelItem(3)), (QStringList{"01.06", "M", "12.00", "18.00", "CHF"}));
+        QCOMPARE(itemTexts(list->topLevelItem(3)),
+                 (QStringList{"01.06", "M", "12.00", "18.00", "CHF"}));
         ModalTicket calendar, share;
         ModalTicket dialog = inNextCostsDialog([&](costsEdit *ed, ModalOutcome &out) {
             if (ed->actu != app.doc->costs.at(3))
@@ -552,7 +556,8 @@ private slots:
         QVERIFY2(calendar && calendar->handled && calendar->error.isEmpty(),
                  calendar ? qPrintable(calendar->error) : "no calendar");
         QVERIFY2(share && share->handled, share ? qPrintable(share->error) : "no share");
-        QCOMPARE(itemTexts(list->topLevelItem(0)), (QStringList{"29.05", "M", "12.00", "18.00", "CHF"}));
+        QCOMPARE(itemTexts(list->topLevelItem(0)),
+                 (QStringList{"29.05", "M", "12.00", "18.00", "CHF"}));
         QCOMPARE(list->selectedItems(), QList<QTreeWidgetItem *>{list->topLevelItem(0)});
         QCOMPARE(list->currentItem(), list->topLevelItem(0));
         QCOMPARE(v->actucost, app.doc->costs.at(0));
@@ -588,12 +593,14 @@ private slots:
         QTest::mouseClick(v->DeleteButton, Qt::LeftButton);
         QVERIFY2(box->handled, qPrintable(box->error));
         QCOMPARE(box->title, QStringLiteral("Delete item"));
-        QCOMPARE(box->text, QStringLiteral("Delete entry\n45.00 USD\nor 50.00 EUR\n\nconfirm with yes !"));
+        QCOMPARE(box->text,
+                 QStringLiteral("Delete entry\n45.00 USD\nor 50.00 EUR\n\nconfirm with yes !"));
         QCOMPARE(box->buttons, QMessageBox::Yes | QMessageBox::Cancel);
         QCOMPARE(box->icon, QMessageBox::Information);
         QCOMPARE(app.doc->costs.count(), 5);
         QCOMPARE(v->actucost, boat);
-        QCOMPARE(v->CostsListView->selectedItems(), QList<QTreeWidgetItem *>{v->CostsListView->topLevelItem(2)});
+        QCOMPARE(v->CostsListView->selectedItems(),
+                 QList<QTreeWidgetItem *>{v->CostsListView->topLevelItem(2)});
         QCOMPARE(v->CostsListView->currentItem(), v->CostsListView->topLevelItem(2));
         QCOMPARE(linesOf(*app.doc, 3), 3);
         QVERIFY(!app.doc->isModified());
@@ -752,9 +759,9 @@ private slots:
         QVERIFY2(dialog->handled && dialog->error.isEmpty(), qPrintable(dialog->error));
         QVERIFY2(calendar && calendar->handled, calendar ? qPrintable(calendar->error) : "");
         QVERIFY2(share && share->handled, share ? qPrintable(share->error) : "");
-        QCOMPARE(opened, (QStringList{"date|", "type|", "short|", "currency type|",
-                                      "foreign value|", "base value|", "exch. rate|",
-                                      "comment|"}));
+        QCOMPARE(opened,
+                 (QStringList{"date|", "type|", "short|", "currency type|", "foreign value|",
+                              "base value|", "exch. rate|", "comment|"}));
         QCOMPARE(doc.costs.count(), 1);
         QCOMPARE(doc.costs.first()->fval, QStringLiteral("12"));
         QCOMPARE(WidgetReaders::treeRows(v->CostsListView), (QStringList{"||0.0|12|"}));

@@ -129,7 +129,8 @@ void TestWidgetUtil::getContentReadsTheRowByItsLabel()
 {
     QTreeWidget view;
     view.setColumnCount(2);
-    addRows(&view, {{"Date", "01.05.2002"}, {"Type", "Food"}, {"Value", "12.50"}, {"Type", "Hotel"}});
+    addRows(&view,
+            {{"Date", "01.05.2002"}, {"Type", "Food"}, {"Value", "12.50"}, {"Type", "Hotel"}});
     QCOMPARE(ScQtWidgetUtil::getContent(&view, "Type", 1), QString("Food"));
     QCOMPARE(ScQtWidgetUtil::getContent(&view, "Value", 1), QString("12.50"));
     QCOMPARE(ScQtWidgetUtil::getContent(&view, "Value", 0), QString("Value"));
@@ -178,7 +179,8 @@ void TestWidgetUtil::findItemComparesTheGivenColumn()
 {
     QTreeWidget view;
     view.setColumnCount(3);
-    addRows(&view, {{"EUR", "1.0000", "Euro"}, {"USD", "0.9000", "Dollar"}, {"CHF", "0.9000", "Franken"}});
+    addRows(&view,
+            {{"EUR", "1.0000", "Euro"}, {"USD", "0.9000", "Dollar"}, {"CHF", "0.9000", "Franken"}});
     QCOMPARE(ScQtWidgetUtil::findItem(&view, "USD", 0), view.topLevelItem(1));
     QCOMPARE(ScQtWidgetUtil::findItem(&view, "Franken", 2), view.topLevelItem(2));
     // The first of equal texts.

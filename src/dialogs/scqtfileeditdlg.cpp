@@ -7,8 +7,7 @@
 
 ScQtFileEditDlg::ScQtFileEditDlg(QWidget *parent, const char *name, const QString &dir,
                                  const QString &filter_)
-    : ScQtFileDlg(parent, name, true),
-      fileDir(dir, filter_, QDir::IgnoreCase, QDir::AllEntries)
+    : ScQtFileDlg(parent, name, true), fileDir(dir, filter_, QDir::IgnoreCase, QDir::AllEntries)
 {
     dirName = dir;
     filter = filter_;

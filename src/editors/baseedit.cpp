@@ -49,11 +49,10 @@ void baseEdit::fillList()
 {
     ListView->clear();
     // The rows show the document's values, top to bottom.
-    const QList<QStringList> rows{
-        {rowTitle, document->journeyname},
-        {rowBase, document->basecurrency},
-        {rowDistance, document->distancetype},
-        {rowUser, document->userflag ? tr("yes") : tr("no")}};
+    const QList<QStringList> rows{{rowTitle, document->journeyname},
+                                  {rowBase, document->basecurrency},
+                                  {rowDistance, document->distancetype},
+                                  {rowUser, document->userflag ? tr("yes") : tr("no")}};
     QList<QTreeWidgetItem *> items;
     for (const QStringList &row : rows)
         items.append(new QTreeWidgetItem(row));
@@ -101,7 +100,8 @@ void baseEdit::checkBaseCurrency()
     if (tmp.basecurrency == document->basecurrency)
         return;
     const auto answer = QMessageBox::information(
-        this, tr("Cancel"), tr("You have modified the base currency!\nDo you want to use the new one ?"),
+        this, tr("Cancel"),
+        tr("You have modified the base currency!\nDo you want to use the new one ?"),
         QMessageBox::Yes | QMessageBox::No);
     if (answer == QMessageBox::Yes) {
         basechanged = true;
@@ -116,8 +116,7 @@ void baseEdit::checkBaseCurrency()
 void baseEdit::checkChanges()
 {
     if (tmp.userflag != document->userflag || tmp.journeyname != document->journeyname
-        || tmp.basecurrency != document->basecurrency
-        || tmp.distancetype != document->distancetype)
+        || tmp.basecurrency != document->basecurrency || tmp.distancetype != document->distancetype)
         modified = true;
 }
 

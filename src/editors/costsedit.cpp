@@ -74,10 +74,10 @@ void costsEdit::prepare(CostsData *cost, calenderEdit *cal)
 void costsEdit::fillList()
 {
     ListView->clear();
-    const QList<QStringList> rows{
-        {rowDate, tmp.date},      {rowType, tmp.type},     {rowShort, tmp.typeletter},
-        {rowCurrency, tmp.ctype}, {rowForeign, tmp.fval},  {rowBase, tmp.bval},
-        {rowExchange, tmp.exchange}, {rowComment, tmp.comment}};
+    const QList<QStringList> rows{{rowDate, tmp.date},         {rowType, tmp.type},
+                                  {rowShort, tmp.typeletter},  {rowCurrency, tmp.ctype},
+                                  {rowForeign, tmp.fval},      {rowBase, tmp.bval},
+                                  {rowExchange, tmp.exchange}, {rowComment, tmp.comment}};
     QList<QTreeWidgetItem *> items;
     for (const QStringList &row : rows)
         items.append(new QTreeWidgetItem(row));

@@ -37,11 +37,11 @@ public:
     QString rowExchange;
 
     CostsData tmp;
-    CostsData *actu = nullptr;   // not owned
+    CostsData *actu = nullptr;        // not owned
     calenderEdit *calendar = nullptr; // not owned
-    QString costDate;            // the date as last confirmed in the calendar
-    bool shareEdited = false;    // the share dialog was confirmed since prepare
-    userPayEdit *userPay = nullptr; // child of this dialog
+    QString costDate;                 // the date as last confirmed in the calendar
+    bool shareEdited = false;         // the share dialog was confirmed since prepare
+    userPayEdit *userPay = nullptr;   // child of this dialog
 
 public slots:
     void slotUserPay() override;

@@ -23,8 +23,7 @@ public:
 
     // `type` is the stored word, "deposit" or "pay off". An empty date opens the calendar
     // at once.
-    void prepare(QString type, QString date, UserData *user, KtoData *line,
-                 calenderEdit *calendar);
+    void prepare(QString type, QString date, UserData *user, KtoData *line, calenderEdit *calendar);
 
     // Ends the dialog. The line and its traveller belong to the caller, who removes a
     // rejected line again: the dialog lets go of both, so nothing reaches them afterwards.

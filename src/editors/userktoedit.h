@@ -31,6 +31,6 @@ protected:
 
 private:
     ScQtWidgetUtil util;
-    UserData *user = nullptr;         // not owned
-    WayFernData *document = nullptr;  // not owned
+    UserData *user = nullptr;        // not owned
+    WayFernData *document = nullptr; // not owned
 };

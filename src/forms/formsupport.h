@@ -9,13 +9,13 @@
 // The forms' pixmaps live in a static library, and nothing would pull their registration
 // in: every form calls its resource file's function before it builds its widgets. Each file
 // is registered once per program.
-#define WAYFERN_REGISTER_RESOURCE_ONCE(qrc)                                                     \
-    do {                                                                                       \
-        static const bool registered = [] {                                                    \
-            Q_INIT_RESOURCE(qrc);                                                              \
-            return true;                                                                       \
-        }();                                                                                   \
-        Q_UNUSED(registered);                                                                  \
+#define WAYFERN_REGISTER_RESOURCE_ONCE(qrc)                                                        \
+    do {                                                                                           \
+        static const bool registered = [] {                                                        \
+            Q_INIT_RESOURCE(qrc);                                                                  \
+            return true;                                                                           \
+        }();                                                                                       \
+        Q_UNUSED(registered);                                                                      \
     } while (false)
 
 // forms.qrc: the pictures of the common dialogs.

@@ -18,8 +18,9 @@ void connectItemContentForm(Form *form)
     QObject::connect(form->OkButton, &QToolButton::clicked, form, [form] { form->slotOK(); });
     QObject::connect(form->CancelButton, &QToolButton::clicked, form,
                      [form] { form->slotCancel(); });
-    QObject::connect(form->ListView, &QTreeWidget::itemSelectionChanged, form,
-                     [form] { form->slotSelectionChanged(form->ListView->selectedItems().value(0)); });
+    QObject::connect(form->ListView, &QTreeWidget::itemSelectionChanged, form, [form] {
+        form->slotSelectionChanged(form->ListView->selectedItems().value(0));
+    });
     QObject::connect(form->LineEdit, &QLineEdit::textChanged, form,
                      [form](const QString &text) { form->slotTextChanged(text); });
     QObject::connect(form->ToolButton, &QToolButton::clicked, form,

@@ -97,8 +97,7 @@ void WayfernApp::initActions()
          QT_TR_NOOP("Opens the base dialog\n\nused for basic settings"), ":/shell/openbase.xpm"},
         {&openCurr, QT_TR_NOOP("Open Currency Dialog"), QT_TR_NOOP("&Currency"),
          QT_TR_NOOP("Ctrl+C"), QT_TR_NOOP("Opens the currency dialog"),
-         QT_TR_NOOP("Opens the currency dialog\n\nused currency settings"),
-         ":/shell/opencurr.xpm"},
+         QT_TR_NOOP("Opens the currency dialog\n\nused currency settings"), ":/shell/opencurr.xpm"},
         {&openUser, QT_TR_NOOP("Open User Dialog"), QT_TR_NOOP("&User"), QT_TR_NOOP("Ctrl+U"),
          QT_TR_NOOP("Opens the user dialog"),
          QT_TR_NOOP("Opens the user dialog\n\nuser input / data manipulation"),
@@ -153,8 +152,7 @@ void WayfernApp::initActions()
     connect(viewStatusBar, &QAction::toggled, this, &WayfernApp::slotViewStatusBar);
 
     // The accelerators belong to the window, so they work with the toolbar hidden too.
-    addActions({fileNew, fileOpen, fileSave, fileSaveAs, openBase, openCurr, openUser,
-                openHelp});
+    addActions({fileNew, fileOpen, fileSave, fileSaveAs, openBase, openCurr, openUser, openHelp});
 }
 
 void WayfernApp::initMenuBar()
@@ -230,10 +228,9 @@ bool WayfernApp::queryModified(const QString &caption)
 bool WayfernApp::queryExit()
 {
     // Nothing asks this; closing goes through slotFileQuit.
-    const int answer = QMessageBox::information(this, tr("Quit..."),
-                                                tr("Do your really want to quit?"),
-                                                QMessageBox::Ok | QMessageBox::Cancel,
-                                                QMessageBox::Ok);
+    const int answer =
+        QMessageBox::information(this, tr("Quit..."), tr("Do your really want to quit?"),
+                                 QMessageBox::Ok | QMessageBox::Cancel, QMessageBox::Ok);
     return answer == QMessageBox::Ok;
 }
 
@@ -272,9 +269,8 @@ void WayfernApp::slotFileOpen()
     if (!queryModified(tr("Open file ... ")))
         return;
     statusBar()->showMessage(tr("Opening file..."));
-    const QString path = ScQtFileEdit::getOpenFileName(this, "",
-                                                       doc->config.datapath,
-                                                       QStringLiteral("*.wfn"));
+    const QString path =
+        ScQtFileEdit::getOpenFileName(this, "", doc->config.datapath, QStringLiteral("*.wfn"));
     if (path.isEmpty()) {
         statusBar()->showMessage(tr("Opening aborted"), 2000);
         return;
@@ -302,9 +298,8 @@ void WayfernApp::slotFileSave()
 void WayfernApp::slotFileSaveAs()
 {
     statusBar()->showMessage(tr("Saving file under new filename..."));
-    const QString path = ScQtFileEdit::getSaveFileName(this, "",
-                                                       doc->config.datapath,
-                                                       QStringLiteral("*.wfn"));
+    const QString path =
+        ScQtFileEdit::getSaveFileName(this, "", doc->config.datapath, QStringLiteral("*.wfn"));
     if (path.isEmpty()) {
         statusBar()->showMessage(tr("Saving aborted"), 2000);
         return;

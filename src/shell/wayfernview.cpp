@@ -188,9 +188,9 @@ void WayfernView::fillCosts()
     items.reserve(doc->costs.count());
     QTreeWidgetItem *current = nullptr;
     for (CostsData *cost : doc->costs) {
-        auto *item = new QTreeWidgetItem(QStringList{ScQtUtil::fileBaseName(cost->date),
-                                                     cost->typeletter, cost->bval, cost->fval,
-                                                     cost->ctype});
+        auto *item =
+            new QTreeWidgetItem(QStringList{ScQtUtil::fileBaseName(cost->date), cost->typeletter,
+                                            cost->bval, cost->fval, cost->ctype});
         item->setTextAlignment(2, Qt::AlignRight | Qt::AlignVCenter);
         item->setTextAlignment(3, Qt::AlignRight | Qt::AlignVCenter);
         if (icons)
@@ -219,8 +219,7 @@ void WayfernView::fillTips()
     for (TipData *tip : doc->tips) {
         const char letter = *doc->firstCapital(tip->tiptype);
         tip->typeletter = letter ? QString(QLatin1Char(letter)) : QStringLiteral("");
-        auto *item = new QTreeWidgetItem(QStringList{tip->typeletter, tip->name,
-                                                     tip->qualitytype});
+        auto *item = new QTreeWidgetItem(QStringList{tip->typeletter, tip->name, tip->qualitytype});
         tip->item = item;
         if (tip == actutip)
             current = item;
@@ -317,15 +316,15 @@ void WayfernView::fillOverview()
 
     auto *category = new QTreeWidgetItem(OverListView, QStringList{labelCategory});
     for (const CTypeData *row : doc->ctypes)
-        new QTreeWidgetItem(category, QStringList{row->type, QString::asprintf(
-                                                                  "%.2f", categorySum(row->type))});
+        new QTreeWidgetItem(
+            category, QStringList{row->type, QString::asprintf("%.2f", categorySum(row->type))});
     category->setExpanded(false);
 
     if (doc->userflag) {
         auto *users = new QTreeWidgetItem(OverListView, QStringList{labelUser});
         for (const UserData *user : doc->users)
-            new QTreeWidgetItem(users, QStringList{user->short_,
-                                                   QString::asprintf("%.2f", user->value)});
+            new QTreeWidgetItem(users,
+                                QStringList{user->short_, QString::asprintf("%.2f", user->value)});
         users->setExpanded(false);
     }
 }

@@ -11,7 +11,8 @@
 #if defined(__GNUC__)
 __attribute__((format(printf, 1, 2)))
 #endif
-inline void printLine(const char *format, ...)
+inline void
+printLine(const char *format, ...)
 {
     va_list args;
     va_start(args, format);

@@ -17,8 +17,8 @@ bool RecordSink::open()
 
 QByteArray RecordSink::encode(const QString &text)
 {
-    const bool latin1 = std::all_of(text.begin(), text.end(),
-                                    [](QChar c) { return c.unicode() < 0x100; });
+    const bool latin1 =
+        std::all_of(text.begin(), text.end(), [](QChar c) { return c.unicode() < 0x100; });
     return latin1 ? text.toLatin1() : text.toUtf8();
 }
 

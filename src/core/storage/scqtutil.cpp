@@ -105,8 +105,8 @@ void ScQtUtil::writeFileHead(QTextStream *stream, const char *type, const char *
             << QString::asprintf("# written from wayfern : %s\n", Wayfern::version)
             << QString::asprintf("# last modified : date = %02d.%02d.%04d\n", d.day(), d.month(),
                                  d.year())
-            << QString::asprintf("#                 time = %02d:%02d:%02d\n", t.hour(),
-                                 t.minute(), t.second())
+            << QString::asprintf("#                 time = %02d:%02d:%02d\n", t.hour(), t.minute(),
+                                 t.second())
             << "#\n"
             << "# File is automatically generated, dont modify manually\n"
             << "#\n\n";
@@ -121,8 +121,7 @@ int writeFormatted(QTextStream *stream, const QString &key, T value, const QStri
 }
 } // namespace
 
-int ScQtUtil::writeRecord(QTextStream *stream, const QString &key, int value,
-                          const QString &format)
+int ScQtUtil::writeRecord(QTextStream *stream, const QString &key, int value, const QString &format)
 {
     return writeFormatted(stream, key, value, format);
 }

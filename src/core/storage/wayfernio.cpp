@@ -66,17 +66,19 @@ QString WayfernIO::shared(QStringView value)
 }
 
 template <typename Record, typename Dispatch, typename After>
-int WayfernIO::readGroup(RecordStream *stream, const char *reader, const QString &prefix,
-                         int count, RecordList<Record> &list, Dispatch dispatch, After after)
+int WayfernIO::readGroup(RecordStream *stream, const char *reader, const QString &prefix, int count,
+                         RecordList<Record> &list, Dispatch dispatch, After after)
 {
     QString section = prefix;
     for (int index = 0; index < count; ++index) {
         // Built in place: a large journey has hundreds of thousands of sections.
         char number[16];
         section.truncate(prefix.size());
-        section.append(QLatin1StringView(number, std::to_chars(number, number + sizeof number, index).ptr));
+        section.append(
+            QLatin1StringView(number, std::to_chars(number, number + sizeof number, index).ptr));
         if (findSection(stream, section, index == 0) != 0) {
-            printLine("\nWayfernIO::%s - section not found : %s\n", reader, cstr(section).constData());
+            printLine("\nWayfernIO::%s - section not found : %s\n", reader,
+                      cstr(section).constData());
             return -1;
         }
         // The record exists before any key is read: an empty section still gives one.
@@ -92,8 +94,8 @@ int WayfernIO::readGroup(RecordStream *stream, const char *reader, const QString
 }
 
 template <typename Record, typename Dispatch>
-int WayfernIO::readGroup(RecordStream *stream, const char *reader, const QString &prefix,
-                         int count, RecordList<Record> &list, Dispatch dispatch)
+int WayfernIO::readGroup(RecordStream *stream, const char *reader, const QString &prefix, int count,
+                         RecordList<Record> &list, Dispatch dispatch)
 {
     return readGroup(stream, reader, prefix, count, list, dispatch,
                      [](Record *, const QString &) {});
@@ -209,36 +211,36 @@ int WayfernIO::ReadFileQType(RecordStream *stream, int count)
 
 int WayfernIO::ReadFileCosts(RecordStream *stream, int count)
 {
-    return readGroup(
-        stream, "ReadFileCosts", QStringLiteral("COSTS_"), count, document->costs,
-        [&](CostsData *cost, QStringView key, QStringView value) {
-            if (keyIs(key, u"DATE")) {
-                cost->date = shared(value);
-            } else if (keyIs(key, u"TYPE")) {
-                cost->type = shared(value);
-            } else if (keyIs(key, u"FVAL")) {
-                cost->fval = value.isEmpty() ? QStringLiteral("0.0") : stringValue(value);
-            } else if (keyIs(key, u"CTYPE")) {
-                cost->ctype = shared(value);
-            } else if (keyIs(key, u"COMMENT")) {
-                cost->comment = stringValue(value);
-            } else if (keyIs(key, u"ID")) {
-                cost->id = toInt(value);
-            } else if (keyIs(key, u"EXCHANGE")) {
-                cost->exchange = shared(value);
-                // Costs come before the currencies, so in a normal read nothing is found
-                // here and the text stays as it stood.
-                const CurrData *curr = document->findCurrency(cost->ctype);
-                if (curr && (cost->exchange == u"(null)" || cost->exchange.isEmpty()))
-                    cost->exchange = curr->factor;
-                cost->exchangevalue = cost->exchange.toDouble();
-            } else if (keyIs(key, u"SHARED")) {
-                cost->shared = toBool(stringValue(value));
-            } else {
-                return false;
-            }
-            return true;
-        });
+    return readGroup(stream, "ReadFileCosts", QStringLiteral("COSTS_"), count, document->costs,
+                     [&](CostsData *cost, QStringView key, QStringView value) {
+                         if (keyIs(key, u"DATE")) {
+                             cost->date = shared(value);
+                         } else if (keyIs(key, u"TYPE")) {
+                             cost->type = shared(value);
+                         } else if (keyIs(key, u"FVAL")) {
+                             cost->fval = value.isEmpty() ? QStringLiteral("0.0")
+                                                          : stringValue(value);
+                         } else if (keyIs(key, u"CTYPE")) {
+                             cost->ctype = shared(value);
+                         } else if (keyIs(key, u"COMMENT")) {
+                             cost->comment = stringValue(value);
+                         } else if (keyIs(key, u"ID")) {
+                             cost->id = toInt(value);
+                         } else if (keyIs(key, u"EXCHANGE")) {
+                             cost->exchange = shared(value);
+                             // Costs come before the currencies, so in a normal read nothing is found
+                             // here and the text stays as it stood.
+                             const CurrData *curr = document->findCurrency(cost->ctype);
+                             if (curr && (cost->exchange == u"(null)" || cost->exchange.isEmpty()))
+                                 cost->exchange = curr->factor;
+                             cost->exchangevalue = cost->exchange.toDouble();
+                         } else if (keyIs(key, u"SHARED")) {
+                             cost->shared = toBool(stringValue(value));
+                         } else {
+                             return false;
+                         }
+                         return true;
+                     });
 }
 
 int WayfernIO::ReadFileCurr(RecordStream *stream, int count)
@@ -248,8 +250,8 @@ int WayfernIO::ReadFileCurr(RecordStream *stream, int count)
                          if (keyIs(key, u"SHORT-TERM"))
                              curr->short_ = stringValue(value);
                          else if (keyIs(key, u"FACTOR"))
-                             curr->factor =
-                                 value.isEmpty() ? QStringLiteral("1.0") : stringValue(value);
+                             curr->factor = value.isEmpty() ? QStringLiteral("1.0")
+                                                            : stringValue(value);
                          else if (keyIs(key, u"FULL-NAME"))
                              curr->fullname = stringValue(value);
                          else if (keyIs(key, u"TYPE"))
@@ -363,13 +365,20 @@ int WayfernIO::ReadFileUserAccount(RecordStream *stream, UserData *user, int cou
             QByteArray trace = "\nWayfernIO::ReadFileUserAccount - hstr : " + cstr(section);
             char number[64];
             trace += "\n                                 ID   : ";
-            trace.append(number, std::to_chars(number, number + sizeof number, line->magic).ptr - number);
+            trace.append(number,
+                         std::to_chars(number, number + sizeof number, line->magic).ptr - number);
             trace += "\n                                 val  : ";
-            trace.append(number, std::to_chars(number, number + sizeof number, line->change,
-                                               std::chars_format::fixed, 4).ptr - number);
+            trace.append(number,
+                         std::to_chars(number, number + sizeof number, line->change,
+                                       std::chars_format::fixed, 4)
+                                 .ptr
+                             - number);
             trace += "\n                                 perc : ";
-            trace.append(number, std::to_chars(number, number + sizeof number, line->percentage,
-                                               std::chars_format::fixed, 4).ptr - number);
+            trace.append(number,
+                         std::to_chars(number, number + sizeof number, line->percentage,
+                                       std::chars_format::fixed, 4)
+                                 .ptr
+                             - number);
             fwrite(trace.constData(), 1, size_t(trace.size()), stdout);
             fflush(stdout);
         });
@@ -532,12 +541,13 @@ void WayfernIO::WriteFileUserAccount(QTextStream *stream, UserData *user)
 
 void WayfernIO::WriteFileCurr(QTextStream *stream)
 {
-    writeGroup(stream, QStringLiteral("CURRENCY_"), document->currencies, [&](const CurrData *curr) {
-        writeRecord(stream, QStringLiteral("SHORT-TERM"), curr->short_);
-        writeRecord(stream, QStringLiteral("FACTOR"), curr->factor);
-        writeRecord(stream, QStringLiteral("FULL-NAME"), curr->fullname);
-        writeRecord(stream, QStringLiteral("TYPE"), curr->type);
-    });
+    writeGroup(stream, QStringLiteral("CURRENCY_"), document->currencies,
+               [&](const CurrData *curr) {
+                   writeRecord(stream, QStringLiteral("SHORT-TERM"), curr->short_);
+                   writeRecord(stream, QStringLiteral("FACTOR"), curr->factor);
+                   writeRecord(stream, QStringLiteral("FULL-NAME"), curr->fullname);
+                   writeRecord(stream, QStringLiteral("TYPE"), curr->type);
+               });
 }
 
 void WayfernIO::WriteFileCTType(QTextStream *stream, const RecordList<CustomData> &customs)

@@ -45,8 +45,8 @@ int WayfernIOCfg::ReadFile(const QString &path, const QString &name)
         else if (keyIs(key, u"POSTFIX"))
             config.postfix = stringValue(value);
         else
-            printLine("\nWayfernIOCfg::ReadFile(%s) : unknown syncheader-entry : %s\n",
-                      "HTMLSYNC", key.toUtf8().constData());
+            printLine("\nWayfernIOCfg::ReadFile(%s) : unknown syncheader-entry : %s\n", "HTMLSYNC",
+                      key.toUtf8().constData());
     });
     return 0;
 }
