@@ -9,13 +9,11 @@ set -euo pipefail
 packages=(
   # compiler, make and CMake
   build-essential cmake
-  # Qt Core, Widgets and Test with moc, uic and rcc; find_package(Qt6 Widgets) also needs
-  # the OpenGL headers and libraries
-  qt6-base-dev qt6-base-dev-tools libgl-dev
+  # Qt Core, Widgets and Test with moc, uic and rcc (the OpenGL headers that
+  # find_package(Qt6 Widgets) looks for come with qt6-base-dev)
+  qt6-base-dev qt6-base-dev-tools
   # the VNC platform that the run command serves the window with when there is no display
   qt6-qpa-plugins
-  # the rate grabber fetches its pages with it
-  wget
 )
 for extra in "$@"; do
   case "$extra" in
