@@ -31,17 +31,19 @@ qint64 referenceDay(ScQtUtil &util, const QString &date)
 }
 
 // The bubble sort that the view's sort must agree with, exchanging through the document.
-void bubbleSortCosts(WayFernData &doc)
+template <class Record>
+void bubbleSort(WayFernData &doc, RecordList<Record> &list,
+                void (WayFernData::*exchange)(Record *, Record *))
 {
     ScQtUtil util;
-    const int n = doc.costs.count();
+    const int n = list.count();
     for (int outer = 0; outer < n; ++outer) {
         bool changed = false;
         for (int a = 0; a + 1 < n; ++a) {
-            CostsData *x = doc.costs.at(a);
-            CostsData *y = doc.costs.at(a + 1);
+            Record *x = list.at(a);
+            Record *y = list.at(a + 1);
             if (referenceDay(util, y->date) - referenceDay(util, x->date) < 0) {
-                doc.swapCosts(x, y);
+                (doc.*exchange)(x, y);
                 changed = true;
             }
         }
@@ -50,23 +52,14 @@ void bubbleSortCosts(WayFernData &doc)
     }
 }
 
+void bubbleSortCosts(WayFernData &doc)
+{
+    bubbleSort(doc, doc.costs, &WayFernData::swapCosts);
+}
+
 void bubbleSortTips(WayFernData &doc)
 {
-    ScQtUtil util;
-    const int n = doc.tips.count();
-    for (int outer = 0; outer < n; ++outer) {
-        bool changed = false;
-        for (int a = 0; a + 1 < n; ++a) {
-            TipData *x = doc.tips.at(a);
-            TipData *y = doc.tips.at(a + 1);
-            if (referenceDay(util, y->date) - referenceDay(util, x->date) < 0) {
-                doc.swapTips(x, y);
-                changed = true;
-            }
-        }
-        if (!changed)
-            break;
-    }
+    bubbleSort(doc, doc.tips, &WayFernData::swapTips);
 }
 
 QString randomDate(QRandomGenerator &rng)
