@@ -59,6 +59,7 @@ private slots:
     void unknownHeaderEntryIsReported();
     void unknownSectionEntryNamesReaderAndSection();
     void accountTraceIsPrintedForEveryAccountSection();
+    void accountTracePrintsHugeNumbersWhole();
     void emptyForeignValueReadsAsZero();
     void emptyFactorReadsAsOne();
     void nullOrEmptyExchangeStaysAsWritten();
@@ -557,6 +558,27 @@ void TestJourneyFile::accountTraceIsPrintedForEveryAccountSection()
     QCOMPARE(doc.users.at(0)->kto.count(), 2);
     QCOMPARE(doc.users.at(1)->kto.count(), 1);
     QCOMPARE(doc.users.at(0)->kto.at(1)->type, QStringLiteral("deposit"));
+}
+
+void TestJourneyFile::accountTracePrintsHugeNumbersWhole()
+{
+    // Longer than any buffer a number is usually formatted in: the trace must still give
+    // the whole "%.4f" text of the value and nothing else.
+    const QByteArray body = "[USER_0]\nSHORT=AB;\nCOUNT=1;\n\n"
+                            "[AB_0]\nMAGIC=1;\nCHANGE=1e100;\nPERCENTAGE=-1e80;\n\n";
+    WayFernData doc;
+    QString printed;
+    QCOMPARE(read(doc, journey(withCount("USERCOUNT", 1), body), &printed), 0);
+    QCOMPARE(printed,
+             QStringLiteral("\nWayfernIO::ReadFileUserAccount - hstr : AB_0"
+                            "\n                                 ID   : 1"
+                            "\n                                 val  : "
+                            "100000000000000001590289110975991804683608085639452813897813"
+                            "27557747838772170381060813469985856815104.0000"
+                            "\n                                 perc : "
+                            "-10000000000000000002660986470836727653740240118120080909813"
+                            "1977453489758916313088.0000"));
+    QCOMPARE(doc.users.at(0)->kto.at(0)->change, 1e100);
 }
 
 void TestJourneyFile::emptyForeignValueReadsAsZero()

@@ -25,6 +25,20 @@ QByteArray text(QStringView view)
     return view.toUtf8();
 }
 
+// The text of "%.4f", appended. The account trace prints two for every account line, so the
+// common case is formatted by hand, far cheaper than printf; a value too long for the buffer
+// goes through printf's own formatting.
+void appendFixed4(QByteArray &out, double value)
+{
+    char number[64];
+    const auto [end, error] =
+        std::to_chars(number, number + sizeof number, value, std::chars_format::fixed, 4);
+    if (error == std::errc())
+        out.append(number, end - number);
+    else
+        out += QString::asprintf("%.4f", value).toLatin1();
+}
+
 // Numbered sections "[<prefix><n>]", n from 0, one for each record of `list`: `keys`
 // writes the lines of a record, and an empty line ends its section.
 template <typename Record, typename Keys>
@@ -360,25 +374,15 @@ int WayfernIO::ReadFileUserAccount(RecordStream *stream, UserData *user, int cou
             return true;
         },
         [](KtoData *line, const QString &section) {
-            // Printed for every account line of a journey, so it is formatted by hand:
-            // the same text as "%d" and "%.4f", at a fraction of printf's cost.
+            // Printed for every account line of a journey: the same text as "%d" and
+            // "%.4f", without printf.
             QByteArray trace = "\nWayfernIO::ReadFileUserAccount - hstr : " + cstr(section);
-            char number[64];
             trace += "\n                                 ID   : ";
-            trace.append(number,
-                         std::to_chars(number, number + sizeof number, line->magic).ptr - number);
+            trace += QByteArray::number(line->magic);
             trace += "\n                                 val  : ";
-            trace.append(number,
-                         std::to_chars(number, number + sizeof number, line->change,
-                                       std::chars_format::fixed, 4)
-                                 .ptr
-                             - number);
+            appendFixed4(trace, line->change);
             trace += "\n                                 perc : ";
-            trace.append(number,
-                         std::to_chars(number, number + sizeof number, line->percentage,
-                                       std::chars_format::fixed, 4)
-                                 .ptr
-                             - number);
+            appendFixed4(trace, line->percentage);
             fwrite(trace.constData(), 1, size_t(trace.size()), stdout);
             fflush(stdout);
         });
