@@ -73,6 +73,7 @@ private slots:
     void amountsRoundedOnWriting();
     void latinOneTextIsWrittenAsLatinOneBytes();
     void textOutsideLatinOneIsKeptAsUtf8();
+    void latinOneTextThatLooksLikeUtf8ReadsBackUnchanged();
     void latinOneFileWithHighBytesReadsAsLatinOne();
     void failedSaveKeepsOldFile();
     void unwritablePathFailsWithMessage();
@@ -793,6 +794,19 @@ void TestJourneyFile::textOutsideLatinOneIsKeptAsUtf8()
     QCOMPARE(back.journeyname, doc.journeyname);
     QCOMPARE(back.basecurrency, doc.basecurrency);
     QCOMPARE(back.costs.at(0)->comment, cost->comment);
+}
+
+void TestJourneyFile::latinOneTextThatLooksLikeUtf8ReadsBackUnchanged()
+{
+    // In Latin-1, "\u00c3\u00a9" is the bytes C3 A9: valid UTF-8 for one other letter.
+    WayFernData doc;
+    doc.journeyname = QStringLiteral("\u00c3\u00a9t\u00c3\u00a9");
+    WayfernIO io(&doc);
+    const QString out = path(QStringLiteral("lookalike.wfn"));
+    QCOMPARE(io.WriteFile(out), 0);
+    WayFernData back;
+    QCOMPARE(read(back, readBytes(out)), 0);
+    QCOMPARE(back.journeyname, doc.journeyname);
 }
 
 void TestJourneyFile::latinOneFileWithHighBytesReadsAsLatinOne()

@@ -27,6 +27,7 @@ private slots:
     void missingFileIsReported();
     void missingHeaderIsReported();
     void writerFailureIsReported();
+    void latinOneNameThatLooksLikeUtf8ReadsBackUnchanged();
 
 private:
     QTemporaryDir dir;
@@ -37,6 +38,18 @@ private:
                            [&] { return io.ReadFile(dir.path(), QStringLiteral("wayfern.last")); });
     }
 };
+
+void TestLastState::latinOneNameThatLooksLikeUtf8ReadsBackUnchanged()
+{
+    WayFernData doc;
+    doc.lastfile = QStringLiteral("\u00c3\u00a9t\u00c3\u00a9.wfn");
+    WayfernIOLast io(&doc);
+    const QString out = dir.filePath(QStringLiteral("wayfern.last"));
+    QCOMPARE(io.WriteFile(out), 0);
+    WayFernData back;
+    QCOMPARE(read(back, readBytes(out), nullptr), 0);
+    QCOMPARE(back.lastfile, doc.lastfile);
+}
 
 void TestLastState::writtenFileHasExactLines()
 {

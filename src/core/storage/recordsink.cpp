@@ -1,6 +1,7 @@
 #include "storage/recordsink.h"
 
 #include "storage/printline.h"
+#include "storage/recordstream.h"
 
 #include <QFileInfo>
 
@@ -17,9 +18,16 @@ bool RecordSink::open()
 
 QByteArray RecordSink::encode(const QString &text)
 {
-    const bool latin1 =
+    const bool fits =
         std::all_of(text.begin(), text.end(), [](QChar c) { return c.unicode() < 0x100; });
-    return latin1 ? text.toLatin1() : text.toUtf8();
+    if (fits) {
+        // Latin-1 bytes that happen to be valid UTF-8 ("\u00c3\u00a9" is C3 A9) would read
+        // back as other letters: such a text is written in UTF-8, which reads back as itself.
+        QByteArray latin1 = text.toLatin1();
+        if (RecordStream::decode(latin1) == text)
+            return latin1;
+    }
+    return text.toUtf8();
 }
 
 bool RecordSink::commit()

@@ -7,7 +7,7 @@
 
 // The text of a file being written. It is committed whole: written next to the old file and
 // renamed over it, so a failed save never destroys what was on disk. The bytes are Latin-1
-// when every character fits, UTF-8 otherwise.
+// when every character fits and the reader would take them for Latin-1, UTF-8 otherwise.
 class RecordSink
 {
 public:
