@@ -62,6 +62,8 @@ private slots:
     void fileBaseNameCutsLastExtension();
     void dateParts();
     void datePartsOfNullRepeatPreviousResult();
+    void missingHeadsWithABracketInTheNameCostLittleToSearch();
+    void headWithABracketInTheNameIsFoundAmongManyOfItsKey();
     void nthWordCountsFromOne();
     void nthWordOfLongTextDoesNotOverflow();
 };
@@ -189,6 +191,51 @@ void TestScQtUtil::sectionHeadBehindLastRecordDoesNotEndSection()
     ScQtUtil util;
     QCOMPARE(util.findSection(&stream, QStringLiteral("S_0"), true), 0);
     QCOMPARE(walk(stream), QStringList({"A|1", "|", "A|2"}));
+}
+
+// Travellers whose short name is "]": their account heads "[]_0]" share the key "[]" of the
+// hashed heads with nothing, and each search for one must not walk the rest of the file.
+void TestScQtUtil::missingHeadsWithABracketInTheNameCostLittleToSearch()
+{
+    const int travellers = 3000;
+    QString text;
+    for (int i = 0; i < travellers; ++i)
+        text += QStringLiteral("[USER_%1]\nSHORT=];\nCOUNT=1;\n\n").arg(i);
+    RecordStream stream = streamOf(text);
+    for (int i = 0; i < travellers; ++i) {
+        stream.rewind();
+        stream.skipTo(QStringLiteral("[USER_%1]").arg(i));
+        QCOMPARE(stream.readLine(), QStringLiteral("SHORT=];"));
+        stream.skipTo(QStringLiteral("[]_0]"));
+        QVERIFY(stream.atEnd());
+    }
+    // Walking on from each traveller to the end would visit about travellers^2 / 2 heads.
+    QVERIFY2(stream.headsVisited() < 10 * travellers + 4096,
+             qPrintable(QString::number(stream.headsVisited())));
+}
+
+void TestScQtUtil::headWithABracketInTheNameIsFoundAmongManyOfItsKey()
+{
+    QString text;
+    for (int i = 0; i < 3000; ++i)
+        text += QStringLiteral("[S_%1]\nA=%1;\n\n").arg(i);
+    text += QStringLiteral("[]_0]\nA=first;\n\n[]_1]\nA=second;\n\n[]_1]\nA=third;\n\n");
+    RecordStream stream = streamOf(text);
+    // Enough searches for the heads to be hashed.
+    for (int i = 0; i < 3000; ++i) {
+        stream.rewind();
+        stream.skipTo(QStringLiteral("[S_2999]"));
+    }
+    stream.rewind();
+    stream.skipTo(QStringLiteral("[]_1]"));
+    QCOMPARE(stream.readLine(), QStringLiteral("A=second;"));
+    stream.skipTo(QStringLiteral("[]_1]"));
+    QCOMPARE(stream.readLine(), QStringLiteral("A=third;"));
+    stream.skipTo(QStringLiteral("[]_0]"));
+    QVERIFY(stream.atEnd());
+    stream.rewind();
+    stream.skipTo(QStringLiteral("[]_0]"));
+    QCOMPARE(stream.readLine(), QStringLiteral("A=first;"));
 }
 
 void TestScQtUtil::lastLineOfStreamIsNeverDispatched()

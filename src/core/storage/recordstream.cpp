@@ -81,23 +81,29 @@ void RecordStream::skipTo(const QString &pattern)
 
     if (!headsFound)
         findHeads();
-    // The key of the hash is the text up to the first "]"; a pattern with a further "]"
-    // inside (a traveller's short name may hold one) is always searched head by head.
-    const bool hashable = pattern.endsWith(u']') && pattern.indexOf(u']') == pattern.size() - 1;
-    if (hashable && !hashed && headsWalked > 4 * qsizetype(heads.size()) + 4096)
+    // The key of the hash is the text up to the first "]". A pattern with a further "]"
+    // inside (a traveller's short name may hold one) shares its key with other heads: those
+    // of its key are compared with it one by one.
+    const qsizetype close = pattern.indexOf(u']');
+    if (close >= 0 && !hashed && headsWalked > 4 * qsizetype(heads.size()) + 4096)
         buildHash();
+    const QStringView all(text);
     qsizetype hit = -1;
-    if (hashable && hashed) {
-        const auto id = headIds.constFind(HeadKey{QStringView(pattern)});
+    if (close >= 0 && hashed) {
+        const auto id = headIds.constFind(HeadKey{QStringView(pattern).left(close + 1)});
         if (id != headIds.constEnd()) {
-            const auto first = sameHeads.begin() + groupBegin[size_t(*id)];
             const auto last = sameHeads.begin() + groupBegin[size_t(*id) + 1];
-            const auto found = std::lower_bound(first, last, pos);
-            if (found != last)
-                hit = *found;
+            auto h = std::lower_bound(sameHeads.begin() + groupBegin[size_t(*id)], last, pos);
+            const bool wholeKey = close == pattern.size() - 1;
+            for (; h != last; ++h) {
+                ++headsWalked;
+                if (wholeKey || all.mid(*h).startsWith(pattern)) {
+                    hit = *h;
+                    break;
+                }
+            }
         }
     } else {
-        const QStringView all(text);
         for (auto h = std::lower_bound(heads.begin(), heads.end(), pos); h != heads.end(); ++h) {
             ++headsWalked;
             if (all.mid(*h).startsWith(pattern)) {

@@ -32,6 +32,9 @@ public:
     // Reads lines until one begins with `pattern` or the stream ends, and stays behind it.
     void skipTo(const QString &pattern);
 
+    // How many section heads the searches have looked at so far: what they cost.
+    qsizetype headsVisited() const { return headsWalked; }
+
     static QString decode(const QByteArray &bytes);
 
     // A cheap hash for short texts such as section heads and record values.
