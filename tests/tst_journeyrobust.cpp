@@ -25,6 +25,7 @@ private slots:
     void hugeCountsStopAtFirstMissingSection();
     void hugeCustomCountStopsAtEmptyLine();
     void negativeCountsReadNoSection();
+    void travellersSharingAShortNameStopAtABound();
 
 private:
     QTemporaryDir dir;
@@ -266,6 +267,38 @@ void TestJourneyRobust::negativeCountsReadNoSection()
     QCOMPARE(printed, QString());
     QCOMPARE(doc.costs.count(), 0);
     QCOMPARE(doc.users.count(), 0);
+}
+
+// Travellers that share a short name each read the first one's account lines: 300 of them
+// with 300 lines would make 90,000 lines of a file that holds 300.
+void TestJourneyRobust::travellersSharingAShortNameStopAtABound()
+{
+    const int travellers = 300;
+    QByteArray bytes = "[Header]\nCOSTSCOUNT=0;\nUSERCOUNT=" + QByteArray::number(travellers)
+        + ";\nTIPCOUNT=0;\nCURRCOUNT=0;\nCTYPECOUNT=0;\nTTYPECOUNT=0;\n"
+          "QTYPECOUNT=0;\n\n";
+    for (int i = 0; i < travellers; ++i)
+        bytes += "[USER_" + QByteArray::number(i)
+            + "]\nSHORT=A;\nCOUNT=" + QByteArray::number(travellers) + ";\n\n";
+    for (int i = 0; i < travellers; ++i)
+        bytes += "[A_" + QByteArray::number(i) + "]\nMAGIC=1;\nCHANGE=-1;\n\n";
+    const int heads = 1 + 2 * travellers;
+    WayFernData doc;
+    QString printed;
+    QCOMPARE(read(doc, bytes, &printed), 0);
+    QCOMPARE(doc.users.count(), travellers);
+    int lines = 0;
+    for (const UserData *user : doc.users)
+        lines += user->kto.count();
+    const int bound = 2 * heads + 10000;
+    QVERIFY2(lines <= bound, qPrintable(QString::number(lines)));
+    // Below the bound every traveller reads the first one's lines, as always.
+    QCOMPARE(doc.users.at(0)->kto.count(), travellers);
+    QCOMPARE(doc.users.at(1)->kto.count(), travellers);
+    QVERIFY(printed.endsWith(
+        QStringLiteral("\nWayfernIO::ReadFile : more account lines than the file holds, "
+                       "reading stops in USER_%1\n")
+            .arg(bound / travellers)));
 }
 
 QTEST_GUILESS_MAIN(TestJourneyRobust)

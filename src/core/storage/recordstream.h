@@ -32,6 +32,13 @@ public:
     // Reads lines until one begins with `pattern` or the stream ends, and stays behind it.
     void skipTo(const QString &pattern);
 
+    // How many lines of the text begin a section.
+    qsizetype headCount()
+    {
+        if (!headsFound)
+            findHeads();
+        return qsizetype(heads.size());
+    }
     // How many section heads the searches have looked at so far: what they cost.
     qsizetype headsVisited() const { return headsWalked; }
 

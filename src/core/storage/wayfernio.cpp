@@ -177,8 +177,22 @@ int WayfernIO::ReadFile(const QString &path)
     ReadFileCurr(&stream, currCount);
     ReadFileTips(&stream, tipCount);
     ReadFileUsers(&stream, userCount);
-    for (UserData *user : document->users)
-        ReadFileUserAccount(&stream, user, user->count);
+    // Each account line has a section of its own, but travellers that share a short name
+    // read the same sections again: a bound far above any real journey keeps such a file
+    // from costing more than a small multiple of its size.
+    qsizetype accountLines = 2 * stream.headCount() + 10000;
+    for (qsizetype index = 0; index < document->users.count(); ++index) {
+        UserData *user = document->users.at(index);
+        const bool bounded = user->count > accountLines;
+        ReadFileUserAccount(&stream, user, bounded ? int(accountLines) : user->count);
+        accountLines -= user->kto.count();
+        if (bounded && accountLines == 0) {
+            printLine("\nWayfernIO::ReadFile : more account lines than the file holds, "
+                      "reading stops in USER_%lld\n",
+                      static_cast<long long>(index));
+            break;
+        }
+    }
 
     sharedTexts.clear();
     document->recalcFactors();
