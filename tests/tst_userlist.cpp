@@ -14,6 +14,7 @@
 #include "shell/wayfernapp.h"
 #include "shell/wayfernview.h"
 
+#include <QFile>
 #include <QHeaderView>
 #include <QRegularExpression>
 #include <QSignalSpy>
@@ -652,6 +653,81 @@ private slots:
         f.list.prepare(&f.calendar);
         QVERIFY(f.list.currentUser == nullptr);
         QVERIFY(f.list.ListView->selectedItems().isEmpty());
+    }
+
+    void threeTravellersWithADepositEachReachTheFileThroughTheWindowOnly()
+    {
+        ShellFixture fx;
+        WayfernApp app;
+        const char *const crew[][4] = {{"AB", "Anna", "Berg", "40"},
+                                       {"CD", "Carl", "Dorn", "25.5"},
+                                       {"EF", "Eva", "Fell", "7"}};
+        ModalTicket list = ModalHelper::onNextModal(
+            [](QWidget *w) { return qobject_cast<userListEdit *>(w) != nullptr; },
+            [&crew](QWidget *w, ModalOutcome &out) {
+                auto *l = qobject_cast<userListEdit *>(w);
+                for (const auto &c : crew) {
+                    ModalTicket ed =
+                        inNextUserEditor("OkButton", [&c](userEdit *e, ModalOutcome &o) {
+                            typeInto(e, "common", "date", "01.06.2002", o);
+                            typeInto(e, "common", "short", c[0], o);
+                            typeInto(e, "common", "first", c[1], o);
+                            typeInto(e, "common", "name", c[2], o);
+                        });
+                    l->AppendButton->click();
+                    if (!ed->handled || !ed->error.isEmpty())
+                        out.error += QStringLiteral("editor: ") + ed->error;
+                }
+                for (const auto &c : crew) {
+                    QTreeWidgetItem *row = WidgetReaders::topLevelItem(l->ListView, c[0]);
+                    if (!ModalHelper::tapItem(l->ListView, row))
+                        out.error += QStringLiteral("row %1 not tapped; ").arg(c[0]);
+                    ModalTicket cal = ModalHelper::pickDateInNextCalendar(QDate(2002, 6, 2));
+                    ModalTicket cash = bookInNextCashDialog(QString::fromLatin1(c[3]));
+                    l->EinzahlButton->click();
+                    if (!cal->handled || !cash->handled || !cash->error.isEmpty())
+                        out.error += QStringLiteral("deposit %1: %2; ").arg(c[0], cash->error);
+                }
+                l->CloseButton->click();
+            });
+        app.openUser->trigger();
+        QVERIFY2(list->handled && list->error.isEmpty(), qPrintable(list->error));
+        QVERIFY(app.doc->isModified());
+
+        ModalTicket name = ModalHelper::typeNameInNextFileDialog(QStringLiteral("crew.wfn"));
+        app.fileSaveAs->trigger();
+        QVERIFY2(name->handled, qPrintable(name->error));
+        QFile file(fx.dataFile(QStringLiteral("crew.wfn")));
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QStringList lines = QString::fromLatin1(file.readAll()).split(u'\n');
+        QVERIFY(lines.contains(QStringLiteral("USERCOUNT=3;")));
+        const int from = lines.indexOf(QStringLiteral("[USER_0]"));
+        QVERIFY(from >= 0);
+        QStringList expected;
+        const char *const values[] = {"40.0000", "25.5000", "7.0000"};
+        int i = 0;
+        for (const auto &c : crew) {
+            expected << QStringLiteral("[USER_%1]").arg(i) << "DATE=01.06.2002;"
+                     << QStringLiteral("SHORT=%1;").arg(c[0])
+                     << QStringLiteral("NAME=%1;").arg(c[2])
+                     << QStringLiteral("FIRST NAME=%1;").arg(c[1]) << "STREET=;"
+                     << "PCODE=;"
+                     << "TOWN=;"
+                     << "TEL=;"
+                     << "FAX=;"
+                     << "EMAIL=;"
+                     << "WWW=;"
+                     << "BANK=;"
+                     << "BLZ=;"
+                     << "ACOUNT=;" << QStringLiteral("VALUE=%1;").arg(values[i]) << "COUNT=1;"
+                     << "" << QStringLiteral("[%1_0]").arg(c[0]) << "DATE=02.06.2002;"
+                     << "TYPE=deposit;"
+                     << "MAGIC=-2;"
+                     << "PERCENTAGE=100.00;" << QStringLiteral("CHANGE=%1;").arg(values[i]) << ""
+                     << "";
+            ++i;
+        }
+        QCOMPARE(lines.mid(from, expected.count()), expected);
     }
 
     // The view.
