@@ -597,16 +597,20 @@ private slots:
     void deletingEveryUserThenOpeningASharedCostsShareDialogShowsNoRows()
     {
         Fixture f;
+        CostsData *cost = f.doc.costs.first();
+        QVERIFY(cost->shared);
+        // The share dialog has shown the travellers once before they leave.
+        userPayEdit pay(nullptr, "User costs", true, &f.doc);
+        pay.hide();
+        pay.prepare(30.0, cost->date, &f.calendar, cost->id);
+        QCOMPARE(pay.ListView->topLevelItemCount(), 3);
         while (!f.doc.users.isEmpty()) {
             QVERIFY(f.tap(f.doc.users.first()->short_));
             ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::Yes);
             f.list.DeleteButton->click();
             QVERIFY2(box->handled, qPrintable(box->error));
         }
-        CostsData *cost = f.doc.costs.first();
         QVERIFY(cost->shared);
-        userPayEdit pay(nullptr, "User costs", true, &f.doc);
-        pay.hide();
         pay.prepare(30.0, cost->date, &f.calendar, cost->id);
         QCOMPARE(pay.ListView->topLevelItemCount(), 0);
         ModalTicket ok = ModalHelper::clickInNextDialog("OkButton", {}, "userPayEdit");
