@@ -51,8 +51,10 @@ void userListEdit::prepare(calenderEdit *cal)
 void userListEdit::fillList()
 {
     ListView->clear();
-    // The traveller last worked on may have left with a journey that was replaced since.
-    if (!document->users.contains(currentUser))
+    // The traveller last worked on may have left with a journey that was replaced since;
+    // a new record may even sit where he was, so any change of the list that was not made
+    // here forgets him.
+    if (document->users.generation() != usersSeen || !document->users.contains(currentUser))
         currentUser = nullptr;
     QList<QTreeWidgetItem *> rows;
     QTreeWidgetItem *current = nullptr;
@@ -66,6 +68,7 @@ void userListEdit::fillList()
         rows.append(row);
     }
     ListView->addTopLevelItems(rows);
+    usersSeen = document->users.generation();
     if (current) {
         // Selected and current alike, so that the buttons act on the row that is shown.
         ListView->scrollToItem(current);
@@ -92,6 +95,7 @@ void userListEdit::slotSelectionChanged(QTreeWidgetItem *item)
 void userListEdit::slotAppend()
 {
     currentUser = document->users.append();
+    usersSeen = document->users.generation();
     userInput->prepare(currentUser, calendar);
     userInput->exec();
     userInput->hide();
@@ -99,6 +103,7 @@ void userListEdit::slotAppend()
         emit overChanged();
     } else {
         document->users.remove(currentUser);
+        usersSeen = document->users.generation();
         currentUser = document->users.first();
     }
     fillList();
@@ -140,6 +145,7 @@ void userListEdit::slotDelete()
         // leaves the books with him.
         emit overChanged();
         document->users.remove(currentUser);
+        usersSeen = document->users.generation();
         currentUser = document->users.first();
     }
     fillList();

@@ -55,4 +55,6 @@ private:
     void setRowButtons(bool on);
 
     ScQtWidgetUtil util;
+    // The users list's generation after the last change made or seen here.
+    unsigned long long usersSeen = 0;
 };
