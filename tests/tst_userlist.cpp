@@ -736,6 +736,49 @@ private slots:
     }
 
     // The view.
+
+    void aReopenedJourneyLeavesNoTravellerSelected()
+    {
+        ShellFixture fx({QStringLiteral("sample.wfn")});
+        fx.writeLast(QStringLiteral("sample.wfn"));
+        WayfernApp app;
+        QCOMPARE(app.doc->users.count(), 3);
+        ModalTicket first = ModalHelper::onNextModal(
+            [](QWidget *w) { return qobject_cast<userListEdit *>(w) != nullptr; },
+            [](QWidget *w, ModalOutcome &out) {
+                auto *l = qobject_cast<userListEdit *>(w);
+                if (!ModalHelper::tapItem(l->ListView, l->ListView->topLevelItem(1)))
+                    out.error += QStringLiteral("row not tapped; ");
+                ModalTicket kto = ModalHelper::clickInNextDialog("CloseButton", {}, "userKtoEdit");
+                l->KtoButton->click();
+                ModalTicket ed = inNextUserEditor("OkButton");
+                l->ChangeButton->click();
+                if (!ed->handled || !kto->handled)
+                    out.error += QStringLiteral("no editor or account; ");
+                l->CloseButton->click();
+            });
+        app.openUser->trigger();
+        QVERIFY2(first->handled && first->error.isEmpty(), qPrintable(first->error));
+        QVERIFY(app.view->userListInput->currentUser == app.doc->users.at(1));
+
+        ModalTicket name = ModalHelper::typeNameInNextFileDialog(QStringLiteral("sample.wfn"));
+        app.fileOpen->trigger();
+        QVERIFY2(name->handled, qPrintable(name->error));
+        QCOMPARE(app.doc->users.count(), 3);
+        QStringList selected;
+        ModalTicket second = ModalHelper::onNextModal(
+            [](QWidget *w) { return qobject_cast<userListEdit *>(w) != nullptr; },
+            [&selected](QWidget *w, ModalOutcome &) {
+                auto *l = qobject_cast<userListEdit *>(w);
+                for (QTreeWidgetItem *row : l->ListView->selectedItems())
+                    selected << row->text(0);
+                l->CloseButton->click();
+            });
+        app.openUser->trigger();
+        QVERIFY2(second->handled && second->error.isEmpty(), qPrintable(second->error));
+        QCOMPARE(selected, QStringList());
+        QVERIFY(app.view->userListInput->currentUser == nullptr);
+    }
     void theViewBuildsTheUserListAfterTheBaseSettings()
     {
         ShellFixture fx;
