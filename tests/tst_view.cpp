@@ -463,7 +463,7 @@ private slots:
             dialogs << d->objectName() + u':' + QString::fromLatin1(d->metaObject()->className());
         QCOMPARE(dialogs,
                  (QStringList{"Input costs:costsEdit", "base settings:baseEdit",
-                              "Calendar:calenderEdit"}));
+                              "User List:userListEdit", "Calendar:calenderEdit"}));
         QCOMPARE(v->costsInput->windowTitle(), QStringLiteral("Costs"));
         QCOMPARE(v->baseInput->windowTitle(), QStringLiteral("Base Info"));
         for (QDialog *d :

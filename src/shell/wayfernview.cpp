@@ -6,6 +6,7 @@
 #include "dialogs/scqtwidgetutil.h"
 #include "editors/baseedit.h"
 #include "editors/costsedit.h"
+#include "editors/userlistedit.h"
 #include "shell/wayfernapp.h"
 #include "storage/printline.h"
 #include "storage/wayfernio.h"
@@ -73,12 +74,15 @@ void WayfernView::createDialogs()
     costsInput->hide();
     baseInput = new baseEdit(this, tr("base settings").toLatin1().constData(), true, doc);
     baseInput->hide();
+    userListInput = new userListEdit(this, tr("User List").toLatin1().constData(), true, doc);
+    userListInput->hide();
     calendar = new calenderEdit(this, tr("Calendar").toLatin1().constData(), true, doc);
     calendar->hide();
 
     connect(costsInput, &costsEdit::overChanged, this, &WayfernView::slotOverChanged);
     connect(baseInput, &baseEdit::overChanged, this, &WayfernView::slotOverChanged);
     connect(baseInput, &baseEdit::baseCurrencyChanged, this, &WayfernView::slotBCurrChanged);
+    connect(userListInput, &userListEdit::overChanged, this, &WayfernView::slotOverChanged);
 }
 
 void WayfernView::openBase()
@@ -96,7 +100,11 @@ void WayfernView::openCurr()
 
 void WayfernView::openUser()
 {
-    // Comes with the user list dialog.
+    userListInput->prepare(calendar);
+    userListInput->exec();
+    userListInput->hide();
+    // Whatever the list did went into the document at once.
+    refreshView();
 }
 
 void WayfernView::initLists()

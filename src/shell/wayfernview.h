@@ -18,6 +18,7 @@ class WayfernIOLast;
 class baseEdit;
 class calenderEdit;
 class costsEdit;
+class userListEdit;
 
 // The working surface: overview, costs and tips of the journey in hand. Owns the file
 // objects and the first-level dialogs and keeps the lists in step with the document: every
@@ -60,6 +61,7 @@ public:
     CurrData *actucurr = nullptr;
     baseEdit *baseInput = nullptr;   // child widget
     costsEdit *costsInput = nullptr; // child widget
+    userListEdit *userListInput = nullptr; // child widget
     calenderEdit *calendar = nullptr;
     WayFernData *doc = nullptr;
     WayfernApp *app = nullptr;

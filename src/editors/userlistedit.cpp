@@ -1,0 +1,200 @@
+#include "editors/userlistedit.h"
+
+#include "data/wayferndata.h"
+#include "dialogs/calenderedit.h"
+#include "editors/usercashedit.h"
+#include "editors/useredit.h"
+#include "editors/userktoedit.h"
+
+#include <QList>
+#include <QMessageBox>
+#include <QTreeWidgetItem>
+
+userListEdit::userListEdit(QWidget *parent, const char *name, bool modal, WayFernData *doc)
+    : UserListDlg(parent, name, modal)
+{
+    // Callers always pass a name: the form's caption stays, the name is the object's.
+    if (!name)
+        setWindowTitle(QString());
+    document = doc;
+    ListView->setSortingEnabled(false);
+    ListView->setAllColumnsShowFocus(true);
+
+    userInput = new userEdit(this, tr("Input user").toLatin1().constData(), true, doc);
+    userInput->hide();
+    userCash = new userCashEdit(this, tr("User cash").toLatin1().constData(), true, doc);
+    userCash->hide();
+    showMaximized();
+    userKto = new userKtoEdit(this, tr("User account").toLatin1().constData(), true, doc);
+    userKto->hide();
+}
+
+userListEdit::~userListEdit() = default;
+
+void userListEdit::setRowButtons(bool on)
+{
+    EinzahlButton->setEnabled(on);
+    AuszahlButton->setEnabled(on);
+    DeleteButton->setEnabled(on);
+    ChangeButton->setEnabled(on);
+}
+
+void userListEdit::prepare(calenderEdit *cal)
+{
+    calendar = cal;
+    fillList();
+    // The selection shows whom the list worked on last; a new tap on a row switches the
+    // buttons on again.
+    setRowButtons(false);
+}
+
+void userListEdit::fillList()
+{
+    ListView->clear();
+    // The traveller last worked on may have left with a journey that was replaced since;
+    // a new record may even sit where he was, so any change of the list that was not made
+    // here forgets him.
+    if (document->users.generation() != usersSeen || !document->users.contains(currentUser))
+        currentUser = nullptr;
+    QList<QTreeWidgetItem *> rows;
+    QTreeWidgetItem *current = nullptr;
+    for (UserData *user : document->users) {
+        // The heading "name" stands over the first name and "first n." over the surname.
+        auto *row = new QTreeWidgetItem(QStringList{user->short_, user->firstname, user->name,
+                                                    QString::asprintf("%.2f", user->value)});
+        user->item = row;
+        if (user == currentUser)
+            current = row;
+        rows.append(row);
+    }
+    ListView->addTopLevelItems(rows);
+    usersSeen = document->users.generation();
+    if (current) {
+        // Selected and current alike, so that the buttons act on the row that is shown.
+        ListView->scrollToItem(current);
+        ListView->setCurrentItem(current);
+    }
+}
+
+UserData *userListEdit::findByItem(QTreeWidgetItem *row) const
+{
+    if (!row)
+        return nullptr;
+    const RecordList<UserData> &users = document->users;
+    for (int i = users.count() - 1; i >= 0; --i)
+        if (users.at(i)->item == row)
+            return users.at(i);
+    return nullptr;
+}
+
+void userListEdit::slotSelectionChanged(QTreeWidgetItem *item)
+{
+    setRowButtons(item != nullptr);
+}
+
+void userListEdit::slotAppend()
+{
+    currentUser = document->users.append();
+    usersSeen = document->users.generation();
+    userInput->prepare(currentUser, calendar);
+    userInput->exec();
+    userInput->hide();
+    if (userInput->result() == QDialog::Accepted) {
+        emit overChanged();
+    } else {
+        document->users.remove(currentUser);
+        usersSeen = document->users.generation();
+        currentUser = document->users.first();
+    }
+    fillList();
+}
+
+void userListEdit::slotChange()
+{
+    if (QTreeWidgetItem *row = ListView->currentItem()) {
+        currentUser = findByItem(row);
+        if (currentUser) {
+            userInput->prepare(currentUser, calendar);
+            userInput->exec();
+            userInput->hide();
+            emit overChanged();
+        }
+    }
+    fillList();
+}
+
+void userListEdit::slotDoubleClicked(QTreeWidgetItem *)
+{
+    slotChange();
+}
+
+void userListEdit::slotDelete()
+{
+    QTreeWidgetItem *row = ListView->currentItem();
+    if (!row)
+        return;
+    currentUser = findByItem(row);
+    if (!currentUser)
+        return;
+    const QString text = tr("Delete user entry") + QLatin1Char('\n') + currentUser->firstname
+        + QLatin1Char('\n') + currentUser->name + QStringLiteral("\n\n") + tr("confirm with yes !");
+    const auto answer = QMessageBox::information(this, QStringLiteral("Delete item"), text,
+                                                 QMessageBox::Yes | QMessageBox::Cancel);
+    if (answer == QMessageBox::Yes) {
+        // Listeners see the traveller still present. The costs keep their shares: his part
+        // leaves the books with him.
+        emit overChanged();
+        document->users.remove(currentUser);
+        usersSeen = document->users.generation();
+        currentUser = document->users.first();
+    }
+    fillList();
+}
+
+void userListEdit::bookCash(int magic, const QString &type)
+{
+    QTreeWidgetItem *row = ListView->currentItem();
+    if (row)
+        currentUser = findByItem(row);
+    if (row && currentUser) {
+        currentUser->addKto(magic);
+        KtoData *line = currentUser->kto.last();
+        // The empty date opens the calendar before the dialog.
+        userCash->prepare(type, QString(), currentUser, line, calendar);
+        userCash->exec();
+        userCash->hide();
+        if (userCash->result() == QDialog::Accepted)
+            emit overChanged();
+        else
+            currentUser->removeKto(line);
+    }
+    fillList();
+}
+
+void userListEdit::slotEinzahl()
+{
+    // The type words are stored in the file, so they stay untranslated.
+    bookCash(-2, QStringLiteral("deposit"));
+}
+
+void userListEdit::slotAuszahl()
+{
+    bookCash(-3, QStringLiteral("pay off"));
+}
+
+void userListEdit::slotKonto()
+{
+    QTreeWidgetItem *row = ListView->currentItem();
+    if (!row)
+        return;
+    if (UserData *user = findByItem(row)) {
+        userKto->prepare(user);
+        userKto->exec();
+        userKto->hide();
+    }
+}
+
+void userListEdit::slotClose()
+{
+    accept();
+}

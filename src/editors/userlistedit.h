@@ -1,0 +1,60 @@
+#pragma once
+
+#include "dialogs/scqtwidgetutil.h"
+#include "forms/userlistdlg.h"
+
+#include <QString>
+
+class WayFernData;
+class calenderEdit;
+class userCashEdit;
+class userEdit;
+class userKtoEdit;
+struct UserData;
+
+// The travellers of a journey: added, changed and deleted here, and deposits, pay-offs and
+// accounts reached from here. There is no working copy: every command acts on the document
+// at once, so closing asks nothing.
+class userListEdit : public UserListDlg
+{
+    Q_OBJECT
+
+public:
+    userListEdit(QWidget *parent, const char *name, bool modal, WayFernData *document);
+    ~userListEdit() override;
+
+    // Fills the list; the traveller last worked on comes up selected.
+    void prepare(calenderEdit *calendar);
+
+    userCashEdit *userCash = nullptr; // child dialog
+    userKtoEdit *userKto = nullptr;   // child dialog
+    userEdit *userInput = nullptr;    // child dialog
+    WayFernData *document = nullptr;  // not owned
+    UserData *currentUser = nullptr;  // the traveller last worked on; not owned
+    calenderEdit *calendar = nullptr; // not owned
+
+public slots:
+    void slotKonto() override;
+    void slotAppend() override;
+    void slotAuszahl() override;
+    void slotChange() override;
+    void slotClose() override;
+    void slotDelete() override;
+    void slotDoubleClicked(QTreeWidgetItem *item) override;
+    void slotEinzahl() override;
+    void slotSelectionChanged(QTreeWidgetItem *item) override;
+
+signals:
+    void overChanged();
+
+private:
+    void fillList();
+    UserData *findByItem(QTreeWidgetItem *row) const;
+    // A deposit (magic -2) or a pay-off (magic -3) for the selected traveller.
+    void bookCash(int magic, const QString &type);
+    void setRowButtons(bool on);
+
+    ScQtWidgetUtil util;
+    // The users list's generation after the last change made or seen here.
+    unsigned long long usersSeen = 0;
+};
