@@ -18,6 +18,7 @@ class WayfernIOLast;
 class baseEdit;
 class calenderEdit;
 class costsEdit;
+class tipEdit;
 
 // The working surface: overview, costs and tips of the journey in hand. Owns the file
 // objects and the first-level dialogs and keeps the lists in step with the document: every
@@ -60,6 +61,7 @@ public:
     CurrData *actucurr = nullptr;
     baseEdit *baseInput = nullptr;   // child widget
     costsEdit *costsInput = nullptr; // child widget
+    tipEdit *tipInput = nullptr;     // child widget
     calenderEdit *calendar = nullptr;
     WayFernData *doc = nullptr;
     WayfernApp *app = nullptr;
@@ -89,6 +91,11 @@ public slots:
     void slotCostsNew() override;
     void slotCostsSelectionChanged(QTreeWidgetItem *item) override;
     void slotTipSelectionChanged(QTreeWidgetItem *item) override;
+    void slotTipNew() override;
+    void slotTipChange() override;
+    void slotTipDelete() override;
+    void slotTCopy() override;
+    void slotTPaste() override;
     void slotOverChanged();
     void slotBCurrChanged();
     void slotTabViewChanged(QWidget *widget);
