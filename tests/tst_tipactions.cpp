@@ -10,6 +10,7 @@
 #include "shell/wayfernview.h"
 
 #include <QDate>
+#include <QFile>
 #include <QRegularExpression>
 #include <QTest>
 #include <QTreeWidget>
@@ -85,6 +86,40 @@ struct Journey
     WayfernView *v = nullptr;
     WayFernData *doc = nullptr;
 };
+
+// In a tip dialog: selects the type row and takes one step in the type box with `key`,
+// answering the question with Yes.
+void changeType(tipEdit *ed, Qt::Key key, ModalOutcome &out)
+{
+    tapRow(ed, "common", "tiptype", out);
+    ModalTicket question = ModalHelper::answerNextMessageBox(QMessageBox::Yes);
+    QTest::keyClick(ed->ComboBox, key);
+    if (!question->handled)
+        out.error += QStringLiteral("no type question; ");
+}
+
+// In a tip dialog: picks `date` in the calendar.
+void pickDate(tipEdit *ed, const QDate &date, ModalOutcome &out)
+{
+    tapRow(ed, "common", "date", out);
+    ModalTicket calendar = ModalHelper::pickDateInNextCalendar(date);
+    ed->ToolButton->click();
+    if (!calendar->handled)
+        out.error += QStringLiteral("no calendar; ");
+}
+
+// One section of a journey file, "[NAME]" up to the blank line after it, as lines.
+QStringList fileSection(const QString &path, const QString &name)
+{
+    QFile f(path);
+    if (!f.open(QIODevice::ReadOnly))
+        return {QStringLiteral("<can't read %1>").arg(path)};
+    const QString text = QString::fromLatin1(f.readAll());
+    const int at = text.indexOf(u'[' + name + u']');
+    if (at < 0)
+        return {QStringLiteral("<no section %1>").arg(name)};
+    return text.mid(at, text.indexOf(QStringLiteral("\n\n"), at) - at).split(u'\n');
+}
 
 const QStringList sampleNames{"Lakeside hostel", "Zum Anker", "Glacier garden"};
 
@@ -342,6 +377,67 @@ private slots:
                 ++copies;
         }
         QCOMPARE(copies, 1);
+    }
+
+    void tipsWithFieldsOfTheShippedTypesEnteredThroughTheWindowAreSavedAsEntered()
+    {
+        ShellFixture fx;
+        // The shipped template: its tip types bring fields of their own.
+        QFile::remove(fx.dataFile(QStringLiteral("template.wfn")));
+        QVERIFY(QFile::copy(QStringLiteral(WAYFERN_TEST_DATA "/../../share/template.wfn"),
+                            fx.dataFile(QStringLiteral("template.wfn"))));
+        WayfernApp app;
+        WayfernView *v = app.view;
+        showTips(app);
+        QCOMPARE(app.doc->tips.count(), 0);
+        QCOMPARE(app.doc->ttypes.first()->type, QStringLiteral("Hotel"));
+
+        ModalTicket first = inNextTipDialog([](tipEdit *ed, ModalOutcome &out) {
+            // The type first: its change rebuilds the rows from what was read back.
+            changeType(ed, Qt::Key_Down, out); // Hotel to Restaurant
+            pickDate(ed, QDate(2002, 6, 2), out);
+            tapRow(ed, "common", "name", out);
+            QTest::keyClicks(ed->LineEdit, QStringLiteral("Zum Anker"));
+            tapRow(ed, "custom", "Cuisine", out);
+            QTest::keyClicks(ed->LineEdit, QStringLiteral("Swiss"));
+            ed->OkButton->click();
+        });
+        QTest::mouseClick(v->TInsertButton, Qt::LeftButton);
+        QVERIFY2(first->handled && first->error.isEmpty(), qPrintable(first->error));
+
+        ModalTicket second = inNextTipDialog([](tipEdit *ed, ModalOutcome &out) {
+            changeType(ed, Qt::Key_Down, out); // Hotel to Restaurant
+            tapRow(ed, "custom", "Price range", out);
+            QTest::keyClicks(ed->LineEdit, QStringLiteral("lost with the type"));
+            changeType(ed, Qt::Key_Up, out); // back to Hotel, fields empty again
+            pickDate(ed, QDate(2002, 6, 1), out);
+            tapRow(ed, "common", "name", out);
+            QTest::keyClicks(ed->LineEdit, QStringLiteral("Seeblick"));
+            tapRow(ed, "custom", "Rooms", out);
+            QTest::keyClicks(ed->LineEdit, QStringLiteral("12"));
+            ed->OkButton->click();
+        });
+        QTest::mouseClick(v->TInsertButton, Qt::LeftButton);
+        QVERIFY2(second->handled && second->error.isEmpty(), qPrintable(second->error));
+        // Entered later with an earlier date: last until a full refresh.
+        QCOMPARE(tipNames(v), (QStringList{"Zum Anker", "Seeblick"}));
+
+        const QString path = fx.dataFile(QStringLiteral("tips.wfn"));
+        QVERIFY(v->saveView(path));
+        const QStringList common{"STREET=;", "PCODE=;", "TOWN=;", "TEL=;",
+                                 "FAX=;",    "EMAIL=;", "WWW=;",  "COMMENT=;"};
+        QCOMPARE(fileSection(path, QStringLiteral("TIP_0")),
+                 QStringList({"[TIP_0]", "DATE=02.06.2002;", "TIPTYPE=Restaurant;", "QUALITYTYPE=;",
+                              "NAME=Zum Anker;"})
+                     + common
+                     + QStringList({"CUSTOMCNT=2;", "CUSTOMTEXT_0=Cuisine;", "CUSTOMCONT_0=Swiss;",
+                                    "CUSTOMTEXT_1=Price range;", "CUSTOMCONT_1=;"}));
+        QCOMPARE(fileSection(path, QStringLiteral("TIP_1")),
+                 QStringList({"[TIP_1]", "DATE=01.06.2002;", "TIPTYPE=Hotel;", "QUALITYTYPE=;",
+                              "NAME=Seeblick;"})
+                     + common
+                     + QStringList({"CUSTOMCNT=2;", "CUSTOMTEXT_0=Rooms;", "CUSTOMCONT_0=12;",
+                                    "CUSTOMTEXT_1=Price per night;", "CUSTOMCONT_1=;"}));
     }
 };
 
