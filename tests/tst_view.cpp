@@ -462,7 +462,7 @@ private slots:
         for (QDialog *d : v->findChildren<QDialog *>(Qt::FindDirectChildrenOnly))
             dialogs << d->objectName() + u':' + QString::fromLatin1(d->metaObject()->className());
         QCOMPARE(dialogs,
-                 (QStringList{"Input costs:costsEdit", "base settings:baseEdit",
+                 (QStringList{"Input costs:costsEdit", "Tip:tipEdit", "base settings:baseEdit",
                               "User List:userListEdit", "Calendar:calenderEdit"}));
         QCOMPARE(v->costsInput->windowTitle(), QStringLiteral("Costs"));
         QCOMPARE(v->baseInput->windowTitle(), QStringLiteral("Base Info"));

@@ -6,6 +6,7 @@
 #include "dialogs/scqtwidgetutil.h"
 #include "editors/baseedit.h"
 #include "editors/costsedit.h"
+#include "editors/tipedit.h"
 #include "editors/userlistedit.h"
 #include "shell/wayfernapp.h"
 #include "storage/printline.h"
@@ -68,10 +69,12 @@ WayfernView::~WayfernView() = default;
 
 void WayfernView::createDialogs()
 {
-    // The tip, currency list and user list dialogs join here in this order: costs, tip,
-    // base settings, currency list, user list, calendar.
+    // Built in this order: costs, tip, base settings, currency list, user list, calendar;
+    // the currency list joins between base settings and the user list.
     costsInput = new costsEdit(this, tr("Input costs").toLatin1().constData(), true, doc);
     costsInput->hide();
+    tipInput = new tipEdit(this, tr("Tip").toLatin1().constData(), true, doc);
+    tipInput->hide();
     baseInput = new baseEdit(this, tr("base settings").toLatin1().constData(), true, doc);
     baseInput->hide();
     userListInput = new userListEdit(this, tr("User List").toLatin1().constData(), true, doc);
@@ -236,6 +239,8 @@ void WayfernView::fillTips()
     TipListView->addTopLevelItems(items);
     if (current) {
         TipListView->scrollToItem(current);
+        // Current as well as selected: change and delete take the current item.
+        TipListView->setCurrentItem(current);
         current->setSelected(true);
     }
 }
@@ -463,5 +468,73 @@ void WayfernView::slotCPaste()
     // A new cost of its own: the source's account lines stay with the source.
     cost->id = doc->nextCostId();
     cost->shared = false;
+    refreshView();
+}
+
+// The tip actions refresh only the tip list, so that a new or changed tip keeps its place
+// until the next full refresh; only paste sorts.
+void WayfernView::slotTipNew()
+{
+    TipData *tip = doc->tips.append();
+    actutip = tip;
+    tipInput->prepare(actutip, calendar);
+    tipInput->exec();
+    tipInput->hide();
+    if (tipInput->result() == QDialog::Rejected) {
+        doc->tips.remove(tip);
+        actutip = doc->tips.first();
+    }
+    fillTips();
+}
+
+void WayfernView::slotTipChange()
+{
+    if (QTreeWidgetItem *item = TipListView->currentItem()) {
+        actutip = findTip(item);
+        if (actutip) {
+            tipInput->prepare(actutip, calendar);
+            tipInput->exec();
+            tipInput->hide();
+        }
+    }
+    fillTips();
+}
+
+void WayfernView::slotTipDelete()
+{
+    QTreeWidgetItem *item = TipListView->currentItem();
+    if (!item)
+        return;
+    TipData *tip = findTip(item);
+    if (!tip)
+        return;
+    const QString text = tr("Delete entry") + QStringLiteral("\n") + tip->tiptype
+        + QStringLiteral("\n") + tip->name + QStringLiteral("\n\n") + tr("confirm with yes !");
+    const auto answer = QMessageBox::information(this, QStringLiteral("Delete item"), text,
+                                                 QMessageBox::Yes | QMessageBox::Cancel);
+    if (answer == QMessageBox::Yes)
+        doc->tips.remove(tip);
+    // Whatever the answer, the first tip becomes the current one.
+    actutip = doc->tips.first();
+    fillTips();
+}
+
+void WayfernView::slotTCopy()
+{
+    if (!actutip || !doc->tips.contains(actutip))
+        return;
+    tipCopied = true;
+    TPasteButton->setEnabled(true);
+    tipInput->copyData(actutip, &tipBuffer);
+}
+
+void WayfernView::slotTPaste()
+{
+    if (!actutip || !tipCopied || !doc->tips.contains(actutip))
+        return;
+    // In front of the selected tip; the full refresh then sorts it in by its date.
+    TipData *tip = doc->tips.insert(doc->tips.indexOf(actutip));
+    actutip = tip;
+    tipInput->copyData(&tipBuffer, tip);
     refreshView();
 }

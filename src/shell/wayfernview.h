@@ -18,6 +18,7 @@ class WayfernIOLast;
 class baseEdit;
 class calenderEdit;
 class costsEdit;
+class tipEdit;
 class userListEdit;
 
 // The working surface: overview, costs and tips of the journey in hand. Owns the file
@@ -59,8 +60,9 @@ public:
     TipData *actutip = nullptr;
     UserData *actuuser = nullptr;
     CurrData *actucurr = nullptr;
-    baseEdit *baseInput = nullptr;   // child widget
-    costsEdit *costsInput = nullptr; // child widget
+    baseEdit *baseInput = nullptr;         // child widget
+    costsEdit *costsInput = nullptr;       // child widget
+    tipEdit *tipInput = nullptr;           // child widget
     userListEdit *userListInput = nullptr; // child widget
     calenderEdit *calendar = nullptr;
     WayFernData *doc = nullptr;
@@ -91,6 +93,11 @@ public slots:
     void slotCostsNew() override;
     void slotCostsSelectionChanged(QTreeWidgetItem *item) override;
     void slotTipSelectionChanged(QTreeWidgetItem *item) override;
+    void slotTipNew() override;
+    void slotTipChange() override;
+    void slotTipDelete() override;
+    void slotTCopy() override;
+    void slotTPaste() override;
     void slotOverChanged();
     void slotBCurrChanged();
     void slotTabViewChanged(QWidget *widget);
