@@ -68,7 +68,7 @@ WayfernApp::~WayfernApp()
 
 void WayfernApp::initActions()
 {
-    struct Spec
+    struct ActionRow
     {
         QAction **action;
         const char *text;
@@ -79,7 +79,7 @@ void WayfernApp::initActions()
         const char *icon;
     };
     // Only the toolbar and the accelerators reach these: there is no menu.
-    const Spec specs[] = {
+    const ActionRow actionRows[] = {
         {&fileNew, QT_TR_NOOP("New File"), QT_TR_NOOP("&New"), QT_TR_NOOP("Ctrl+N"),
          QT_TR_NOOP("Creates a new document"), QT_TR_NOOP("New File\n\nCreates a new document"),
          ":/shell/filenew.xpm"},
@@ -112,7 +112,7 @@ void WayfernApp::initActions()
          QT_TR_NOOP("Enables/disables the statusbar"),
          QT_TR_NOOP("Statusbar\n\nEnables/disables the statusbar"), nullptr},
     };
-    for (const Spec &s : specs) {
+    for (const ActionRow &s : actionRows) {
         QAction *action = new QAction(this);
         // The menu text is the action's text in a menu; the plain text names it on the
         // toolbar and in its tool tip.
