@@ -1,6 +1,7 @@
 #include "editortestutil.h"
 #include "modalhelper.h"
 #include "shellfixture.h"
+#include "usertestutil.h"
 #include "widgetreaders.h"
 
 #include "data/wayferndata.h"
@@ -379,7 +380,9 @@ private slots:
         QCOMPARE(copies, 1);
     }
 
-    void tipsWithFieldsOfTheShippedTypesEnteredThroughTheWindowAreSavedAsEntered()
+    // A journey built from nothing through the window only: three travellers with a deposit
+    // each, two tips with fields of the template's tip types, one tip's type changed.
+    void aJourneyBuiltThroughTheWindowOnlyIsSavedAsEntered()
     {
         ShellFixture fx;
         // The shipped template: its tip types bring fields of their own.
@@ -391,6 +394,10 @@ private slots:
         showTips(app);
         QCOMPARE(app.doc->tips.count(), 0);
         QCOMPARE(app.doc->ttypes.first()->type, QStringLiteral("Hotel"));
+
+        ModalTicket list = enterCrewInNextUserList();
+        app.openUser->trigger();
+        QVERIFY2(list->handled && list->error.isEmpty(), qPrintable(list->error));
 
         ModalTicket first = inNextTipDialog([](tipEdit *ed, ModalOutcome &out) {
             // The type first: its change rebuilds the rows from what was read back.
@@ -424,6 +431,14 @@ private slots:
 
         const QString path = fx.dataFile(QStringLiteral("tips.wfn"));
         QVERIFY(v->saveView(path));
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QStringList lines = QString::fromLatin1(file.readAll()).split(u'\n');
+        QVERIFY(lines.contains(QStringLiteral("USERCOUNT=3;")));
+        QVERIFY(lines.contains(QStringLiteral("TIPCOUNT=2;")));
+        const QStringList travellers = crewSections();
+        QCOMPARE(lines.mid(lines.indexOf(QStringLiteral("[USER_0]")), travellers.count()),
+                 travellers);
         const QStringList common{"STREET=;", "PCODE=;", "TOWN=;", "TEL=;",
                                  "FAX=;",    "EMAIL=;", "WWW=;",  "COMMENT=;"};
         QCOMPARE(fileSection(path, QStringLiteral("TIP_0")),

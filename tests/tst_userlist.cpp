@@ -2,6 +2,7 @@
 #include "formcheck.h"
 #include "modalhelper.h"
 #include "shellfixture.h"
+#include "usertestutil.h"
 
 #include "data/wayferndata.h"
 #include "dialogs/calenderedit.h"
@@ -98,53 +99,6 @@ struct Fixture
     calenderEdit calendar{nullptr, "Calendar", true, &doc};
     userListEdit list{nullptr, "User List", true, &doc};
 };
-
-// Types `text` into the row `label` of group `group` of the user editor.
-void typeInto(userEdit *ed, const QString &group, const QString &label, const QString &text,
-              ModalOutcome &out)
-{
-    QTreeWidgetItem *row = ScQtWidgetUtil::findTreeItem(ed->ListView, group, label, 0);
-    if (!row) {
-        out.error += QStringLiteral("no row %1; ").arg(label);
-        return;
-    }
-    row->parent()->setExpanded(true);
-    if (!ModalHelper::tapItem(ed->ListView, row))
-        out.error += QStringLiteral("row %1 not tapped; ").arg(label);
-    ed->ClearButton->click();
-    QTest::keyClicks(ed->LineEdit, text);
-}
-
-// In the next user editor: runs `fill`, then presses the button `button`.
-ModalTicket inNextUserEditor(const QString &button,
-                             std::function<void(userEdit *, ModalOutcome &)> fill = {})
-{
-    return ModalHelper::onNextModal(
-        [](QWidget *w) { return qobject_cast<userEdit *>(w) != nullptr; },
-        [button, fill](QWidget *w, ModalOutcome &out) {
-            auto *ed = qobject_cast<userEdit *>(w);
-            out.title = ed->windowTitle();
-            out.objectName = ed->objectName();
-            if (fill)
-                fill(ed, out);
-            if (auto *b = ed->findChild<QToolButton *>(button))
-                b->click();
-            else
-                out.error += QStringLiteral("no button %1; ").arg(button);
-        });
-}
-
-// In the next cash dialog: types `amount` and presses OK.
-ModalTicket bookInNextCashDialog(const QString &amount)
-{
-    return ModalHelper::clickInNextDialog(
-        QStringLiteral("OkButton"),
-        [amount](QDialog *d) {
-            auto *cash = qobject_cast<userCashEdit *>(d);
-            QTest::keyClicks(cash->LineEdit, amount);
-        },
-        "userCashEdit");
-}
 
 const FormCheck::WidgetRow listFormWidgets[] = {
     {"UserListDlg", "UserListDlg", "User List"},
@@ -664,37 +618,7 @@ private slots:
     {
         ShellFixture fx;
         WayfernApp app;
-        const char *const crew[][4] = {{"AB", "Anna", "Berg", "40"},
-                                       {"CD", "Carl", "Dorn", "25.5"},
-                                       {"EF", "Eva", "Fell", "7"}};
-        ModalTicket list = ModalHelper::onNextModal(
-            [](QWidget *w) { return qobject_cast<userListEdit *>(w) != nullptr; },
-            [&crew](QWidget *w, ModalOutcome &out) {
-                auto *l = qobject_cast<userListEdit *>(w);
-                for (const auto &c : crew) {
-                    ModalTicket ed =
-                        inNextUserEditor("OkButton", [&c](userEdit *e, ModalOutcome &o) {
-                            typeInto(e, "common", "date", "01.06.2002", o);
-                            typeInto(e, "common", "short", c[0], o);
-                            typeInto(e, "common", "first", c[1], o);
-                            typeInto(e, "common", "name", c[2], o);
-                        });
-                    l->AppendButton->click();
-                    if (!ed->handled || !ed->error.isEmpty())
-                        out.error += QStringLiteral("editor: ") + ed->error;
-                }
-                for (const auto &c : crew) {
-                    QTreeWidgetItem *row = WidgetReaders::topLevelItem(l->ListView, c[0]);
-                    if (!ModalHelper::tapItem(l->ListView, row))
-                        out.error += QStringLiteral("row %1 not tapped; ").arg(c[0]);
-                    ModalTicket cal = ModalHelper::pickDateInNextCalendar(QDate(2002, 6, 2));
-                    ModalTicket cash = bookInNextCashDialog(QString::fromLatin1(c[3]));
-                    l->EinzahlButton->click();
-                    if (!cal->handled || !cash->handled || !cash->error.isEmpty())
-                        out.error += QStringLiteral("deposit %1: %2; ").arg(c[0], cash->error);
-                }
-                l->CloseButton->click();
-            });
+        ModalTicket list = enterCrewInNextUserList();
         app.openUser->trigger();
         QVERIFY2(list->handled && list->error.isEmpty(), qPrintable(list->error));
         QVERIFY(app.doc->isModified());
@@ -708,30 +632,7 @@ private slots:
         QVERIFY(lines.contains(QStringLiteral("USERCOUNT=3;")));
         const int from = lines.indexOf(QStringLiteral("[USER_0]"));
         QVERIFY(from >= 0);
-        QStringList expected;
-        const char *const values[] = {"40.0000", "25.5000", "7.0000"};
-        int i = 0;
-        for (const auto &c : crew) {
-            expected << QStringLiteral("[USER_%1]").arg(i) << "DATE=01.06.2002;"
-                     << QStringLiteral("SHORT=%1;").arg(c[0])
-                     << QStringLiteral("NAME=%1;").arg(c[2])
-                     << QStringLiteral("FIRST NAME=%1;").arg(c[1]) << "STREET=;"
-                     << "PCODE=;"
-                     << "TOWN=;"
-                     << "TEL=;"
-                     << "FAX=;"
-                     << "EMAIL=;"
-                     << "WWW=;"
-                     << "BANK=;"
-                     << "BLZ=;"
-                     << "ACOUNT=;" << QStringLiteral("VALUE=%1;").arg(values[i]) << "COUNT=1;"
-                     << "" << QStringLiteral("[%1_0]").arg(c[0]) << "DATE=02.06.2002;"
-                     << "TYPE=deposit;"
-                     << "MAGIC=-2;"
-                     << "PERCENTAGE=100.00;" << QStringLiteral("CHANGE=%1;").arg(values[i]) << ""
-                     << "";
-            ++i;
-        }
+        const QStringList expected = crewSections();
         QCOMPARE(lines.mid(from, expected.count()), expected);
     }
 
