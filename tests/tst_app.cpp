@@ -52,7 +52,11 @@ int zombieChildren()
 // program ended it.
 bool runUntilQuit(int ms)
 {
-    QTimer::singleShot(ms, qApp, [] { QCoreApplication::exit(42); });
+    // The limit goes with this call: a later test's dialogs must not meet it.
+    QTimer limit;
+    limit.setSingleShot(true);
+    QObject::connect(&limit, &QTimer::timeout, [] { QCoreApplication::exit(42); });
+    limit.start(ms);
     return QCoreApplication::exec() == 0;
 }
 
@@ -449,6 +453,38 @@ private slots:
         QFile saved(fx.dataFile(QStringLiteral("sample.wfn")));
         QVERIFY(saved.open(QIODevice::ReadOnly));
         QVERIFY(saved.readAll().contains("JOURNEY-NAME=Lakes and Passes;"));
+    }
+
+    void ctrlQWithChangesAsksTheQuitQuestionAndCancelKeepsRunning()
+    {
+        ShellFixture fx({QStringLiteral("sample.wfn")});
+        fx.writeLast(QStringLiteral("sample.wfn"));
+        WayfernApp app;
+        app.show();
+        QVERIFY(QTest::qWaitForWindowActive(&app));
+        app.doc->setModified(true);
+        ModalTicket seen = ModalHelper::answerNextMessageBox(QMessageBox::Cancel);
+        app.view->CostsListView->setFocus();
+        QTimer::singleShot(0, &app, [&app] {
+            QTest::keyClick(app.view->CostsListView, Qt::Key_Q, Qt::ControlModifier);
+        });
+        QVERIFY(!runUntilQuit(1500));
+        QVERIFY2(seen->handled, qPrintable(seen->error));
+        QCOMPARE(seen->title, QStringLiteral("Quit ... "));
+        QVERIFY(app.doc->isModified());
+    }
+
+    void ctrlQWithoutChangesEndsTheProgram()
+    {
+        ShellFixture fx;
+        WayfernApp app;
+        app.show();
+        QVERIFY(QTest::qWaitForWindowActive(&app));
+        app.view->CostsListView->setFocus();
+        QTimer::singleShot(0, &app, [&app] {
+            QTest::keyClick(app.view->CostsListView, Qt::Key_Q, Qt::ControlModifier);
+        });
+        QVERIFY(runUntilQuit(3000));
     }
 
     void closeWithCancelKeepsTheProgramRunning()

@@ -151,14 +151,21 @@ void WayfernApp::initActions()
     viewStatusBar->setCheckable(true);
     connect(viewStatusBar, &QAction::toggled, this, &WayfernApp::slotViewStatusBar);
 
+    fileQuit = new QAction(tr("&Quit"), this);
+    fileQuit->setObjectName(QStringLiteral("fileQuit"));
+    fileQuit->setShortcut(QKeySequence(tr("Ctrl+Q")));
+    fileQuit->setStatusTip(tr("Quits the application"));
+    connect(fileQuit, &QAction::triggered, this, &WayfernApp::slotFileQuit);
+
     // The accelerators belong to the window, so they work with the toolbar hidden too.
-    addActions({fileNew, fileOpen, fileSave, fileSaveAs, openBase, openCurr, openUser, openHelp});
+    addActions({fileNew, fileOpen, fileSave, fileSaveAs, openBase, openCurr, openUser, openHelp,
+                fileQuit});
 }
 
 void WayfernApp::initMenuBar()
 {
-    // Not called: the quit and edit actions of this layout are never created, so the
-    // routine builds only what exists and the window keeps no menu.
+    // Not called: the window keeps no menu. The edit actions of this layout are never
+    // created, and quitting is the window's Ctrl+Q, so the routine builds only the rest.
     QMenu *fileMenu = new QMenu(tr("&File"), this);
     fileMenu->addAction(fileNew);
     fileMenu->addAction(fileOpen);

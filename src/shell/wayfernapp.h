@@ -38,6 +38,8 @@ public:
     QAction *openHelp = nullptr;
     QAction *viewToolBar = nullptr;
     QAction *viewStatusBar = nullptr;
+    // Ctrl+Q: the window has no frame over VNC and no menu, so this key is the way out.
+    QAction *fileQuit = nullptr;
     QString fileName;
 
     // How the help viewer's process is made; replaceable so that a failing fork can be
