@@ -218,7 +218,11 @@ void shootUserDialogs(WayfernApp &window)
 
         whenModal(user, "user editor", [=] {
             maximise(user);
-            selectFirst(user->ListView);
+            // Every group open, the traveller's first row selected.
+            user->ListView->expandAll();
+            if (QTreeWidgetItem *common = user->ListView->topLevelItem(0))
+                if (QTreeWidgetItem *first = common->child(0))
+                    user->ListView->setCurrentItem(first);
             shoot(user, "user");
             user->reject();
         });
