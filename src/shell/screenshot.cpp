@@ -1,6 +1,5 @@
 #include "data/wayferndata.h"
 #include "dialogs/calenderedit.h"
-#include "dialogs/scqtwidgetutil.h"
 #include "editors/baseedit.h"
 #include "editors/costsedit.h"
 #include "editors/tipedit.h"
@@ -30,19 +29,19 @@
 #include <cstdio>
 #include <functional>
 
-// Pictures of the main window and of the cost dialogs for the documentation, taken as a
-// user sees them: the costs, share and base settings dialogs open through the window's own
-// buttons and actions, the deposit and account dialogs are built here as the user list
-// builds them, and each picture is the whole screen, so a dialog that does not fill it
-// shows over the window.
+// Pictures of the main window and of its dialogs for the documentation, taken as a user
+// sees them: every dialog opens through the window's own buttons and actions or through
+// those of the user list, and each picture is the whole screen, so a dialog that does not
+// fill it shows over what opened it.
 //
 //   wayfern-screenshot DIR [JOURNEY [SUFFIX]]
 //
 // With JOURNEY the program opens that journey from a scratch configuration; without it, it
 // opens the user's last journey as a normal start does. The files go to DIR, named
-// main-overview, main-costs, main-tips, costs, share, base, deposit and account, each
-// followed by SUFFIX (e.g. "-240x320") and ".png". Meant to run under a virtual X server
-// with the screen size of the pictures; scripts/screenshots.sh does that.
+// main-overview, main-costs, main-tips, costs, share, base, userlist, user, deposit,
+// account and tip, each followed by SUFFIX (e.g. "-240x320") and ".png". Meant to run
+// under a virtual X server with the screen size of the pictures; scripts/screenshots.sh
+// does that.
 
 namespace {
 
