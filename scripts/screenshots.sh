@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# Takes the pictures in docs/ on a virtual X server: the main window and the cost dialogs
-# on docs/sample.wfn, once on a 480x640 screen and once on a 240x320 screen.
+# Takes the pictures in docs/ on a virtual X server: the main window, the cost dialogs, the
+# user list with its dialogs and the tip editor on docs/sample.wfn, once on a 480x640
+# screen and once on a 240x320 screen.
 set -euo pipefail
 top="$(cd "$(dirname "$0")/.." && pwd)"
 bash "$top/scripts/setup.sh" screenshots

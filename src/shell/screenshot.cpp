@@ -1,9 +1,12 @@
 #include "data/wayferndata.h"
-#include "dialogs/scqtwidgetutil.h"
+#include "dialogs/calenderedit.h"
 #include "editors/baseedit.h"
 #include "editors/costsedit.h"
+#include "editors/tipedit.h"
 #include "editors/usercashedit.h"
+#include "editors/useredit.h"
 #include "editors/userktoedit.h"
+#include "editors/userlistedit.h"
 #include "editors/userpayedit.h"
 #include "shell/wayfernapp.h"
 #include "shell/wayfernview.h"
@@ -26,19 +29,19 @@
 #include <cstdio>
 #include <functional>
 
-// Pictures of the main window and of the cost dialogs for the documentation, taken as a
-// user sees them: the costs, share and base settings dialogs open through the window's own
-// buttons and actions, the deposit and account dialogs are built here as the user list
-// builds them, and each picture is the whole screen, so a dialog that does not fill it
-// shows over the window.
+// Pictures of the main window and of its dialogs for the documentation, taken as a user
+// sees them: every dialog opens through the window's own buttons and actions or through
+// those of the user list, and each picture is the whole screen, so a dialog that does not
+// fill it shows over what opened it.
 //
 //   wayfern-screenshot DIR [JOURNEY [SUFFIX]]
 //
 // With JOURNEY the program opens that journey from a scratch configuration; without it, it
 // opens the user's last journey as a normal start does. The files go to DIR, named
-// main-overview, main-costs, main-tips, costs, share, base, deposit and account, each
-// followed by SUFFIX (e.g. "-240x320") and ".png". Meant to run under a virtual X server
-// with the screen size of the pictures; scripts/screenshots.sh does that.
+// main-overview, main-costs, main-tips, costs, share, base, userlist, user, deposit,
+// account and tip, each followed by SUFFIX (e.g. "-240x320") and ".png". Meant to run
+// under a virtual X server with the screen size of the pictures; scripts/screenshots.sh
+// does that.
 
 namespace {
 
@@ -186,48 +189,103 @@ void shootBaseSettings(WayfernApp &window)
     window.view->openBase();
 }
 
-// The deposit dialog for the first traveller, with an amount typed, over the window; and
-// that traveller's account. The line booked for the picture is taken out again.
-void shootAccountDialogs(WayfernApp &window)
+// The first row of `list` made current and selected, as a tap makes it.
+void selectFirst(QTreeWidget *list)
+{
+    if (QTreeWidgetItem *first = list->topLevelItem(0)) {
+        list->setCurrentItem(first);
+        first->setSelected(true);
+    }
+}
+
+// The user list as the window's user action opens it, with the first traveller selected;
+// through its buttons that traveller's editor, a deposit with an amount typed (dated from
+// the calendar that comes first) and his account. Nothing is stored: the deposit is
+// cancelled, which takes its line out again.
+void shootUserDialogs(WayfernApp &window)
 {
     WayfernView *view = window.view;
-    WayFernData *doc = window.doc;
-    UserData *user = doc->users.first();
-    if (!user) {
-        fprintf(stderr, "wayfern-screenshot: the journey has no traveller\n");
+    userListEdit *list = view->userListInput;
+    userEdit *user = list->userInput;
+    userCashEdit *cash = list->userCash;
+    userKtoEdit *account = list->userKto;
+    calenderEdit *calendar = view->calendar;
+    whenModal(list, "user list", [=] {
+        maximise(list);
+        selectFirst(list->ListView);
+        shoot(list, "userlist");
+
+        whenModal(user, "user editor", [=] {
+            maximise(user);
+            // Every group open, the traveller's first row selected.
+            user->ListView->expandAll();
+            if (QTreeWidgetItem *common = user->ListView->topLevelItem(0))
+                if (QTreeWidgetItem *first = common->child(0))
+                    user->ListView->setCurrentItem(first);
+            shoot(user, "user");
+            user->reject();
+        });
+        list->ChangeButton->click();
+
+        selectFirst(list->ListView);
+        whenModal(calendar, "calendar", [=] {
+            calendar->setDate(QStringLiteral("02.06.2002"));
+            calendar->slotOK();
+        });
+        whenModal(cash, "deposit dialog", [=] {
+            cash->LineEdit->setText(QStringLiteral("50"));
+            shoot(cash, "deposit");
+            cash->reject();
+        });
+        list->EinzahlButton->click();
+
+        selectFirst(list->ListView);
+        whenModal(account, "account", [=] {
+            maximise(account);
+            shoot(account, "account");
+            account->accept();
+        });
+        list->KtoButton->click();
+
+        list->CloseButton->click();
+    });
+    window.openUser->trigger();
+}
+
+// The tip editor on the first tip whose type has fields of its own, as the tips' change
+// button opens it, with every group open and the first field of its own selected.
+void shootTipEditor(WayfernApp &window)
+{
+    WayfernView *view = window.view;
+    tipEdit *tip = view->tipInput;
+    QTreeWidgetItem *row = nullptr;
+    for (int i = 0; i < view->TipListView->topLevelItemCount() && !row; ++i) {
+        QTreeWidgetItem *candidate = view->TipListView->topLevelItem(i);
+        for (TipData *data : window.doc->tips)
+            if (data->item == candidate && data->customs.count() > 0)
+                row = candidate;
+    }
+    if (!row) {
+        fprintf(stderr, "wayfern-screenshot: the journey has no tip with fields of its own\n");
         ++failures;
         return;
     }
-    // Their owner, the user list, builds them with the other dialogs before the window sets
-    // every widget's font; these are built late and get the font here.
-    auto *cash = new userCashEdit(view, "deposit", true, doc);
-    cash->hide();
-    auto *account = new userKtoEdit(view, "account", true, doc);
-    account->hide();
-    ScQtWidgetUtil::setAllWidgetsFont(QStringLiteral("helvetica"), 8);
-
-    KtoData *line = user->addKto(-2);
-    cash->prepare(QStringLiteral("deposit"), QStringLiteral("02.06.2002"), user, line,
-                  view->calendar);
-    whenModal(cash, "deposit dialog", [=] {
-        cash->LineEdit->setText(QStringLiteral("50"));
-        shoot(cash, "deposit");
-        cash->reject();
+    view->TabWidget2->setCurrentIndex(2);
+    view->TipListView->setCurrentItem(row);
+    row->setSelected(true);
+    whenModal(tip, "tip editor", [=] {
+        maximise(tip);
+        tip->ListView->expandAll();
+        const QList<QTreeWidgetItem *> custom =
+            tip->ListView->findItems(tip->rowCustom, Qt::MatchExactly, 0);
+        if (!custom.isEmpty() && custom.first()->childCount() > 0) {
+            tip->ListView->setCurrentItem(custom.first()->child(0));
+            tip->ListView->scrollToItem(custom.first()->child(0));
+        }
+        shoot(tip, "tip");
+        tip->reject();
     });
-    cash->exec();
-    cash->hide();
-    user->removeKto(line);
-    delete cash;
-
-    account->prepare(user);
-    whenModal(account, "account", [=] {
-        maximise(account);
-        shoot(account, "account");
-        account->accept();
-    });
-    account->exec();
-    account->hide();
-    delete account;
+    view->TChangeButton->click();
 }
 
 } // namespace
@@ -255,7 +313,8 @@ int main(int argc, char *argv[])
         shootMainWindow(window);
         shootCostDialogs(window);
         shootBaseSettings(window);
-        shootAccountDialogs(window);
+        shootUserDialogs(window);
+        shootTipEditor(window);
         // Nothing of the journey is saved: the window goes without the question.
         window.doc->setModified(false);
         QCoreApplication::exit(failures ? 1 : 0);
