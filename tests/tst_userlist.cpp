@@ -161,6 +161,10 @@ private slots:
         // The headings only label the columns.
         QVERIFY(!dlg.ListView->header()->sectionsClickable());
         QCOMPARE(dlg.ListView->columnCount(), 4);
+        // Every column as wide as its entries: the balance shows on a small screen.
+        for (int column = 0; column < 4; ++column)
+            QCOMPARE(dlg.ListView->header()->sectionResizeMode(column),
+                     QHeaderView::ResizeToContents);
         UserListDlg form;
         FormCheck::checkWidgets(&form, listFormWidgets);
     }

@@ -11,6 +11,9 @@ UserListDlg::UserListDlg(QWidget *parent, const char *name, bool modal, Qt::Wind
 
     // The headings only label the columns: a tap on them sorts nothing.
     ListView->header()->setSectionsClickable(false);
+    // Each column as wide as its entries, so that the balance still shows on a 240 pixel
+    // screen.
+    ListView->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
 
     connect(AppendButton, &QToolButton::clicked, this, [this] { slotAppend(); });
     connect(ChangeButton, &QToolButton::clicked, this, [this] { slotChange(); });
