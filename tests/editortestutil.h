@@ -10,6 +10,7 @@
 
 #include <QAbstractItemModel>
 #include <QComboBox>
+#include <QHeaderView>
 #include <QStringList>
 #include <QTest>
 #include <QTreeWidget>
@@ -58,4 +59,31 @@ inline bool chooseInCombo(QComboBox *combo, const QString &text)
     while (combo->currentIndex() > target)
         QTest::keyClick(combo, Qt::Key_Up);
     return combo->currentText() == text;
+}
+
+// The list settings that every item-and-content form has.
+inline void checkItemContentList(const QTreeWidget *list)
+{
+    QVERIFY(list->allColumnsShowFocus());
+    QVERIFY(list->rootIsDecorated());
+    QVERIFY(list->header()->isSortIndicatorShown());
+}
+
+// The layout outline of an item-and-content form; `besideCombo` names the buttons that
+// stand right of the combo box.
+inline QStringList itemContentOutline(const QStringList &besideCombo = {})
+{
+    QStringList lines{"QVBoxLayout margins 11 spacing 6", "  QVBoxLayout margins 0 spacing 6",
+                      "    QHBoxLayout margins 0 spacing 6", "      ComboBox"};
+    for (const QString &button : besideCombo)
+        lines << QStringLiteral("      ") + button;
+    return lines
+        + QStringList{"      spacer 20x20 Expanding",
+                      "      OkButton",
+                      "      CancelButton",
+                      "    QHBoxLayout margins 0 spacing 6",
+                      "      ClearButton",
+                      "      LineEdit",
+                      "      ToolButton",
+                      "    ListView"};
 }

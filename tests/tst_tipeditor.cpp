@@ -182,9 +182,7 @@ private slots:
         QCOMPARE(dlg.OkButton->iconSize(), QSize(24, 16));
         QCOMPARE(dlg.CancelButton->iconSize(), QSize(24, 16));
         QCOMPARE(dlg.ClearButton->iconSize(), QSize(24, 16));
-        QVERIFY(dlg.ListView->allColumnsShowFocus());
-        QVERIFY(dlg.ListView->rootIsDecorated());
-        QVERIFY(dlg.ListView->header()->isSortIndicatorShown());
+        checkItemContentList(dlg.ListView);
         TipDlg form;
         FormCheck::checkWidgets(&form, tipFormWidgets);
     }
@@ -192,13 +190,7 @@ private slots:
     void formLayoutStacksTheRowsWithTheirMarginsAndSpacings()
     {
         TipDlg dlg;
-        QCOMPARE(
-            FormCheck::layoutOutline(dlg.layout()),
-            (QStringList{"QVBoxLayout margins 11 spacing 6", "  QVBoxLayout margins 0 spacing 6",
-                         "    QHBoxLayout margins 0 spacing 6", "      ComboBox",
-                         "      spacer 20x20 Expanding", "      OkButton", "      CancelButton",
-                         "    QHBoxLayout margins 0 spacing 6", "      ClearButton",
-                         "      LineEdit", "      ToolButton", "    ListView"}));
+        QCOMPARE(FormCheck::layoutOutline(dlg.layout()), itemContentOutline());
     }
 
     void formStubSlotsWarnNotImplemented()
