@@ -109,6 +109,16 @@ struct Fixture
     }
     // One step of the combo box with the keyboard: one activation.
     void comboStep(Qt::Key key) { QTest::keyClick(ed.ComboBox, key); }
+    // On the type row, one step of the box with `key`; the type question that follows is
+    // answered with `answer`. False when the row can't be tapped.
+    bool stepType(Qt::Key key, QMessageBox::StandardButton answer, ModalTicket &box)
+    {
+        if (!tap("common", "tiptype"))
+            return false;
+        box = ModalHelper::answerNextMessageBox(answer);
+        comboStep(key);
+        return true;
+    }
 
     WayFernData doc;
     calenderEdit calendar{nullptr, "Calendar", true, &doc};
@@ -453,9 +463,8 @@ private slots:
         Fixture f;
         TipData *tip = f.addHotel();
         f.ed.prepare(tip, &f.calendar);
-        QVERIFY(f.tap("common", "tiptype"));
-        ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::Cancel);
-        f.comboStep(Qt::Key_Down);
+        ModalTicket box;
+        QVERIFY(f.stepType(Qt::Key_Down, QMessageBox::Cancel, box));
         QVERIFY2(box->handled, qPrintable(box->error));
         QCOMPARE(box->title, QStringLiteral("change tiptype"));
         QCOMPARE(box->text,
@@ -476,9 +485,8 @@ private slots:
         Fixture f;
         TipData *tip = f.addHotel();
         f.ed.prepare(tip, &f.calendar);
-        QVERIFY(f.tap("common", "tiptype"));
-        ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::Yes);
-        f.comboStep(Qt::Key_Down);
+        ModalTicket box;
+        QVERIFY(f.stepType(Qt::Key_Down, QMessageBox::Yes, box));
         QVERIFY2(box->handled, qPrintable(box->error));
         QCOMPARE(f.row("common", "tiptype"), QStringLiteral("Restaurant"));
         QCOMPARE(f.row("common", "short tiptype"), QStringLiteral("R"));
@@ -512,9 +520,8 @@ private slots:
         TipData *tip = f.addHotel();
         f.doc.ttypes.at(1)->customs.first()->text = QStringLiteral("stars");
         f.ed.prepare(tip, &f.calendar);
-        QVERIFY(f.tap("common", "tiptype"));
-        ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::Yes);
-        f.comboStep(Qt::Key_Down);
+        ModalTicket box;
+        QVERIFY(f.stepType(Qt::Key_Down, QMessageBox::Yes, box));
         QVERIFY2(box->handled, qPrintable(box->error));
         QCOMPARE(f.row("custom", "stars"), QString());
     }
@@ -524,9 +531,8 @@ private slots:
         Fixture f;
         TipData *tip = f.addHotel();
         f.ed.prepare(tip, &f.calendar);
-        QVERIFY(f.tap("common", "tiptype"));
-        ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::Yes);
-        f.comboStep(Qt::Key_End);
+        ModalTicket box;
+        QVERIFY(f.stepType(Qt::Key_End, QMessageBox::Yes, box));
         QVERIFY2(box->handled, qPrintable(box->error));
         QCOMPARE(WidgetReaders::columnTexts(f.ed.ListView), (QStringList{"common", "phone"}));
         QCOMPARE(f.row("common", "tiptype"), QStringLiteral("Museum"));
@@ -544,9 +550,8 @@ private slots:
         f.ed.prepare(tip, &f.calendar);
         QVERIFY(f.tap("common", "name"));
         QTest::keyClicks(f.ed.LineEdit, QStringLiteral(" II"));
-        QVERIFY(f.tap("common", "tiptype"));
-        ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::Yes);
-        f.comboStep(Qt::Key_Down);
+        ModalTicket box;
+        QVERIFY(f.stepType(Qt::Key_Down, QMessageBox::Yes, box));
         QVERIFY2(box->handled, qPrintable(box->error));
         // What was typed but not yet read back is rebuilt from the working copy.
         QCOMPARE(f.row("common", "name"), QStringLiteral("Seeblick"));
@@ -599,9 +604,8 @@ private slots:
         Fixture f;
         TipData *tip = f.addHotel();
         f.ed.prepare(tip, &f.calendar);
-        QVERIFY(f.tap("common", "tiptype"));
-        ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::Yes);
-        f.comboStep(Qt::Key_Down);
+        ModalTicket box;
+        QVERIFY(f.stepType(Qt::Key_Down, QMessageBox::Yes, box));
         QVERIFY2(box->handled, qPrintable(box->error));
         f.ed.OkButton->click();
         f.ed.prepare(f.addHotel(), &f.calendar);
@@ -619,9 +623,8 @@ private slots:
         TipData *tip = f.doc.tips.append();
         tip->tiptype = QStringLiteral("Museum");
         f.ed.prepare(tip, &f.calendar);
-        QVERIFY(f.tap("common", "tiptype"));
-        ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::Yes);
-        f.comboStep(Qt::Key_End);
+        ModalTicket box;
+        QVERIFY(f.stepType(Qt::Key_End, QMessageBox::Yes, box));
         QVERIFY2(box->handled, qPrintable(box->error));
         QTreeWidgetItem *custom = WidgetReaders::topLevelItem(f.ed.ListView, "custom");
         QVERIFY(custom);
@@ -678,9 +681,8 @@ private slots:
         Fixture f;
         TipData *tip = f.addHotel();
         f.ed.prepare(tip, &f.calendar);
-        QVERIFY(f.tap("common", "tiptype"));
-        ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::Yes);
-        f.comboStep(Qt::Key_Down);
+        ModalTicket box;
+        QVERIFY(f.stepType(Qt::Key_Down, QMessageBox::Yes, box));
         QVERIFY2(box->handled, qPrintable(box->error));
         f.ed.OkButton->click();
         // The tables go with the journey; the type chosen last must not be read again.
