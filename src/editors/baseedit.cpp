@@ -13,7 +13,6 @@ baseEdit::baseEdit(QWidget *parent, const char *name, bool modal, WayFernData *d
     rowBase = tr("base currency");
     rowDistance = tr("distance type");
     rowUser = tr("user flag");
-    modified = false;
     setData();
     modified = false;
     basechanged = false;

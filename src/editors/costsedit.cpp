@@ -19,7 +19,6 @@ costsEdit::costsEdit(QWidget *parent, const char *name, bool modal, WayFernData 
     rowBase = tr("base value");
     rowComment = tr("comment");
     rowExchange = tr("exch. rate");
-    modified = false;
 }
 
 costsEdit::~costsEdit() = default;
@@ -27,12 +26,6 @@ costsEdit::~costsEdit() = default;
 QString costsEdit::cancelCaption() const
 {
     return tr("Cancel");
-}
-
-QString costsEdit::typeLetter(const QString &type)
-{
-    const char c = *document->firstCapital(type);
-    return c ? QString(QLatin1Char(c)) : QStringLiteral("");
 }
 
 void costsEdit::copyData(const CostsData *source, CostsData *target)

@@ -63,5 +63,4 @@ private:
     void fillList();
     void recalc();
     // The type's short letter: its first capital, or empty.
-    QString typeLetter(const QString &type);
 };

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "data/wayferndata.h"
 #include "dialogs/calenderedit.h"
 #include "dialogs/savechangesquestion.h"
 #include "dialogs/scqtwidgetutil.h"
@@ -13,8 +14,6 @@
 #include <QToolButton>
 #include <QTreeWidget>
 #include <QTreeWidgetItem>
-
-class WayFernData;
 
 // What a row of an item-and-content editor lets the user do, and so which of the four edit
 // widgets it switches on.
@@ -169,6 +168,13 @@ protected:
         selected = item;
         enableFor(kind);
         this->LineEdit->setText(item->text(1));
+    }
+
+    // The letter that stands for a cost or tip type in the lists: its first capital.
+    QString typeLetter(const QString &type) const
+    {
+        const char c = *document->firstCapital(type);
+        return c ? QString(QLatin1Char(c)) : QStringLiteral("");
     }
 
     // The date row's calendar, starting at `recordDate`. A chosen date goes into the line

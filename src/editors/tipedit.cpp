@@ -25,7 +25,6 @@ tipEdit::tipEdit(QWidget *parent, const char *name, bool modal, WayFernData *doc
     rowWww = tr("www");
     rowQuality = tr("quality");
     rowCustom = tr("custom");
-    modified = false;
 }
 
 tipEdit::~tipEdit() = default;
@@ -33,12 +32,6 @@ tipEdit::~tipEdit() = default;
 QString tipEdit::cancelCaption() const
 {
     return tr("Cancel");
-}
-
-QString tipEdit::typeLetter(const QString &type)
-{
-    const char c = *document->firstCapital(type);
-    return c ? QString(QLatin1Char(c)) : QStringLiteral("");
 }
 
 TTypeData *tipEdit::liveCurrentType()

@@ -65,7 +65,6 @@ private:
     // Builds the rows from `tmp`; the row selected before stays selected.
     void fillList();
     // The type's short letter: its first capital, or empty.
-    QString typeLetter(const QString &type);
     // `currenttype` if it still stands in the document's table, else null: the table may
     // have been replaced with the journey.
     TTypeData *liveCurrentType();

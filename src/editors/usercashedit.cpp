@@ -14,7 +14,6 @@ userCashEdit::userCashEdit(QWidget *parent, const char *name, bool modal, WayFer
     if (!name)
         setWindowTitle(QString());
     document = doc;
-    modified = false;
 }
 
 userCashEdit::~userCashEdit() = default;

@@ -25,7 +25,6 @@ userEdit::userEdit(QWidget *parent, const char *name, bool modal, WayFernData *d
     rowBank = tr("bank");
     rowBcode = tr("bcode");
     rowAccount = tr("account");
-    modified = false;
 }
 
 userEdit::~userEdit() = default;

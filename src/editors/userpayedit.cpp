@@ -63,7 +63,6 @@ userPayEdit::userPayEdit(QWidget *parent, const char *name, bool modal, WayFernD
     header->setSectionResizeMode(1, QHeaderView::Stretch);
 
     showMaximized();
-    modified = false;
     ListView->setFocusProxy(LineEdit);
 }
 
