@@ -1,0 +1,291 @@
+#include "editors/currlistedit.h"
+
+#include "data/wayferndata.h"
+#include "editors/curredit.h"
+#include "rates/currsync.h"
+#include "rates/synclistedit.h"
+
+#include <QCloseEvent>
+#include <QList>
+#include <QMessageBox>
+#include <QTreeWidgetItem>
+
+currListEdit::currListEdit(QWidget *parent, const char *name, bool modal, WayFernData *doc)
+    : CurrListDlg(parent, name, modal)
+{
+    // Callers always pass a name: the form's caption stays, the name is the object's.
+    if (!name)
+        setWindowTitle(QString());
+    document = doc;
+    CurrListView->setSortingEnabled(false);
+    CurrListView->setAllColumnsShowFocus(true);
+
+    currDlg = new currEdit(this, tr("Input currency").toLatin1().constData(), true, doc);
+    currDlg->hide();
+    syncListDlg =
+        new syncListEdit(this, tr("exchange rate list").toLatin1().constData(), true, doc);
+    syncListDlg->hide();
+    showMaximized();
+    StatusTextLabel->setText(QStringLiteral(""));
+    grabber = std::make_unique<currSync>(doc, StatusTextLabel);
+    connect(grabber.get(), &currSync::grabSuccess, this, &currListEdit::slotGrabSuccess);
+    connect(grabber.get(), &currSync::noSuccess, this, &currListEdit::slotNoSuccess);
+    changed = false;
+}
+
+currListEdit::~currListEdit() = default;
+
+void currListEdit::setData()
+{
+    base = document->basecurrency;
+    BaseCTextLabel->setText(tr("base currency") + QStringLiteral(" : ") + base);
+    fillList();
+    StatusTextLabel->setText(QStringLiteral(""));
+    DeleteButton->setEnabled(false);
+    ChangeButton->setEnabled(false);
+    SyncButton->setEnabled(!base.isEmpty());
+    SyncListButton->setEnabled(true);
+    changed = false;
+}
+
+void currListEdit::fillList()
+{
+    CurrListView->clear();
+    // The currency last worked on may have left the list, even with the journey it belonged
+    // to; then nothing comes up selected.
+    if (!document->currencies.contains(current))
+        current = nullptr;
+    QList<QTreeWidgetItem *> rows;
+    QTreeWidgetItem *shown = nullptr;
+    for (CurrData *curr : document->currencies) {
+        auto *row = new QTreeWidgetItem(QStringList{curr->short_, curr->factor, curr->fullname});
+        curr->item = row;
+        if (curr == current)
+            shown = row;
+        rows.append(row);
+    }
+    CurrListView->addTopLevelItems(rows);
+    if (shown) {
+        // Selected and current alike, so that the buttons act on the row that is shown.
+        CurrListView->scrollToItem(shown);
+        CurrListView->setCurrentItem(shown);
+    }
+}
+
+CurrData *currListEdit::findByItem(QTreeWidgetItem *row) const
+{
+    if (!row)
+        return nullptr;
+    const RecordList<CurrData> &currencies = document->currencies;
+    for (int i = currencies.count() - 1; i >= 0; --i)
+        if (currencies.at(i)->item == row)
+            return currencies.at(i);
+    return nullptr;
+}
+
+void currListEdit::slotSelectionChanged(QTreeWidgetItem *item)
+{
+    DeleteButton->setEnabled(item != nullptr);
+    ChangeButton->setEnabled(item != nullptr);
+}
+
+void currListEdit::slotAppend()
+{
+    current = document->currencies.append();
+    if (document->currencies.last()) {
+        currDlg->setData(current);
+        currDlg->exec();
+        currDlg->hide();
+        if (currDlg->result() == QDialog::Rejected) {
+            document->currencies.remove(current);
+            current = document->currencies.first();
+        } else {
+            changed = true;
+        }
+    }
+    fillList();
+}
+
+void currListEdit::slotChange()
+{
+    if (QTreeWidgetItem *row = CurrListView->currentItem()) {
+        if (CurrData *curr = findByItem(row)) {
+            current = curr;
+            currDlg->setData(current);
+            currDlg->exec();
+            currDlg->hide();
+            if (currDlg->result() == QDialog::Accepted)
+                changed = true;
+        }
+    }
+    fillList();
+}
+
+void currListEdit::slotDelete()
+{
+    CurrData *curr = findByItem(CurrListView->currentItem());
+    if (!curr)
+        return;
+    current = curr;
+    // Told by the short name: a second record of the base currency's name stays as well.
+    if (curr->short_ != document->basecurrency) {
+        const QString text = tr("Delete currency") + QLatin1Char('\n') + curr->fullname
+            + QLatin1Char('\n') + curr->short_ + QStringLiteral("\n\n") + tr("confirm with yes !");
+        const auto answer = QMessageBox::information(this, QStringLiteral("Delete item"), text,
+                                                     QMessageBox::Yes | QMessageBox::Cancel);
+        if (answer == QMessageBox::Yes) {
+            // Costs in this currency are left alone: the document settles their link.
+            document->currencies.remove(curr);
+            current = document->currencies.first();
+            changed = true;
+        }
+    } else {
+        const QString text = tr("Delete base currency") + QLatin1Char('\n') + curr->short_
+            + QStringLiteral("\n\n") + tr("is not possible !");
+        QMessageBox::information(this, QStringLiteral("Delete item"), text, QMessageBox::Ok);
+    }
+    fillList();
+}
+
+void currListEdit::slotClose()
+{
+    if (!changed) {
+        accept();
+        return;
+    }
+    const auto answer = QMessageBox::information(
+        this, tr("Cancel"), tr("You have modified the data!\nDo you want to save the changes ?"),
+        QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
+    // The records were changed in place: No keeps them and only leaves the journey's
+    // modified flag as it was.
+    if (answer == QMessageBox::Yes) {
+        document->setModified(true);
+        changed = false;
+        accept();
+    } else if (answer == QMessageBox::No) {
+        changed = false;
+        accept();
+    }
+}
+
+void currListEdit::closeEvent(QCloseEvent *event)
+{
+    slotClose();
+    // Cancel in the question keeps the list open.
+    if (isVisible())
+        event->ignore();
+    else
+        event->accept();
+}
+
+void currListEdit::slotSyncList()
+{
+    const QString address = document->config.catalogue;
+    if (address.isEmpty()) {
+        openCatalogue();
+        return;
+    }
+    // A walk that is running gives way: the grabber serves one request at a time.
+    if (synccurr) {
+        synccurr = nullptr;
+        SyncButton->setEnabled(!base.isEmpty());
+    }
+    // The page comes without blocking the window; the catalogue opens when it is in.
+    SyncListButton->setEnabled(false);
+    fetchingCatalogue = true;
+    if (!grabber->requestPage(address)) {
+        // No request is running, so no signal will come: the page file is all there is.
+        fetchingCatalogue = false;
+        openCatalogue();
+    }
+}
+
+void currListEdit::openCatalogue()
+{
+    SyncListButton->setEnabled(true);
+    syncListDlg->fillList();
+    syncListDlg->exec();
+    syncListDlg->hide();
+    // The last currency dialog decides, not the catalogue: the catalogue marks the journey
+    // modified itself.
+    if (currDlg->result() == QDialog::Accepted)
+        changed = true;
+    fillList();
+}
+
+CurrData *currListEdit::walkRecord() const
+{
+    return document->currencies.contains(synccurr) ? synccurr : nullptr;
+}
+
+CurrData *currListEdit::nextAfter(const CurrData *curr) const
+{
+    const int i = document->currencies.indexOf(curr);
+    if (i < 0 || i + 1 >= document->currencies.count())
+        return nullptr;
+    return document->currencies.at(i + 1);
+}
+
+void currListEdit::slotSynchronize()
+{
+    SyncButton->setEnabled(false);
+    synccurr = document->currencies.first();
+    slotSyncOne();
+}
+
+void currListEdit::slotSyncOne()
+{
+    synccurr = walkRecord();
+    if (!synccurr)
+        return;
+    QString to = synccurr->short_;
+    const QString from = document->basecurrency;
+    // The base currency has no rate of its own.
+    if (to == from) {
+        synccurr = nextAfter(synccurr);
+        if (synccurr)
+            to = synccurr->short_;
+    }
+    if (to != from)
+        grabber->requestRate(from, to);
+}
+
+void currListEdit::slotGrabSuccess()
+{
+    if (fetchingCatalogue) {
+        fetchingCatalogue = false;
+        openCatalogue();
+        return;
+    }
+    // A record deleted while its rate was on the way ends the walk: there is nothing to
+    // write the rate into, and nothing to go on from.
+    CurrData *curr = walkRecord();
+    if (!curr) {
+        synccurr = nullptr;
+        slotNoSuccess();
+        return;
+    }
+    const double value = grabber->readRate();
+    if (value != -1.0) {
+        curr->factorvalue = value;
+        curr->factor = QString::asprintf("%.4f", value);
+        changed = true;
+    }
+    synccurr = nextAfter(curr);
+    if (synccurr)
+        slotSyncOne();
+    else
+        slotNoSuccess();
+}
+
+void currListEdit::slotNoSuccess()
+{
+    if (fetchingCatalogue) {
+        fetchingCatalogue = false;
+        openCatalogue();
+        return;
+    }
+    synccurr = nullptr;
+    fillList();
+    SyncButton->setEnabled(true);
+}

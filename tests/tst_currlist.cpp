@@ -1,0 +1,807 @@
+#include "editortestutil.h"
+#include "fakecurrsync.h"
+#include "formcheck.h"
+#include "modalhelper.h"
+
+#include "data/wayferndata.h"
+#include "editors/curredit.h"
+#include "editors/currlistedit.h"
+#include "forms/currlistdlg.h"
+#include "rates/currsync.h"
+#include "rates/synclistedit.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QFrame>
+#include <QHeaderView>
+#include <QLabel>
+#include <QRegularExpression>
+#include <QTest>
+
+#include <functional>
+
+namespace {
+
+class RecordingCurrListDlg : public CurrListDlg
+{
+public:
+    QStringList calls;
+    void slotSyncList() override { calls << "slotSyncList"; }
+    void slotAppend() override { calls << "slotAppend"; }
+    void slotChange() override { calls << "slotChange"; }
+    void slotClose() override { calls << "slotClose"; }
+    void slotDelete() override { calls << "slotDelete"; }
+    void slotInsert() override { calls << "slotInsert"; }
+    void slotSelectionChanged(QTreeWidgetItem *i) override
+    {
+        calls << QStringLiteral("slotSelectionChanged %1").arg(i ? i->text(0) : "null");
+    }
+    void slotSynchronize() override { calls << "slotSynchronize"; }
+};
+
+// The list on the small journey: EUR (base, 1.0), CHF (1.50), USD (0.90).
+struct Fixture
+{
+    Fixture()
+    {
+        FakeGrab::reset();
+        fillJourney(doc, false);
+        doc.findCurrency(QStringLiteral("CHF"))->fullname = QStringLiteral("Swiss Franc");
+        list.hide();
+        list.setData();
+    }
+
+    CurrData *curr(const char *shortName)
+    {
+        for (CurrData *c : doc.currencies)
+            if (c->short_ == QLatin1String(shortName))
+                return c;
+        return nullptr;
+    }
+    QTreeWidgetItem *rowOf(const QString &shortName)
+    {
+        return WidgetReaders::topLevelItem(list.CurrListView, shortName);
+    }
+    bool tap(const QString &shortName)
+    {
+        return ModalHelper::tapItem(list.CurrListView, rowOf(shortName));
+    }
+    QStringList rows() const { return WidgetReaders::treeRows(list.CurrListView); }
+    QStringList shorts() const
+    {
+        QStringList names;
+        for (CurrData *c : doc.currencies)
+            names << c->short_;
+        return names;
+    }
+    void grabbed() { emit list.grabber->grabSuccess(); }
+    void failed() { emit list.grabber->noSuccess(); }
+
+    WayFernData doc;
+    currListEdit list{nullptr, "Currency List", true, &doc};
+};
+
+// In the next currency editor: runs `fill`, then presses the button `button`.
+ModalTicket inNextCurrEditor(const QString &button,
+                             std::function<void(currEdit *, ModalOutcome &)> fill = {})
+{
+    return ModalHelper::onNextModal(
+        [](QWidget *w) { return qobject_cast<currEdit *>(w) != nullptr; },
+        [button, fill](QWidget *w, ModalOutcome &out) {
+            auto *ed = qobject_cast<currEdit *>(w);
+            out.title = ed->windowTitle();
+            out.objectName = ed->objectName();
+            if (fill)
+                fill(ed, out);
+            if (auto *b = ed->findChild<QToolButton *>(button))
+                b->click();
+            else
+                out.error += QStringLiteral("no button %1; ").arg(button);
+        });
+}
+
+// Types `text` into the row `label` of the currency editor.
+void typeInto(currEdit *ed, const QString &label, const QString &text, ModalOutcome &out)
+{
+    QTreeWidgetItem *row = WidgetReaders::topLevelItem(ed->ListView, label);
+    if (!row || !ModalHelper::tapItem(ed->ListView, row)) {
+        out.error += QStringLiteral("row %1 not tapped; ").arg(label);
+        return;
+    }
+    ed->ClearButton->click();
+    QTest::keyClicks(ed->LineEdit, text);
+}
+
+const FormCheck::WidgetRow listFormWidgets[] = {
+    {"CurrListDlg", "CurrListDlg", "Curreny List"},
+    {"BaseCTextLabel", "QLabel", "Base currency", "BaseCurrencyLabel",
+     "shows the actual base currency"},
+    {"StatusTextLabel", "QLabel", "Status", "StatusLabel",
+     "shows the status while the synchronisation\nis active."},
+    {"AppendButton", "QToolButton", "", "AppendButton",
+     "appends a new currency to\nthe currency list.\nThis will open an empty currency dialog\n"
+     "to fill in the data.",
+     ":/pixmaps/curradd.xpm"},
+    {"ChangeButton", "QToolButton", "", "ChangeButton",
+     "changes the data of an existing currency.\nThe currency to be changed has to be selected.",
+     ":/pixmaps/currchange.xpm"},
+    {"DeleteButton", "QToolButton", "", "DeleteButton",
+     "deletes the selected currency from the list.\nThe user is asked to confirm the\naction.",
+     ":/pixmaps/currdelete.xpm"},
+    {"SyncButton", "QToolButton", "", "SyncButton",
+     "SyncButton\nsynchronizes the currency exchange rates\nwith the yahoo website (if internet "
+     "is available)",
+     ":/pixmaps/currsync.xpm"},
+    {"SyncListButton", "QToolButton", "", "SyncListButton",
+     "shows a list with all availble currencies\non the yahoo web site. The user\ncan select one "
+     "or more from this list\nto use them in the program.",
+     ":/pixmaps/currsynclist.xpm"},
+    {"CloseButton", "QToolButton", "", "CloseButton", "closes the form and stores\nthe changes",
+     ":/pixmaps/close.xpm"},
+    {"CurrListView", "QTreeWidget", "currency|factor|Full name", "CurrencyList",
+     "This list shows the different currencies used during\nthe journey."},
+};
+
+const FormCheck::StubRow listFormStubs[] = {
+    {"slotSyncList()", "CurrListDlg::slotSyncList(): Not implemented yet!"},
+    {"slotAppend()", "CurrListDlg::slotAppend(): Not implemented yet!"},
+    {"slotChange()", "CurrListDlg::slotChange(): Not implemented yet!"},
+    {"slotClose()", "CurrListDlg::slotClose(): Not implemented yet!"},
+    {"slotDelete()", "CurrListDlg::slotDelete(): Not implemented yet!"},
+    {"slotInsert()", "CurrListDlg::slotInsert(): Not implemented yet!"},
+    {"slotSelectionChanged(QTreeWidgetItem*)",
+     "CurrListDlg::slotSelectionChanged( QTreeWidgetItem * ): Not implemented yet!"},
+    {"slotSynchronize()", "CurrListDlg::slotSynchronize(): Not implemented yet!"},
+};
+
+const QString saveQuestion =
+    QStringLiteral("You have modified the data!\nDo you want to save the changes ?");
+
+} // namespace
+
+class TestCurrList : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase() { qputenv("WAYFERNCFG", "."); }
+    void init() { QTest::failOnWarning(QRegularExpression("Not implemented yet!")); }
+    void cleanup() { ModalHelper::cancelPending(); }
+
+    // The form.
+
+    void formWidgetsCarryTheirNamesTextsAndTips()
+    {
+        CurrListDlg dlg(nullptr, "Currency List", true);
+        QCOMPARE(dlg.objectName(), QStringLiteral("Currency List"));
+        QVERIFY(dlg.isModal());
+        QCOMPARE(FormCheck::childWidgets(&dlg),
+                 (QStringList{"BaseCTextLabel:QLabel", "StatusTextLabel:QLabel",
+                              "AppendButton:QToolButton", "ChangeButton:QToolButton",
+                              "DeleteButton:QToolButton", "SyncButton:QToolButton",
+                              "SyncListButton:QToolButton", "CloseButton:QToolButton",
+                              "CurrListView:QTreeWidget"}));
+        for (QLabel *label : {dlg.BaseCTextLabel, dlg.StatusTextLabel})
+            QCOMPARE(label->frameShape(), QFrame::Panel);
+        for (QToolButton *b : {dlg.AppendButton, dlg.ChangeButton, dlg.DeleteButton, dlg.SyncButton,
+                               dlg.SyncListButton, dlg.CloseButton})
+            QCOMPARE(b->iconSize(), QSize(24, 16));
+        QVERIFY(!dlg.CurrListView->header()->sectionsClickable());
+        CurrListDlg form;
+        FormCheck::checkWidgets(&form, listFormWidgets);
+    }
+
+    void formLayoutStacksTheLabelsTheButtonRowAndTheList()
+    {
+        CurrListDlg dlg;
+        QCOMPARE(FormCheck::layoutOutline(dlg.layout()),
+                 (QStringList{"QVBoxLayout margins 11 spacing 6", "  BaseCTextLabel",
+                              "  StatusTextLabel", "  QHBoxLayout margins 0 spacing 6",
+                              "    AppendButton", "    ChangeButton", "    DeleteButton",
+                              "    SyncButton", "    SyncListButton", "    spacer 20x20 Expanding",
+                              "    CloseButton", "  CurrListView"}));
+    }
+
+    void formStubSlotsWarnNotImplemented()
+    {
+        CurrListDlg dlg;
+        FormCheck::checkStubs(&dlg, CurrListDlg::staticMetaObject, listFormStubs);
+    }
+
+    void formConnectsItsButtonsAndListToTheSlots()
+    {
+        RecordingCurrListDlg dlg;
+        dlg.show();
+        for (QToolButton *b : {dlg.AppendButton, dlg.ChangeButton, dlg.DeleteButton,
+                               dlg.CloseButton, dlg.SyncButton, dlg.SyncListButton})
+            b->click();
+        QCOMPARE(dlg.calls,
+                 (QStringList{"slotAppend", "slotChange", "slotDelete", "slotClose",
+                              "slotSynchronize", "slotSyncList"}));
+        dlg.calls.clear();
+        auto *item = new QTreeWidgetItem(dlg.CurrListView, QStringList{"CHF"});
+        QVERIFY(ModalHelper::tapItem(dlg.CurrListView, item));
+        QCOMPARE(dlg.calls, (QStringList{"slotSelectionChanged CHF"}));
+        dlg.calls.clear();
+        const QRect rect = dlg.CurrListView->visualItemRect(item);
+        QTest::mouseDClick(dlg.CurrListView->viewport(), Qt::LeftButton, {}, rect.center());
+        QVERIFY(dlg.calls.contains("slotChange"));
+        dlg.calls.clear();
+        emit dlg.CurrListView->itemActivated(item, 0);
+        QCOMPARE(dlg.calls, (QStringList{"slotChange"}));
+    }
+
+    // Opening.
+
+    void theListOwnsItsTwoDialogsBuiltModalAndHidden()
+    {
+        Fixture f;
+        QCOMPARE(f.list.windowTitle(), QStringLiteral("Curreny List"));
+        QCOMPARE(f.list.objectName(), QStringLiteral("Currency List"));
+        QStringList dialogs;
+        for (QDialog *d : f.list.findChildren<QDialog *>(Qt::FindDirectChildrenOnly)) {
+            dialogs << d->objectName() + u':' + QString::fromLatin1(d->metaObject()->className());
+            QVERIFY(d->isHidden());
+            QVERIFY(d->isModal());
+        }
+        QCOMPARE(dialogs,
+                 (QStringList{"Input currency:currEdit", "exchange rate list:syncListEdit"}));
+        QVERIFY(f.list.grabber);
+        QVERIFY(!f.list.CurrListView->isSortingEnabled());
+        QVERIFY(f.list.CurrListView->allColumnsShowFocus());
+    }
+
+    void setDataShowsTheBaseCurrencyAndTheTableInItsOrder()
+    {
+        Fixture f;
+        QCOMPARE(f.list.BaseCTextLabel->text(), QStringLiteral("base currency : EUR"));
+        QCOMPARE(f.list.StatusTextLabel->text(), QString());
+        QCOMPARE(f.rows(), (QStringList{"EUR|1.0|EUR", "CHF|1.50|Swiss Franc", "USD|0.90|USD"}));
+        QCOMPARE(f.curr("USD")->item, f.rowOf("USD"));
+        QVERIFY(!f.list.DeleteButton->isEnabled());
+        QVERIFY(!f.list.ChangeButton->isEnabled());
+        QVERIFY(f.list.SyncButton->isEnabled());
+        QVERIFY(f.list.SyncListButton->isEnabled());
+        QVERIFY(!f.list.changed);
+        QCOMPARE(f.list.base, QStringLiteral("EUR"));
+    }
+
+    void aJourneyWithoutBaseCurrencyHasTheSyncButtonDisabled()
+    {
+        Fixture f;
+        f.doc.basecurrency = QString();
+        f.list.setData();
+        QVERIFY(!f.list.SyncButton->isEnabled());
+        f.doc.basecurrency = QStringLiteral("");
+        f.list.setData();
+        QVERIFY(!f.list.SyncButton->isEnabled());
+        QCOMPARE(f.list.BaseCTextLabel->text(), QStringLiteral("base currency : "));
+        QVERIFY(f.list.SyncListButton->isEnabled());
+    }
+
+    void selectingARowSwitchesChangeAndDeleteOn()
+    {
+        Fixture f;
+        QVERIFY(f.tap("CHF"));
+        QVERIFY(f.list.DeleteButton->isEnabled());
+        QVERIFY(f.list.ChangeButton->isEnabled());
+        f.list.CurrListView->clearSelection();
+        QVERIFY(!f.list.DeleteButton->isEnabled());
+        QVERIFY(!f.list.ChangeButton->isEnabled());
+    }
+
+    // Append, change, delete.
+
+    void aConfirmedNewCurrencyIsAppendedAndSelected()
+    {
+        Fixture f;
+        ModalTicket ed = inNextCurrEditor("OkButton", [](currEdit *e, ModalOutcome &out) {
+            if (e->ListView->topLevelItemCount() != 4 || !e->LineEdit->text().isEmpty())
+                out.error += QStringLiteral("not an empty currency; ");
+            typeInto(e, "short name", "NOK", out);
+            typeInto(e, "factor", "11.45", out);
+            typeInto(e, "full name", "Norwegian Krone", out);
+        });
+        f.list.AppendButton->click();
+        QVERIFY2(ed->handled && ed->error.isEmpty(), qPrintable(ed->error));
+        QCOMPARE(ed->title, QStringLiteral("Currency"));
+        QCOMPARE(ed->objectName, QStringLiteral("Input currency"));
+        QCOMPARE(f.shorts(), (QStringList{"EUR", "CHF", "USD", "NOK"}));
+        QCOMPARE(f.doc.currencies.last()->type, QStringLiteral("fix"));
+        QCOMPARE(f.list.current, f.doc.currencies.last());
+        QCOMPARE(f.rows().last(), QStringLiteral("NOK|11.45|Norwegian Krone"));
+        QVERIFY(f.rowOf("NOK")->isSelected());
+        QCOMPARE(f.list.CurrListView->currentItem(), f.rowOf("NOK"));
+        QVERIFY(f.list.changed);
+    }
+
+    void appendingAndThenCancellingRemovesTheNewRecordAndCurrentMovesToTheFirst()
+    {
+        Fixture f;
+        QVERIFY(f.tap("USD"));
+        // The empty type shows as "fix", which counts as a change: Cancel asks, and No drops.
+        ModalTicket box;
+        ModalTicket ed = inNextCurrEditor("CancelButton", [&box](currEdit *, ModalOutcome &) {
+            box = ModalHelper::answerNextMessageBox(QMessageBox::No);
+        });
+        f.list.AppendButton->click();
+        QVERIFY2(ed->handled && ed->error.isEmpty(), qPrintable(ed->error));
+        QVERIFY(box);
+        QVERIFY2(box->handled, qPrintable(box->error));
+        QCOMPARE(box->text, saveQuestion);
+        QCOMPARE(f.shorts(), (QStringList{"EUR", "CHF", "USD"}));
+        QCOMPARE(f.list.current, f.doc.currencies.first());
+        QVERIFY(f.rowOf("EUR")->isSelected());
+        QCOMPARE(f.list.CurrListView->topLevelItemCount(), 3);
+        QVERIFY(!f.list.changed);
+    }
+
+    void aChangeConfirmedIsShownAndSetsChanged()
+    {
+        Fixture f;
+        QVERIFY(f.tap("CHF"));
+        ModalTicket ed = inNextCurrEditor("OkButton", [](currEdit *e, ModalOutcome &out) {
+            if (e->actu == nullptr || e->actu->short_ != QLatin1String("CHF"))
+                out.error += QStringLiteral("not CHF; ");
+            typeInto(e, "factor", "1.55", out);
+        });
+        f.list.ChangeButton->click();
+        QVERIFY2(ed->handled && ed->error.isEmpty(), qPrintable(ed->error));
+        QCOMPARE(f.rows().at(1), QStringLiteral("CHF|1.55|Swiss Franc"));
+        QCOMPARE(f.list.current, f.curr("CHF"));
+        QVERIFY(f.rowOf("CHF")->isSelected());
+        QVERIFY(f.list.changed);
+        QVERIFY(f.doc.isModified());
+    }
+
+    void aChangeCancelledLeavesChangedAlone()
+    {
+        Fixture f;
+        QVERIFY(f.tap("USD"));
+        ModalTicket ed = inNextCurrEditor("CancelButton");
+        f.list.ChangeButton->click();
+        QVERIFY2(ed->handled && ed->error.isEmpty(), qPrintable(ed->error));
+        QVERIFY(!f.list.changed);
+        QCOMPARE(f.list.current, f.curr("USD"));
+        QVERIFY(f.rowOf("USD")->isSelected());
+    }
+
+    void doubleClickingARowOpensTheCurrencyEditor()
+    {
+        Fixture f;
+        QVERIFY(f.tap("USD"));
+        ModalTicket ed = inNextCurrEditor("OkButton", [](currEdit *e, ModalOutcome &out) {
+            typeInto(e, "full name", "US Dollar", out);
+        });
+        const QRect rect = f.list.CurrListView->visualItemRect(f.rowOf("USD"));
+        QTest::mouseDClick(f.list.CurrListView->viewport(), Qt::LeftButton, {}, rect.center());
+        QVERIFY2(ed->handled && ed->error.isEmpty(), qPrintable(ed->error));
+        QCOMPARE(f.curr("USD")->fullname, QStringLiteral("US Dollar"));
+    }
+
+    void changeWithoutARowOnlyRefills()
+    {
+        Fixture f;
+        f.curr("USD")->factor = QStringLiteral("0.95");
+        f.list.slotChange();
+        QCOMPARE(f.rows().last(), QStringLiteral("USD|0.95|USD"));
+        QVERIFY(!f.list.changed);
+    }
+
+    void deletingAskedAndAnsweredYesRemovesTheCurrency()
+    {
+        Fixture f;
+        QVERIFY(f.tap("CHF"));
+        ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::Yes);
+        f.list.DeleteButton->click();
+        QVERIFY2(box->handled && box->error.isEmpty(), qPrintable(box->error));
+        QCOMPARE(box->title, QStringLiteral("Delete item"));
+        QCOMPARE(box->text,
+                 QStringLiteral("Delete currency\nSwiss Franc\nCHF\n\nconfirm with yes !"));
+        QCOMPARE(box->buttons, QMessageBox::Yes | QMessageBox::Cancel);
+        QCOMPARE(f.shorts(), (QStringList{"EUR", "USD"}));
+        QCOMPARE(f.list.current, f.doc.currencies.first());
+        QVERIFY(f.rowOf("EUR")->isSelected());
+        QVERIFY(f.list.changed);
+        // The journey is marked only when the list is closed with Yes.
+        QVERIFY(!f.doc.isModified());
+    }
+
+    void deletingAnsweredCancelKeepsTheCurrency()
+    {
+        Fixture f;
+        QVERIFY(f.tap("USD"));
+        ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::Cancel);
+        f.list.DeleteButton->click();
+        QVERIFY2(box->handled, qPrintable(box->error));
+        QCOMPARE(f.shorts(), (QStringList{"EUR", "CHF", "USD"}));
+        QCOMPARE(f.list.current, f.curr("USD"));
+        QVERIFY(!f.list.changed);
+    }
+
+    void deletingTheBaseCurrencyIsRefused()
+    {
+        Fixture f;
+        QVERIFY(f.tap("EUR"));
+        ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::Ok);
+        f.list.DeleteButton->click();
+        QVERIFY2(box->handled && box->error.isEmpty(), qPrintable(box->error));
+        QCOMPARE(box->title, QStringLiteral("Delete item"));
+        QCOMPARE(box->text, QStringLiteral("Delete base currency\nEUR\n\nis not possible !"));
+        QCOMPARE(box->buttons, QMessageBox::StandardButtons(QMessageBox::Ok));
+        QCOMPARE(f.shorts(), (QStringList{"EUR", "CHF", "USD"}));
+        QVERIFY(!f.list.changed);
+    }
+
+    void aSecondRecordWithTheBaseCurrencysShortNameIsRefusedAsWell()
+    {
+        Fixture f;
+        CurrData *second = f.doc.currencies.append();
+        second->short_ = QStringLiteral("EUR");
+        second->fullname = QStringLiteral("Euro again");
+        f.list.setData();
+        QVERIFY(ModalHelper::tapItem(f.list.CurrListView, second->item));
+        ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::Ok);
+        f.list.DeleteButton->click();
+        QVERIFY2(box->handled, qPrintable(box->error));
+        QCOMPARE(box->text, QStringLiteral("Delete base currency\nEUR\n\nis not possible !"));
+        QCOMPARE(f.doc.currencies.count(), 4);
+        QCOMPARE(f.list.current, second);
+    }
+
+    void deleteWithoutARowDoesNothing()
+    {
+        Fixture f;
+        f.list.slotDelete();
+        QCOMPARE(f.doc.currencies.count(), 3);
+        QVERIFY(!f.list.changed);
+    }
+
+    // Closing.
+
+    void closingUnchangedAcceptsWithoutAQuestion()
+    {
+        Fixture f;
+        f.list.show();
+        f.list.CloseButton->click();
+        QVERIFY(!f.list.isVisible());
+        QCOMPARE(f.list.result(), int(QDialog::Accepted));
+        QVERIFY(!f.doc.isModified());
+    }
+
+    void closingChangedAnsweredYesMarksTheJourneyModified()
+    {
+        Fixture f;
+        f.list.show();
+        f.list.changed = true;
+        ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::Yes);
+        f.list.CloseButton->click();
+        QVERIFY2(box->handled && box->error.isEmpty(), qPrintable(box->error));
+        QCOMPARE(box->title, QStringLiteral("Cancel"));
+        QCOMPARE(box->text, saveQuestion);
+        QCOMPARE(box->buttons, QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
+        QCOMPARE(f.list.result(), int(QDialog::Accepted));
+        QVERIFY(f.doc.isModified());
+        QVERIFY(!f.list.changed);
+    }
+
+    void closingChangedAnsweredNoKeepsTheRecordsButLeavesTheJourneyUnmarked()
+    {
+        Fixture f;
+        QVERIFY(f.tap("CHF"));
+        ModalTicket del = ModalHelper::answerNextMessageBox(QMessageBox::Yes);
+        f.list.DeleteButton->click();
+        QVERIFY2(del->handled, qPrintable(del->error));
+        f.list.show();
+        ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::No);
+        f.list.CloseButton->click();
+        QVERIFY2(box->handled, qPrintable(box->error));
+        QCOMPARE(f.list.result(), int(QDialog::Accepted));
+        QVERIFY(!f.list.isVisible());
+        QCOMPARE(f.shorts(), (QStringList{"EUR", "USD"}));
+        QVERIFY(!f.doc.isModified());
+        QVERIFY(!f.list.changed);
+    }
+
+    void closingTheWindowAsksAndCancelInTheBoxKeepsTheList()
+    {
+        Fixture f;
+        f.list.show();
+        f.list.changed = true;
+        ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::Cancel);
+        QCloseEvent event;
+        QApplication::sendEvent(&f.list, &event);
+        QVERIFY2(box->handled, qPrintable(box->error));
+        QCOMPARE(box->title, QStringLiteral("Cancel"));
+        QVERIFY(!event.isAccepted());
+        QVERIFY(f.list.isVisible());
+        QVERIFY(f.list.changed);
+        QVERIFY(!f.doc.isModified());
+    }
+
+    // The catalogue.
+
+    void theCatalogueOpensFilledAndTheLastCurrencyDialogDecidesChanged()
+    {
+        Fixture f;
+        // The last currency dialog was confirmed, in an earlier opening of the list.
+        QVERIFY(f.tap("USD"));
+        ModalTicket ed = inNextCurrEditor("OkButton");
+        f.list.ChangeButton->click();
+        QVERIFY2(ed->handled, qPrintable(ed->error));
+        f.list.setData();
+        QVERIFY(!f.list.changed);
+
+        ModalTicket cat = ModalHelper::rejectNextDialog({}, "syncListEdit");
+        f.list.SyncListButton->click();
+        QVERIFY2(cat->handled && cat->error.isEmpty(), qPrintable(cat->error));
+        QCOMPARE(f.list.syncListDlg->fillCount, 1);
+        QVERIFY(f.list.syncListDlg->isHidden());
+        // Rejected, and still the currency dialog's earlier OK counts.
+        QVERIFY(f.list.changed);
+        QVERIFY(FakeGrab::requests.isEmpty());
+    }
+
+    void theCatalogueAfterACancelledCurrencyDialogLeavesChangedAlone()
+    {
+        Fixture f;
+        QVERIFY(f.tap("USD"));
+        ModalTicket ed = inNextCurrEditor("CancelButton");
+        f.list.ChangeButton->click();
+        QVERIFY2(ed->handled, qPrintable(ed->error));
+        ModalTicket cat = ModalHelper::acceptNextDialog(
+            [&f](QDialog *) { f.doc.currencies.append()->short_ = QStringLiteral("NOK"); },
+            "syncListEdit");
+        f.list.SyncListButton->click();
+        QVERIFY2(cat->handled && cat->error.isEmpty(), qPrintable(cat->error));
+        QVERIFY(!f.list.changed);
+        // What the catalogue added shows at once.
+        QCOMPARE(f.rows().last(), QStringLiteral("NOK||"));
+        QVERIFY(f.rowOf("USD")->isSelected());
+    }
+
+    void withACatalogueAddressThePageIsFetchedBeforeTheCatalogueOpens()
+    {
+        Fixture f;
+        f.doc.config.catalogue = QStringLiteral("http://127.0.0.1:1/v1/currencies");
+        f.list.SyncListButton->click();
+        // The window stays usable while the page comes.
+        QCOMPARE(FakeGrab::requests, (QStringList{"page http://127.0.0.1:1/v1/currencies"}));
+        QCOMPARE(f.list.syncListDlg->fillCount, 0);
+        QVERIFY(!f.list.SyncListButton->isEnabled());
+        ModalTicket cat = ModalHelper::acceptNextDialog({}, "syncListEdit");
+        f.grabbed();
+        QVERIFY2(cat->handled && cat->error.isEmpty(), qPrintable(cat->error));
+        QCOMPARE(f.list.syncListDlg->fillCount, 1);
+        QVERIFY(f.list.SyncListButton->isEnabled());
+        // A signal that comes later belongs to no fetch and no walk.
+        FakeGrab::requests.clear();
+        f.failed();
+        QVERIFY(FakeGrab::requests.isEmpty());
+        QCOMPARE(f.list.syncListDlg->fillCount, 1);
+    }
+
+    void aCatalogueFetchThatFailsStillOpensTheCatalogue()
+    {
+        Fixture f;
+        f.doc.config.catalogue = QStringLiteral("http://127.0.0.1:1/v1/currencies");
+        f.list.SyncListButton->click();
+        ModalTicket cat = ModalHelper::rejectNextDialog({}, "syncListEdit");
+        f.failed();
+        QVERIFY2(cat->handled && cat->error.isEmpty(), qPrintable(cat->error));
+        QCOMPARE(f.list.syncListDlg->fillCount, 1);
+        // The walk's end was not taken for it: the list kept its rows and state.
+        QCOMPARE(f.rows().size(), 3);
+    }
+
+    void aCatalogueFetchThatCannotStartOpensTheCatalogueAtOnce()
+    {
+        Fixture f;
+        f.doc.config.catalogue = QStringLiteral("http://127.0.0.1:1/v1/currencies");
+        FakeGrab::failStart = true;
+        ModalTicket cat = ModalHelper::rejectNextDialog({}, "syncListEdit");
+        f.list.SyncListButton->click();
+        QVERIFY2(cat->handled && cat->error.isEmpty(), qPrintable(cat->error));
+        QCOMPARE(f.list.syncListDlg->fillCount, 1);
+        QVERIFY(f.list.SyncListButton->isEnabled());
+    }
+
+    // The walk over all rates.
+
+    void theWalkAsksForEachForeignCurrencyBaseFirstAndWritesTheFactors()
+    {
+        Fixture f;
+        FakeGrab::rates = {1.23456, 0.9};
+        f.list.SyncButton->click();
+        QVERIFY(!f.list.SyncButton->isEnabled());
+        // The base currency comes first in the table and is skipped.
+        QCOMPARE(FakeGrab::requests, (QStringList{"rate EUR CHF"}));
+        f.grabbed();
+        QCOMPARE(FakeGrab::requests, (QStringList{"rate EUR CHF", "rate EUR USD"}));
+        QCOMPARE(f.curr("CHF")->factor, QStringLiteral("1.2346"));
+        QCOMPARE(f.curr("CHF")->factorvalue, 1.23456);
+        // The list shows new rates only at the end of the walk.
+        QCOMPARE(f.rows().at(1), QStringLiteral("CHF|1.50|Swiss Franc"));
+        f.grabbed();
+        QCOMPARE(FakeGrab::requests.size(), 2);
+        QCOMPARE(f.rows(),
+                 (QStringList{"EUR|1.0|EUR", "CHF|1.2346|Swiss Franc", "USD|0.9000|USD"}));
+        QVERIFY(f.list.SyncButton->isEnabled());
+        QVERIFY(f.list.changed);
+        QCOMPARE(f.curr("EUR")->factor, QStringLiteral("1.0"));
+    }
+
+    void aFailedRequestEndsTheWalkAndKeepsTheRatesBeforeIt()
+    {
+        Fixture f;
+        CurrData *nok = f.doc.currencies.append();
+        nok->short_ = QStringLiteral("NOK");
+        nok->factor = QStringLiteral("11.0");
+        f.list.setData();
+        FakeGrab::rates = {1.6};
+        f.list.SyncButton->click();
+        f.grabbed();
+        QCOMPARE(FakeGrab::requests, (QStringList{"rate EUR CHF", "rate EUR USD"}));
+        f.failed();
+        QCOMPARE(FakeGrab::requests.size(), 2);
+        QCOMPARE(
+            f.rows(),
+            (QStringList{"EUR|1.0|EUR", "CHF|1.6000|Swiss Franc", "USD|0.90|USD", "NOK|11.0|"}));
+        QVERIFY(f.list.SyncButton->isEnabled());
+        // A late success belongs to no walk any more.
+        f.grabbed();
+        QCOMPARE(FakeGrab::requests.size(), 2);
+        QCOMPARE(f.curr("USD")->factor, QStringLiteral("0.90"));
+    }
+
+    void anUnreadableRateLeavesTheRecordAndTheWalkGoesOn()
+    {
+        Fixture f;
+        FakeGrab::rates = {-1.0, 0.95};
+        f.list.SyncButton->click();
+        f.grabbed();
+        f.grabbed();
+        QCOMPARE(FakeGrab::requests, (QStringList{"rate EUR CHF", "rate EUR USD"}));
+        QCOMPARE(f.curr("CHF")->factor, QStringLiteral("1.50"));
+        QCOMPARE(f.curr("USD")->factor, QStringLiteral("0.9500"));
+    }
+
+    void aRateOfZeroFromACellThatIsNoNumberIsStoredAsFourZeros()
+    {
+        Fixture f;
+        FakeGrab::rates = {0.0, 0.0};
+        f.list.SyncButton->click();
+        f.grabbed();
+        f.grabbed();
+        QCOMPARE(f.curr("CHF")->factor, QStringLiteral("0.0000"));
+        QCOMPARE(f.curr("CHF")->factorvalue, 0.0);
+        QCOMPARE(f.rows().at(1), QStringLiteral("CHF|0.0000|Swiss Franc"));
+    }
+
+    void withAnEmptyTableSynchronizeDisablesTheButtonAndNothingElse()
+    {
+        Fixture f;
+        f.doc.clearCurrencies();
+        f.list.setData();
+        QVERIFY(f.list.SyncButton->isEnabled());
+        f.list.SyncButton->click();
+        QVERIFY(!f.list.SyncButton->isEnabled());
+        QVERIFY(FakeGrab::requests.isEmpty());
+        QVERIFY(!f.list.changed);
+        f.list.setData();
+        QVERIFY(f.list.SyncButton->isEnabled());
+    }
+
+    void whenTheBaseCurrencyIsLastTheWalkEndsWithoutARequestAndTheButtonStaysOff()
+    {
+        Fixture f;
+        f.doc.basecurrency = QStringLiteral("USD");
+        f.list.setData();
+        FakeGrab::rates = {0.66, 1.1};
+        f.list.SyncButton->click();
+        f.grabbed();
+        QCOMPARE(FakeGrab::requests, (QStringList{"rate USD EUR", "rate USD CHF"}));
+        f.curr("EUR")->factor = QStringLiteral("changed under the list");
+        f.grabbed();
+        // USD is the last entry: no request, no signal, no refill.
+        QCOMPARE(FakeGrab::requests.size(), 2);
+        QCOMPARE(f.curr("CHF")->factor, QStringLiteral("1.1000"));
+        QVERIFY(!f.list.SyncButton->isEnabled());
+        QCOMPARE(f.rows().at(0), QStringLiteral("EUR|1.0|EUR"));
+        QCOMPARE(f.rows().at(1), QStringLiteral("CHF|1.50|Swiss Franc"));
+    }
+
+    void twoConsecutiveEntriesWithTheBaseShortNameStopTheWalk()
+    {
+        Fixture f;
+        CurrData *second = f.doc.currencies.insert(1);
+        second->short_ = QStringLiteral("EUR");
+        f.list.setData();
+        f.list.SyncButton->click();
+        QVERIFY(FakeGrab::requests.isEmpty());
+        QVERIFY(!f.list.SyncButton->isEnabled());
+        QCOMPARE(f.curr("CHF")->factor, QStringLiteral("1.50"));
+    }
+
+    void aBaseCurrencyInTheMiddleIsSkipped()
+    {
+        Fixture f;
+        f.doc.basecurrency = QStringLiteral("CHF");
+        f.list.setData();
+        FakeGrab::rates = {0.6, 0.55};
+        f.list.SyncButton->click();
+        f.grabbed();
+        f.grabbed();
+        QCOMPARE(FakeGrab::requests, (QStringList{"rate CHF EUR", "rate CHF USD"}));
+        QCOMPARE(f.curr("CHF")->factor, QStringLiteral("1.50"));
+        QCOMPARE(f.curr("USD")->factor, QStringLiteral("0.5500"));
+        QVERIFY(f.list.SyncButton->isEnabled());
+    }
+
+    void theListStaysUsableDuringTheWalk()
+    {
+        Fixture f;
+        f.list.SyncButton->click();
+        QVERIFY(!f.list.SyncButton->isEnabled());
+        for (QToolButton *b : {f.list.AppendButton, f.list.SyncListButton, f.list.CloseButton})
+            QVERIFY(b->isEnabled());
+        QVERIFY(f.tap("USD"));
+        QVERIFY(f.list.ChangeButton->isEnabled());
+    }
+
+    void deletingTheRecordOfARunningWalkEndsTheWalkWithoutWritingAnywhere()
+    {
+        Fixture f;
+        FakeGrab::rates = {1.7, 0.8};
+        f.list.SyncButton->click();
+        QCOMPARE(FakeGrab::requests, (QStringList{"rate EUR CHF"}));
+        // CHF's rate is on its way when CHF is deleted.
+        QVERIFY(f.tap("CHF"));
+        ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::Yes);
+        f.list.DeleteButton->click();
+        QVERIFY2(box->handled, qPrintable(box->error));
+        QCOMPARE(f.shorts(), (QStringList{"EUR", "USD"}));
+        f.grabbed();
+        QCOMPARE(FakeGrab::requests.size(), 1);
+        QCOMPARE(f.rows(), (QStringList{"EUR|1.0|EUR", "USD|0.90|USD"}));
+        QVERIFY(f.list.SyncButton->isEnabled());
+        QCOMPARE(FakeGrab::rates.size(), 2);
+    }
+
+    void aCurrencyAppendedDuringTheWalkIsReachedByIt()
+    {
+        Fixture f;
+        FakeGrab::rates = {1.7, 0.8, 11.5};
+        f.list.SyncButton->click();
+        ModalTicket ed = inNextCurrEditor("OkButton", [](currEdit *e, ModalOutcome &out) {
+            typeInto(e, "short name", "NOK", out);
+        });
+        f.list.AppendButton->click();
+        QVERIFY2(ed->handled && ed->error.isEmpty(), qPrintable(ed->error));
+        f.grabbed();
+        f.grabbed();
+        f.grabbed();
+        QCOMPARE(FakeGrab::requests, (QStringList{"rate EUR CHF", "rate EUR USD", "rate EUR NOK"}));
+        QCOMPARE(f.curr("NOK")->factor, QStringLiteral("11.5000"));
+        QVERIFY(f.list.SyncButton->isEnabled());
+    }
+
+    void aJourneyReplacedBetweenOpeningsForgetsTheCurrentCurrency()
+    {
+        Fixture f;
+        QVERIFY(f.tap("CHF"));
+        ModalTicket ed = inNextCurrEditor("OkButton");
+        f.list.ChangeButton->click();
+        QVERIFY2(ed->handled, qPrintable(ed->error));
+        QCOMPARE(f.list.current, f.curr("CHF"));
+        f.doc.clearCurrencies();
+        fillJourney(f.doc, false);
+        f.list.setData();
+        QCOMPARE(f.list.current, nullptr);
+        QVERIFY(f.list.CurrListView->selectedItems().isEmpty());
+        QCOMPARE(f.rows().size(), 3);
+    }
+};
+
+QTEST_MAIN(TestCurrList)
+#include "tst_currlist.moc"
