@@ -38,7 +38,7 @@ public:
     QAction *openHelp = nullptr;
     QAction *viewToolBar = nullptr;
     QAction *viewStatusBar = nullptr;
-    // Ctrl+Q: the window has no frame over VNC and no menu, so this key is the way out.
+    // Ctrl+Q: the window has no menu, so this key is the way out from the keyboard.
     QAction *fileQuit = nullptr;
     QString fileName;
 
