@@ -94,6 +94,21 @@ private slots:
                             "EUR,1.0000,12.50,EUR,yes,12.50\r\n"));
     }
 
+    void aShareOfNothingIsWrittenWithoutASign()
+    {
+        WayFernData doc;
+        UserData *user = doc.users.append();
+        user->short_ = QStringLiteral("AN");
+        CostsData *cost = doc.costs.append();
+        cost->id = 1;
+        user->addKto(1)->change = 0.0; // a traveller who takes no part
+        user->addKto(-3)->change = -0.001;
+        QCOMPARE(JourneyCsv::costs(doc).split('\n').at(1),
+                 QByteArray(",,,0.00,,0.0000,0.00,,yes,0.00\r"));
+        QVERIFY(JourneyCsv::accounts(doc).endsWith(",0.00,0.00\r\n"));
+        QVERIFY(!JourneyCsv::accounts(doc).contains("-0.00"));
+    }
+
     void textOutsideLatin1IsWrittenAsUtf8()
     {
         WayFernData doc;

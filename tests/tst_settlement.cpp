@@ -184,6 +184,27 @@ private slots:
         QCOMPARE(Settlement::fromJourney(doc, QStringLiteral("kitty")).unbookedCents(), 0);
     }
 
+    void sharesAreFoundByCostIdsCloseTogetherOrFarApart()
+    {
+        for (const int farId : {9, 2000000000}) {
+            WayFernData doc;
+            UserData *ann = addTraveller(doc, QStringLiteral("AN"));
+            UserData *bob = addTraveller(doc, QStringLiteral("BO"));
+            for (const int id : {3, farId}) {
+                CostsData *cost = doc.costs.append();
+                cost->id = id;
+                cost->bvalue = 10.0;
+                addLine(ann, id, "share", -4.0);
+            }
+            // A second line for the same cost: the later one counts, as lookups find it.
+            addLine(ann, farId, "share", -5.0);
+            addLine(bob, farId, "share", -5.0);
+            const Settlement s = Settlement::fromJourney(doc, QStringLiteral("kitty"));
+            // Cost 3 booked 4.00 of 10.00, the far one 5.00 + 5.00 of 10.00.
+            QCOMPARE(s.unbookedCents(), 600);
+        }
+    }
+
     void centsAreWrittenWithTwoDecimalsAndTheirSign()
     {
         QCOMPARE(Settlement::centsText(1230), QStringLiteral("12.30"));

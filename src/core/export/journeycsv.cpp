@@ -1,21 +1,26 @@
 #include "export/journeycsv.h"
 
 #include "data/wayferndata.h"
+#include "settle/sharelines.h"
 
-#include <QHash>
 #include <QRegularExpression>
-#include <QStringList>
+
+#include <cstdio>
+#include <cstring>
 
 namespace {
 
-QString amount(double value)
+// Appends an amount with two decimals. A share of nothing is stored as -0.0 and a rest of
+// a cent may round to nothing: neither is written with a sign.
+void appendNumber(QByteArray &out, double value, int decimals)
 {
-    // A share of nothing is stored as -0.0 and a rest of a cent may round to nothing:
-    // neither is written with a sign.
-    QString text = QString::asprintf("%.2f", value);
-    if (text == QLatin1String("-0.00"))
-        text.remove(0, 1);
-    return text;
+    // Room for the largest double written whole.
+    char text[400];
+    const int n = snprintf(text, sizeof text, "%.*f", decimals, value);
+    if (n < 0 || n >= int(sizeof text))
+        return;
+    const bool negativeZero = text[0] == '-' && strspn(text + 1, "0.") == size_t(n - 1);
+    out.append(negativeZero ? text + 1 : text, negativeZero ? n - 1 : n);
 }
 
 bool looksLikeNumber(const QString &text)
@@ -24,10 +29,9 @@ bool looksLikeNumber(const QString &text)
     return number.match(text).hasMatch();
 }
 
-void appendRow(QString &out, const QStringList &fields)
+void appendText(QByteArray &out, const QString &text)
 {
-    out += fields.join(QLatin1Char(','));
-    out += QLatin1String("\r\n");
+    out += JourneyCsv::textField(text).toUtf8();
 }
 
 } // namespace
@@ -52,63 +56,74 @@ QString JourneyCsv::textField(const QString &text)
 
 QByteArray JourneyCsv::costs(const WayFernData &doc)
 {
-    QString out;
-    QStringList head = {
-        QStringLiteral("date"),          QStringLiteral("type"),          QStringLiteral("comment"),
-        QStringLiteral("foreign value"), QStringLiteral("currency"),      QStringLiteral("rate"),
-        QStringLiteral("base value"),    QStringLiteral("base currency"), QStringLiteral("shared")};
-    // Each traveller's share by cost id: the last line with the id, as lookups find it.
-    QList<QHash<int, double>> shares;
+    QByteArray out;
+    out.reserve(qsizetype(doc.costs.count()) * (80 + 8 * doc.users.count()));
+    out += "date,type,comment,foreign value,currency,rate,base value,base currency,shared";
     for (const UserData *user : doc.users) {
-        head.append(textField(user->short_));
-        QHash<int, double> byId;
-        for (const KtoData *line : user->kto)
-            if (line->magic >= 0)
-                byId.insert(line->magic, line->change);
-        shares.append(byId);
+        out += ',';
+        appendText(out, user->short_);
     }
-    appendRow(out, head);
+    out += "\r\n";
 
-    const QString base = textField(doc.basecurrency);
+    const QByteArray base = textField(doc.basecurrency).toUtf8();
+    const ShareLines shares(doc);
+    const int travellers = doc.users.count();
+    QByteArray shareCells;
     for (const CostsData *cost : doc.costs) {
-        QStringList row = {textField(cost->date),
-                           textField(cost->type),
-                           textField(cost->comment),
-                           amount(cost->fvalue),
-                           textField(cost->ctype),
-                           QString::asprintf("%.4f", cost->exchangevalue),
-                           amount(cost->bvalue),
-                           base,
-                           QString()};
+        appendText(out, cost->date);
+        out += ',';
+        appendText(out, cost->type);
+        out += ',';
+        appendText(out, cost->comment);
+        out += ',';
+        appendNumber(out, cost->fvalue, 2);
+        out += ',';
+        appendText(out, cost->ctype);
+        out += ',';
+        appendNumber(out, cost->exchangevalue, 4);
+        out += ',';
+        appendNumber(out, cost->bvalue, 2);
+        out += ',';
+        out += base;
         // Shared means that an account holds a line for the cost: the record's own flag
         // stays with the list position when the costs are sorted by date.
         bool shared = false;
-        for (const QHash<int, double> &byId : shares) {
-            const auto it = byId.constFind(cost->id);
-            shared = shared || it != byId.constEnd();
-            row.append(it != byId.constEnd() ? amount(-it.value()) : QString());
+        shareCells.clear();
+        for (int user = 0; user < travellers; ++user) {
+            shareCells += ',';
+            double change = 0.0;
+            if (shares.find(user, cost->id, &change)) {
+                shared = true;
+                appendNumber(shareCells, -change, 2);
+            }
         }
-        row[8] = shared ? QStringLiteral("yes") : QStringLiteral("no");
-        appendRow(out, row);
+        out += shared ? ",yes" : ",no";
+        out += shareCells;
+        out += "\r\n";
     }
-    return out.toUtf8();
+    return out;
 }
 
 QByteArray JourneyCsv::accounts(const WayFernData &doc)
 {
-    QString out;
-    appendRow(out,
-              {QStringLiteral("traveller"), QStringLiteral("date"), QStringLiteral("type"),
-               QStringLiteral("change"), QStringLiteral("running total")});
+    QByteArray out;
+    out += "traveller,date,type,change,running total\r\n";
     for (const UserData *user : doc.users) {
-        const QString name = textField(user->short_);
+        const QByteArray name = textField(user->short_).toUtf8();
         double total = 0.0;
         for (const KtoData *line : user->kto) {
             total += line->change;
-            appendRow(out,
-                      {name, textField(line->date), textField(line->type), amount(line->change),
-                       amount(total)});
+            out += name;
+            out += ',';
+            appendText(out, line->date);
+            out += ',';
+            appendText(out, line->type);
+            out += ',';
+            appendNumber(out, line->change, 2);
+            out += ',';
+            appendNumber(out, total, 2);
+            out += "\r\n";
         }
     }
-    return out.toUtf8();
+    return out;
 }

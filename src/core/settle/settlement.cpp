@@ -1,6 +1,7 @@
 #include "settle/settlement.h"
 
 #include "data/wayferndata.h"
+#include "settle/sharelines.h"
 
 #include <QHash>
 
@@ -61,26 +62,16 @@ Settlement Settlement::fromJourney(const WayFernData &doc, const QString &kittyN
     }
     Settlement s = fromBalances(travellers, kittyName);
 
-    // What each traveller's share of a cost booked: the last line with the cost's id counts,
-    // as lookups by id find the last one.
-    QList<QHash<int, double>> shares;
-    shares.reserve(doc.users.count());
-    for (const UserData *user : doc.users) {
-        QHash<int, double> byId;
-        for (const KtoData *line : user->kto)
-            if (line->magic >= 0)
-                byId.insert(line->magic, line->change);
-        shares.append(byId);
-    }
     // A cost counts as shared when an account holds a line for it: the record's own flag
     // stays with the list position when the costs are sorted by date.
+    const ShareLines shares(doc);
     for (const CostsData *cost : doc.costs) {
         qint64 booked = 0;
         bool shared = false;
-        for (const QHash<int, double> &byId : shares) {
-            const auto it = byId.constFind(cost->id);
-            if (it != byId.constEnd()) {
-                booked += toCents(-it.value());
+        for (int user = 0; user < doc.users.count(); ++user) {
+            double change = 0.0;
+            if (shares.find(user, cost->id, &change)) {
+                booked += toCents(-change);
                 shared = true;
             }
         }
