@@ -40,6 +40,8 @@ public:
     QAction *viewStatusBar = nullptr;
     // Ctrl+Q: the window has no menu, so this key is the way out from the keyboard.
     QAction *fileQuit = nullptr;
+    // Beyond the journey's records: the end of a journey.
+    QAction *settleUp = nullptr;
     QString fileName;
 
     // How the help viewer's process is made; replaceable so that a failing fork can be
@@ -56,6 +58,7 @@ public slots:
     void slotOpenHelp();
     void slotFileSaveAs();
     void slotFileQuit();
+    void slotSettleUp();
     void slotEditCut();
     void slotEditCopy();
     void slotEditPaste();

@@ -6,6 +6,7 @@
 #include "dialogs/scqtwidgetutil.h"
 #include "editors/baseedit.h"
 #include "editors/costsedit.h"
+#include "editors/settleedit.h"
 #include "editors/tipedit.h"
 #include "editors/userlistedit.h"
 #include "shell/wayfernapp.h"
@@ -81,11 +82,14 @@ void WayfernView::createDialogs()
     userListInput->hide();
     calendar = new calenderEdit(this, tr("Calendar").toLatin1().constData(), true, doc);
     calendar->hide();
+    settleInput = new settleEdit(this, tr("Settle up").toLatin1().constData(), true, doc);
+    settleInput->hide();
 
     connect(costsInput, &costsEdit::overChanged, this, &WayfernView::slotOverChanged);
     connect(baseInput, &baseEdit::overChanged, this, &WayfernView::slotOverChanged);
     connect(baseInput, &baseEdit::baseCurrencyChanged, this, &WayfernView::slotBCurrChanged);
     connect(userListInput, &userListEdit::overChanged, this, &WayfernView::slotOverChanged);
+    connect(settleInput, &settleEdit::overChanged, this, &WayfernView::slotOverChanged);
 }
 
 void WayfernView::openBase()
@@ -107,6 +111,15 @@ void WayfernView::openUser()
     userListInput->exec();
     userListInput->hide();
     // Whatever the list did went into the document at once.
+    refreshView();
+}
+
+void WayfernView::openSettle()
+{
+    settleInput->setData();
+    settleInput->exec();
+    settleInput->hide();
+    // A booked plan changed the balances that the overview shows.
     refreshView();
 }
 

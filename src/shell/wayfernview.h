@@ -18,6 +18,7 @@ class WayfernIOLast;
 class baseEdit;
 class calenderEdit;
 class costsEdit;
+class settleEdit;
 class tipEdit;
 class userListEdit;
 
@@ -39,6 +40,8 @@ public:
     void openBase();
     void openCurr();
     void openUser();
+    // Beyond the dialogs of the journey's records: settling up at the end.
+    void openSettle();
 
     bool loadCfg();
     bool loadLast();
@@ -65,6 +68,7 @@ public:
     tipEdit *tipInput = nullptr;           // child widget
     userListEdit *userListInput = nullptr; // child widget
     calenderEdit *calendar = nullptr;
+    settleEdit *settleInput = nullptr; // child widget
     WayFernData *doc = nullptr;
     WayfernApp *app = nullptr;
     std::unique_ptr<QPixmap> sharedPixmap;

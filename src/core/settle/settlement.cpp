@@ -34,10 +34,10 @@ QString Settlement::centsText(qint64 cents)
     return QString::asprintf("%s%lld.%02lld", cents < 0 ? "-" : "", whole / 100, whole % 100);
 }
 
-QString Settlement::transferText(const Transfer &transfer, const QString &currency)
+QString Settlement::transferText(const Transfer &transfer, const QString &currency,
+                                 const QString &pattern)
 {
-    return QStringLiteral("%1 pays %2 %3 %4")
-        .arg(transfer.fromName, transfer.toName, centsText(transfer.cents), currency);
+    return pattern.arg(transfer.fromName, transfer.toName, centsText(transfer.cents), currency);
 }
 
 Settlement Settlement::fromBalances(const QList<Party> &travellers, const QString &kittyName)

@@ -63,8 +63,10 @@ public:
 
     // "12.30", "-0.05"
     static QString centsText(qint64 cents);
-    // "XY pays AB 12.30 EUR"
-    static QString transferText(const Transfer &transfer, const QString &currency);
+    // "XY pays AB 12.30 EUR", or the same four pieces (payer, receiver, amount, currency)
+    // put into `pattern`, e.g. a translation of it.
+    static QString transferText(const Transfer &transfer, const QString &currency,
+                                const QString &pattern = QStringLiteral("%1 pays %2 %3 %4"));
     static qint64 toCents(double value);
 
 private:
