@@ -19,6 +19,8 @@ namespace {
 int pollInterval = 2000;
 int timeoutInterval = 30000;
 int statusInterval = 1000;
+// Ended children are looked for this often while any is left.
+constexpr int reapInterval = 500;
 
 // Children still running when their currSync went away; whichever currSync lives on reaps
 // them, so that none stays a zombie.
@@ -135,7 +137,7 @@ bool currSync::startRequest(const QString &address)
     testTimer.setSingleShot(false);
     testTimer.start(pollInterval);
     if (!reapTimer.isActive())
-        reapTimer.start(pollInterval);
+        reapTimer.start(reapInterval);
     return true;
 }
 

@@ -48,8 +48,7 @@ public slots:
 
 public:
     // Test seams. The intervals of the next requests: poll, time-out, status clearing
-    // (2000, 30000 and 1000 ms unless a test shortens them); the reaping of children runs
-    // at the poll interval.
+    // (2000, 30000 and 1000 ms unless a test shortens them).
     static void setIntervals(int pollMs, int timeoutMs, int statusMs);
     // The failed poll count of the present request (0: it has succeeded).
     int failures() const { return failCount; }
