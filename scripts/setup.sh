@@ -14,6 +14,9 @@ packages=(
   qt6-base-dev qt6-base-dev-tools
   # the VNC platform that the run command serves the window with when there is no display
   qt6-qpa-plugins
+  # fetches the exchange rate pages (the program starts it; its tests run it against a
+  # loopback server)
+  wget
 )
 for extra in "$@"; do
   case "$extra" in
