@@ -109,12 +109,14 @@ private slots:
     void secondRequestWhileWaitingDeletesPageAndRestartsTimers();
     void failedPollCountOfAnySizeBehavesLikeOne();
     void successfulPollResetsFailedCount();
-    void transferSuccessStaysOneIntervalThenLabelEmpty();
+    void afterLastRequestOfChainTransferSuccessStaysOneSecond();
     void statusTimerStartedAfterSignalWipesNextRequestText();
     void readRateUsesCurrencyOfLastRequest();
     void requestPageFetchesFullAddress();
     void missingWgetTimesOutWithoutCrash();
     void forkFailureShowsBoxAndStartsNothing();
+    void destructorReapsEndedChildren();
+    void childrenOfDestroyedGrabberAreReapedByNextOne();
     void realIntervalsPollTimeOutAndClearing();
 
 private:
@@ -160,6 +162,7 @@ void TestCurrSync::init()
     doc.config.server = server->address();
     // Short intervals; the time-out leaves wget ample time on a busy machine.
     currSync::setIntervals(50, 10000, 300);
+    currSync::setReapInterval(100);
     makeGrabber();
 }
 
@@ -466,17 +469,25 @@ void TestCurrSync::successfulPollResetsFailedCount()
     QCOMPARE(sync->readRate(), 11.45);
 }
 
-void TestCurrSync::transferSuccessStaysOneIntervalThenLabelEmpty()
+void TestCurrSync::afterLastRequestOfChainTransferSuccessStaysOneSecond()
 {
     currSync::setIntervals(50, 10000, 1000);
     makeGrabber();
     server->setRoute(QStringLiteral("/v1/latest?from=EUR&to=NOK"), nokAnswer);
+    server->setRoute(QStringLiteral("/v1/latest?from=EUR&to=CZK"), czkAnswer);
+    QStringList left = {QStringLiteral("CZK")};
+    connect(sync.get(), &currSync::grabSuccess, this, [&] {
+        if (!left.isEmpty())
+            sync->requestRate(QStringLiteral("EUR"), left.takeFirst());
+    });
     QVERIFY(sync->requestRate(QStringLiteral("EUR"), QStringLiteral("NOK")));
-    QTRY_COMPARE_WITH_TIMEOUT(success->count(), 1, 20000);
+    QTRY_COMPARE_WITH_TIMEOUT(success->count(), 2, 20000);
     QElapsedTimer clock;
     clock.start();
     QCOMPARE(label.text(), QStringLiteral("transfer success ..."));
+    QCOMPARE(sync->readRate(), 24.31);
     QTRY_COMPARE_WITH_TIMEOUT(label.text(), QString(), 5000);
+    // Cleared by the timer of the last request, not by the one of the first.
     QVERIFY2(clock.elapsed() >= 900, qPrintable(QString::number(clock.elapsed())));
 }
 
@@ -569,9 +580,38 @@ void TestCurrSync::forkFailureShowsBoxAndStartsNothing()
     failure = std::make_unique<QSignalSpy>(sync.get(), &currSync::noSuccess);
 }
 
+void TestCurrSync::destructorReapsEndedChildren()
+{
+    currSync::setReapInterval(3600000);
+    qputenv("FAKE_WGET_STATUS", "1");
+    usePath(QStringLiteral(FAKE_WGET_DIR));
+    makeGrabber();
+    QVERIFY(sync->requestRate(QStringLiteral("EUR"), QStringLiteral("NOK")));
+    // The child has ended and nobody has looked yet.
+    QTRY_COMPARE_WITH_TIMEOUT(zombieChildren(), 1, 20000);
+    QCOMPARE(sync->unreapedChildren(), 1);
+    makeGrabber();
+    QCOMPARE(zombieChildren(), 0);
+}
+
+void TestCurrSync::childrenOfDestroyedGrabberAreReapedByNextOne()
+{
+    server->setSlowRoute(QStringLiteral("/v1/latest?from=EUR&to=NOK"), lines(3), 100000);
+    QVERIFY(sync->requestRate(QStringLiteral("EUR"), QStringLiteral("NOK")));
+    QTRY_COMPARE_WITH_TIMEOUT(server->openConnections(), 1, 20000);
+    success.reset();
+    failure.reset();
+    sync.reset(); // wget still runs
+    server->stop();
+    QTRY_COMPARE_WITH_TIMEOUT(zombieChildren(), 1, 30000);
+    makeGrabber();
+    QTRY_COMPARE(zombieChildren(), 0);
+}
+
 void TestCurrSync::realIntervalsPollTimeOutAndClearing()
 {
     currSync::setIntervals(2000, 30000, 1000);
+    currSync::setReapInterval(500);
     makeGrabber();
     server->setRoute(QStringLiteral("/v1/latest?from=EUR&to=NOK"), nokAnswer);
     server->setSlowRoute(QStringLiteral("/v1/latest?from=EUR&to=CZK"), lines(3), 100000);

@@ -20,7 +20,7 @@ int pollInterval = 2000;
 int timeoutInterval = 30000;
 int statusInterval = 1000;
 // Ended children are looked for this often while any is left.
-constexpr int reapInterval = 500;
+int reapInterval = 500;
 
 // Children still running when their currSync went away; whichever currSync lives on reaps
 // them, so that none stays a zombie.
@@ -41,6 +41,8 @@ currSync::currSync(WayFernData *document, QLabel *statusLabel)
     connect(&resultTimer, &QTimer::timeout, this, &currSync::slotGetResult);
     connect(&statusTimer, &QTimer::timeout, this, &currSync::slotDelStatus);
     connect(&reapTimer, &QTimer::timeout, this, [this] { reapChildren(); });
+    if (!orphans().empty())
+        reapTimer.start(reapInterval);
 }
 
 currSync::~currSync()
@@ -58,6 +60,11 @@ void currSync::setIntervals(int pollMs, int timeoutMs, int statusMs)
     pollInterval = pollMs;
     timeoutInterval = timeoutMs;
     statusInterval = statusMs;
+}
+
+void currSync::setReapInterval(int ms)
+{
+    reapInterval = ms;
 }
 
 pid_t currSync::forkChild()

@@ -50,6 +50,8 @@ public:
     // Test seams. The intervals of the next requests: poll, time-out, status clearing
     // (2000, 30000 and 1000 ms unless a test shortens them).
     static void setIntervals(int pollMs, int timeoutMs, int statusMs);
+    // How often ended children are looked for while any is left (500 ms).
+    static void setReapInterval(int ms);
     // The failed poll count of the present request (0: it has succeeded).
     int failures() const { return failCount; }
     // Children started and not yet reaped.
