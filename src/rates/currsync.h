@@ -80,9 +80,9 @@ private:
     QString syncFile;
     int failCount = 0;
 
-    QString lastTo;             // the currency of the last requestRate, for readRate
+    QString lastTo;              // the currency of the last requestRate, for readRate
     std::vector<pid_t> children; // started, not yet reaped
-    pid_t currentChild = 0;     // the child of the present request
+    pid_t currentChild = 0;      // the child of the present request
     bool currentEnded = false;
     int currentStatus = -1; // its exit status once reaped, -1 when it did not exit normally
     QTimer reapTimer;
