@@ -15,6 +15,9 @@ packages=(
   # window manager and serves it over VNC on the loopback address (scripts/serve-vnc.sh);
   # the screenshots take the same screen (xvfb-run needs xauth, which is only recommended)
   xvfb xauth x11vnc matchbox-window-manager
+  # fetches the exchange rate pages (the program starts it; its tests run it against a
+  # loopback server)
+  wget
 )
 for extra in "$@"; do
   case "$extra" in

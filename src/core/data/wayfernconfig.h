@@ -22,6 +22,8 @@ struct WayFernConfig
     QString fromprefix;
     QString toprefix;
     QString postfix;
+    // Address of the currency catalogue page; optional, null when the file has no such key.
+    QString catalogue;
 
     // The variable's value, or a null text (with a printed line) when it is not set.
     QString getEnv(const QString &name) const;
