@@ -3,7 +3,6 @@
 #   bash scripts/setup.sh           what the build, the tests and the run command use
 #   bash scripts/setup.sh ninja     also ninja-build, for scripts/check-multiconfig.sh
 #   bash scripts/setup.sh format    also clang-format, to check a file against .clang-format
-#   bash scripts/setup.sh screenshots   also a virtual X server, for scripts/screenshots.sh
 set -euo pipefail
 
 packages=(
@@ -12,16 +11,19 @@ packages=(
   # Qt Core, Widgets and Test with moc, uic and rcc (the OpenGL headers that
   # find_package(Qt6 Widgets) looks for come with qt6-base-dev)
   qt6-base-dev qt6-base-dev-tools
-  # the VNC platform that the run command serves the window with when there is no display
-  qt6-qpa-plugins
+  # without a display the run command gives the window a virtual X screen with a
+  # window manager and serves it over VNC on the loopback address (scripts/serve-vnc.sh);
+  # the screenshots take the same screen (xvfb-run needs xauth, which is only recommended)
+  xvfb xauth x11vnc matchbox-window-manager
+  # fetches the exchange rate pages (the program starts it; its tests run it against a
+  # loopback server)
+  wget
 )
 for extra in "$@"; do
   case "$extra" in
     ninja) packages+=(ninja-build) ;;
     format) packages+=(clang-format) ;;
-    # xvfb-run needs xauth, which is only recommended
-    screenshots) packages+=(xvfb xauth) ;;
-    *) echo "setup.sh: unknown extra '$extra' (ninja, format, screenshots)" >&2; exit 2 ;;
+    *) echo "setup.sh: unknown extra '$extra' (ninja, format)" >&2; exit 2 ;;
   esac
 done
 

@@ -60,6 +60,11 @@ QString figuresOfCheckJourney()
                           "total     : 80.00 EUR\n"
                           "overview  : total 80.00 EUR, per day 16.00 EUR\n");
 }
+QString usage()
+{
+    return QStringLiteral("usage: %1 [--settle | --csv costs|accounts] JOURNEY.wfn\n")
+        .arg(QStringLiteral(WAYFERN_CHECK));
+}
 } // namespace
 
 class TestCheck : public QObject
@@ -71,6 +76,10 @@ private slots:
     void journeyWithoutAccountsPrintsNoBalance();
     void missingJourneyPrintsReadersLineAndFails();
     void withoutJourneyPrintsUsage();
+    void settlePrintsBalancesKittyAndTransfersOnly();
+    void csvWritesTheCostsAndTheAccountsOnly();
+    void csvOfAnUnknownKindPrintsUsage();
+    void settleOfAMissingJourneySaysSoOnStandardError();
 };
 
 void TestCheck::printsTotalPerDayAndBalancesOfTheWindow()
@@ -126,7 +135,55 @@ void TestCheck::withoutJourneyPrintsUsage()
     const Run run = runCheck({});
     QCOMPARE(run.exitCode, 2);
     QCOMPARE(run.out, QString());
-    QCOMPARE(run.err, QStringLiteral("usage: %1 JOURNEY.wfn\n").arg(QStringLiteral(WAYFERN_CHECK)));
+    QCOMPARE(run.err, usage());
+}
+
+void TestCheck::settlePrintsBalancesKittyAndTransfersOnly()
+{
+    const Run run =
+        runCheck({QStringLiteral("--settle"), fixture(QStringLiteral("check-journey.wfn"))});
+    QCOMPARE(run.exitCode, 0);
+    QCOMPARE(run.err, QString());
+    QCOMPARE(run.out,
+             QStringLiteral("balance   : AB 32.75 EUR\n"
+                            "balance   : CD -27.25 EUR\n"
+                            "balance   : EF 20.00 EUR\n"
+                            "balance   : kitty -25.50 EUR\n"
+                            "unbooked  : 0.00 EUR\n"
+                            "transfer  : CD pays AB 27.25 EUR\n"
+                            "transfer  : kitty pays EF 20.00 EUR\n"
+                            "transfer  : kitty pays AB 5.50 EUR\n"));
+}
+
+void TestCheck::csvWritesTheCostsAndTheAccountsOnly()
+{
+    for (const char *kind : {"costs", "accounts"}) {
+        const Run run = runCheck({QStringLiteral("--csv"), QString::fromLatin1(kind),
+                                  fixture(QStringLiteral("check-journey.wfn"))});
+        QCOMPARE(run.exitCode, 0);
+        QCOMPARE(run.err, QString());
+        QCOMPARE(run.out.toUtf8(),
+                 readBytes(fixture(QStringLiteral("check-%1.csv").arg(QLatin1String(kind)))));
+    }
+}
+
+void TestCheck::csvOfAnUnknownKindPrintsUsage()
+{
+    const Run run = runCheck({QStringLiteral("--csv"), QStringLiteral("tips"),
+                              fixture(QStringLiteral("check-journey.wfn"))});
+    QCOMPARE(run.exitCode, 2);
+    QCOMPARE(run.out, QString());
+    QCOMPARE(run.err, usage());
+}
+
+void TestCheck::settleOfAMissingJourneySaysSoOnStandardError()
+{
+    QTemporaryDir dir;
+    const QString path = dir.filePath(QStringLiteral("none.wfn"));
+    const Run run = runCheck({QStringLiteral("--settle"), path});
+    QCOMPARE(run.exitCode, 1);
+    QCOMPARE(run.out, QString());
+    QCOMPARE(run.err, QStringLiteral("wayfern-check: cannot read %1\n").arg(path));
 }
 
 QTEST_GUILESS_MAIN(TestCheck)

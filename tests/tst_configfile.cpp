@@ -52,6 +52,7 @@ private slots:
     void keyThatFileDoesNotSetKeepsField();
     void writtenFileReadsBackOnlyAsFarAsHeader();
     void writerFailureIsReported();
+    void catalogueKeyIsReadAndWrittenWhenSet();
 
 private:
     QTemporaryDir dir;
@@ -80,6 +81,7 @@ void TestConfigFile::workingFileFillsEveryField()
     QCOMPARE(c.fromprefix, QStringLiteral("/convert?amount=1&from="));
     QCOMPARE(c.toprefix, QStringLiteral("&to="));
     QCOMPARE(c.postfix, QStringLiteral("&format=html"));
+    QVERIFY(c.catalogue.isNull());
 }
 
 void TestConfigFile::unsetVariableReadsCurrentDirectory()
@@ -290,6 +292,34 @@ void TestConfigFile::writerFailureIsReported()
     QCOMPARE(writer.WriteFile(impossible), -1);
     QCOMPARE(out.text(),
              QStringLiteral("\nWayfernIOCfg::WriteFile(%1) : file not open\n").arg(impossible));
+}
+
+void TestConfigFile::catalogueKeyIsReadAndWrittenWhenSet()
+{
+    QByteArray withCatalogue = workingConfig;
+    withCatalogue.replace("POSTFIX=&format=html;\n",
+                          "POSTFIX=&format=html;\nCATALOGUE=http://rates.example.org/list;\n");
+    WayFernData doc;
+    QString printed;
+    QCOMPARE(read(doc, withCatalogue, &printed), 0);
+    QCOMPARE(printed, QString());
+    QCOMPARE(doc.config.catalogue, QStringLiteral("http://rates.example.org/list"));
+    QCOMPARE(doc.config.postfix, QStringLiteral("&format=html"));
+
+    const QString out = dir.filePath(QStringLiteral("catalogue.cfg"));
+    WayfernIOCfg writer(&doc);
+    QCOMPARE(writer.WriteFile(out), 0);
+    const QList<QByteArray> lines = undatedLines(readBytes(out));
+    const int postfix = lines.indexOf("POSTFIX=&format=html;");
+    QVERIFY(postfix > 0);
+    QCOMPARE(lines.mid(postfix + 1),
+             QList<QByteArray>({"CATALOGUE=http://rates.example.org/list;", "", "",
+                                "##EOF WAYFERN CONFIG FILE ", ""}));
+
+    // Set to the empty text, the key is left out as if the file never had it.
+    doc.config.catalogue = QString();
+    QCOMPARE(writer.WriteFile(out), 0);
+    QVERIFY(!readBytes(out).contains("CATALOGUE"));
 }
 
 QTEST_GUILESS_MAIN(TestConfigFile)

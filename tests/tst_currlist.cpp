@@ -1,7 +1,8 @@
 #include "editortestutil.h"
-#include "fakecurrsync.h"
 #include "formcheck.h"
+#include "loopbackhttp.h"
 #include "modalhelper.h"
+#include "shellfixture.h"
 
 #include "data/wayferndata.h"
 #include "editors/curredit.h"
@@ -9,6 +10,8 @@
 #include "forms/currlistdlg.h"
 #include "rates/currsync.h"
 #include "rates/synclistedit.h"
+#include "shell/wayfernapp.h"
+#include "shell/wayfernview.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -16,6 +19,7 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QRegularExpression>
+#include <QTemporaryDir>
 #include <QTest>
 
 #include <functional>
@@ -39,17 +43,53 @@ public:
     void slotSynchronize() override { calls << "slotSynchronize"; }
 };
 
+// A journey whose rate pages come from a server on the loopback address, fetched by wget
+// into a page file of its own.
+struct Journey
+{
+    Journey()
+    {
+        server.start();
+        doc.config.datapath = dir.path();
+        doc.config.syncfile = QStringLiteral("sync.html");
+        doc.config.server = server.address();
+        doc.config.fromprefix = QStringLiteral("/v1/latest?from=");
+        doc.config.toprefix = QStringLiteral("&to=");
+        doc.config.postfix = QStringLiteral("");
+    }
+
+    QTemporaryDir dir;
+    LoopbackHttp server;
+    WayFernData doc;
+};
+
 // The list on the small journey: EUR (base, 1.0), CHF (1.50), USD (0.90).
-struct Fixture
+struct Fixture : Journey
 {
     Fixture()
     {
-        FakeGrab::reset();
         fillJourney(doc, false);
         doc.findCurrency(QStringLiteral("CHF"))->fullname = QStringLiteral("Swiss Franc");
         list.hide();
         list.setData();
     }
+
+    static QString target(const QString &from, const QString &to)
+    {
+        return QStringLiteral("/v1/latest?from=%1&to=%2").arg(from, to);
+    }
+    // The service's answer for one pair, as it gives it.
+    void rate(const QString &from, const QString &to, const QString &number)
+    {
+        server.setRoute(target(from, to),
+                        QStringLiteral(R"({"amount":1.0,"base":"%1","date":"2026-11-20",)"
+                                       R"("rates":{"%2":%3}})")
+                            .arg(from, to, number)
+                            .toUtf8(),
+                        "application/json");
+    }
+    // The walk has refilled the list and given the button back.
+    bool walkEnded() const { return list.SyncButton->isEnabled(); }
 
     CurrData *curr(const char *shortName)
     {
@@ -74,10 +114,6 @@ struct Fixture
             names << c->short_;
         return names;
     }
-    void grabbed() { emit list.grabber->grabSuccess(); }
-    void failed() { emit list.grabber->noSuccess(); }
-
-    WayFernData doc;
     currListEdit list{nullptr, "Currency List", true, &doc};
 };
 
@@ -154,6 +190,10 @@ const FormCheck::StubRow listFormStubs[] = {
     {"slotSynchronize()", "CurrListDlg::slotSynchronize(): Not implemented yet!"},
 };
 
+// Long enough for wget on a loopback address however busy the machine; nothing waits for
+// it unless something is wrong.
+constexpr int walkTimeout = 30000;
+
 const QString saveQuestion =
     QStringLiteral("You have modified the data!\nDo you want to save the changes ?");
 
@@ -164,7 +204,13 @@ class TestCurrList : public QObject
     Q_OBJECT
 
 private slots:
-    void initTestCase() { qputenv("WAYFERNCFG", "."); }
+    void initTestCase()
+    {
+        qputenv("WAYFERNCFG", ".");
+        // A failed request ends after 3 seconds instead of 30.
+        currSync::setIntervals(50, 3000, 200);
+        currSync::setReapInterval(50);
+    }
     void init() { QTest::failOnWarning(QRegularExpression("Not implemented yet!")); }
     void cleanup() { ModalHelper::cancelPending(); }
 
@@ -521,7 +567,7 @@ private slots:
 
     // The catalogue.
 
-    void theCatalogueOpensFilledAndTheLastCurrencyDialogDecidesChanged()
+    void theCatalogueOpensAtOnceAndTheLastCurrencyDialogDecidesChanged()
     {
         Fixture f;
         // The last currency dialog was confirmed, in an earlier opening of the list.
@@ -535,11 +581,12 @@ private slots:
         ModalTicket cat = ModalHelper::rejectNextDialog({}, "syncListEdit");
         f.list.SyncListButton->click();
         QVERIFY2(cat->handled && cat->error.isEmpty(), qPrintable(cat->error));
-        QCOMPARE(f.list.syncListDlg->fillCount, 1);
+        QCOMPARE(cat->objectName, QStringLiteral("exchange rate list"));
         QVERIFY(f.list.syncListDlg->isHidden());
         // Rejected, and still the currency dialog's earlier OK counts.
         QVERIFY(f.list.changed);
-        QVERIFY(FakeGrab::requests.isEmpty());
+        // Without a catalogue address nothing is fetched first.
+        QVERIFY(f.server.targets().isEmpty());
     }
 
     void theCatalogueAfterACancelledCurrencyDialogLeavesChangedAlone()
@@ -555,7 +602,7 @@ private slots:
         f.list.SyncListButton->click();
         QVERIFY2(cat->handled && cat->error.isEmpty(), qPrintable(cat->error));
         QVERIFY(!f.list.changed);
-        // What the catalogue added shows at once.
+        // What the catalogue added shows at once, and the last currency stays selected.
         QCOMPARE(f.rows().last(), QStringLiteral("NOK||"));
         QVERIFY(f.rowOf("USD")->isSelected());
     }
@@ -563,72 +610,64 @@ private slots:
     void withACatalogueAddressThePageIsFetchedBeforeTheCatalogueOpens()
     {
         Fixture f;
-        f.doc.config.catalogue = QStringLiteral("http://127.0.0.1:1/v1/currencies");
+        f.server.setRoute(QStringLiteral("/v1/currencies"),
+                          R"({"AUD":"Australian Dollar","NOK":"Norwegian Krone"})",
+                          "application/json");
+        f.doc.config.catalogue = f.server.address() + QStringLiteral("/v1/currencies");
+        ModalTicket cat = ModalHelper::acceptNextDialog({}, "syncListEdit", walkTimeout);
         f.list.SyncListButton->click();
-        // The window stays usable while the page comes.
-        QCOMPARE(FakeGrab::requests, (QStringList{"page http://127.0.0.1:1/v1/currencies"}));
-        QCOMPARE(f.list.syncListDlg->fillCount, 0);
+        // The window stays usable while the page comes; the button waits for it.
+        QVERIFY(!cat->handled);
         QVERIFY(!f.list.SyncListButton->isEnabled());
-        ModalTicket cat = ModalHelper::acceptNextDialog({}, "syncListEdit");
-        f.grabbed();
-        QVERIFY2(cat->handled && cat->error.isEmpty(), qPrintable(cat->error));
-        QCOMPARE(f.list.syncListDlg->fillCount, 1);
+        QVERIFY(f.list.AppendButton->isEnabled());
+        QTRY_VERIFY_WITH_TIMEOUT(cat->handled, walkTimeout);
+        QVERIFY2(cat->error.isEmpty(), qPrintable(cat->error));
+        QCOMPARE(f.server.targets(), QStringList{"/v1/currencies"});
         QVERIFY(f.list.SyncListButton->isEnabled());
-        // A signal that comes later belongs to no fetch and no walk.
-        FakeGrab::requests.clear();
-        f.failed();
-        QVERIFY(FakeGrab::requests.isEmpty());
-        QCOMPARE(f.list.syncListDlg->fillCount, 1);
+        // The fetch was not taken for a walk: no rate was asked for.
+        QVERIFY(f.list.SyncButton->isEnabled());
     }
 
     void aCatalogueFetchThatFailsStillOpensTheCatalogue()
     {
         Fixture f;
-        f.doc.config.catalogue = QStringLiteral("http://127.0.0.1:1/v1/currencies");
+        f.server.setStatusRoute(QStringLiteral("/v1/currencies"), 404, "not here");
+        f.doc.config.catalogue = f.server.address() + QStringLiteral("/v1/currencies");
+        ModalTicket cat = ModalHelper::rejectNextDialog({}, "syncListEdit", walkTimeout);
         f.list.SyncListButton->click();
-        ModalTicket cat = ModalHelper::rejectNextDialog({}, "syncListEdit");
-        f.failed();
-        QVERIFY2(cat->handled && cat->error.isEmpty(), qPrintable(cat->error));
-        QCOMPARE(f.list.syncListDlg->fillCount, 1);
-        // The walk's end was not taken for it: the list kept its rows and state.
+        QTRY_VERIFY_WITH_TIMEOUT(cat->handled, walkTimeout);
+        QVERIFY2(cat->error.isEmpty(), qPrintable(cat->error));
+        QVERIFY(f.list.SyncListButton->isEnabled());
         QCOMPARE(f.rows().size(), 3);
     }
 
-    void aCatalogueFetchThatCannotStartOpensTheCatalogueAtOnce()
-    {
-        Fixture f;
-        f.doc.config.catalogue = QStringLiteral("http://127.0.0.1:1/v1/currencies");
-        FakeGrab::failStart = true;
-        ModalTicket cat = ModalHelper::rejectNextDialog({}, "syncListEdit");
-        f.list.SyncListButton->click();
-        QVERIFY2(cat->handled && cat->error.isEmpty(), qPrintable(cat->error));
-        QCOMPARE(f.list.syncListDlg->fillCount, 1);
-        QVERIFY(f.list.SyncListButton->isEnabled());
-    }
-
-    // The walk over all rates.
+    // The walk over all rates, through wget and the page server.
 
     void theWalkAsksForEachForeignCurrencyBaseFirstAndWritesTheFactors()
     {
         Fixture f;
-        FakeGrab::rates = {1.23456, 0.9};
+        f.rate("EUR", "CHF", "1.23456");
+        f.rate("EUR", "USD", "0.9");
+        // What the list shows whenever a rate is asked for.
+        QStringList whileWalking;
+        connect(&f.server, &LoopbackHttp::requested, &f.list,
+                [&f, &whileWalking](const QString &) { whileWalking << f.rows().at(1); });
         f.list.SyncButton->click();
         QVERIFY(!f.list.SyncButton->isEnabled());
-        // The base currency comes first in the table and is skipped.
-        QCOMPARE(FakeGrab::requests, (QStringList{"rate EUR CHF"}));
-        f.grabbed();
-        QCOMPARE(FakeGrab::requests, (QStringList{"rate EUR CHF", "rate EUR USD"}));
+        QTRY_VERIFY_WITH_TIMEOUT(f.walkEnded(), walkTimeout);
+        // The base currency comes first in the table and is skipped; the base currency is
+        // asked for first, the foreign one second.
+        QCOMPARE(f.server.targets(), (QStringList{f.target("EUR", "CHF"), f.target("EUR", "USD")}));
         QCOMPARE(f.curr("CHF")->factor, QStringLiteral("1.2346"));
         QCOMPARE(f.curr("CHF")->factorvalue, 1.23456);
-        // The list shows new rates only at the end of the walk.
-        QCOMPARE(f.rows().at(1), QStringLiteral("CHF|1.50|Swiss Franc"));
-        f.grabbed();
-        QCOMPARE(FakeGrab::requests.size(), 2);
+        QCOMPARE(f.curr("USD")->factor, QStringLiteral("0.9000"));
+        QCOMPARE(f.curr("USD")->factorvalue, 0.9);
+        QCOMPARE(f.curr("EUR")->factor, QStringLiteral("1.0"));
+        // New rates show only when the walk is over.
+        QCOMPARE(whileWalking, (QStringList{"CHF|1.50|Swiss Franc", "CHF|1.50|Swiss Franc"}));
         QCOMPARE(f.rows(),
                  (QStringList{"EUR|1.0|EUR", "CHF|1.2346|Swiss Franc", "USD|0.9000|USD"}));
-        QVERIFY(f.list.SyncButton->isEnabled());
         QVERIFY(f.list.changed);
-        QCOMPARE(f.curr("EUR")->factor, QStringLiteral("1.0"));
     }
 
     void aFailedRequestEndsTheWalkAndKeepsTheRatesBeforeIt()
@@ -638,30 +677,41 @@ private slots:
         nok->short_ = QStringLiteral("NOK");
         nok->factor = QStringLiteral("11.0");
         f.list.setData();
-        FakeGrab::rates = {1.6};
+        f.rate("EUR", "CHF", "1.6");
+        f.server.setStatusRoute(f.target("EUR", "USD"), 404, "no such pair");
+        f.rate("EUR", "NOK", "11.45");
         f.list.SyncButton->click();
-        f.grabbed();
-        QCOMPARE(FakeGrab::requests, (QStringList{"rate EUR CHF", "rate EUR USD"}));
-        f.failed();
-        QCOMPARE(FakeGrab::requests.size(), 2);
+        QTRY_VERIFY_WITH_TIMEOUT(f.walkEnded(), walkTimeout);
+        QCOMPARE(f.server.targets(), (QStringList{f.target("EUR", "CHF"), f.target("EUR", "USD")}));
         QCOMPARE(
             f.rows(),
             (QStringList{"EUR|1.0|EUR", "CHF|1.6000|Swiss Franc", "USD|0.90|USD", "NOK|11.0|"}));
+    }
+
+    void aSuccessAfterTheWalkBelongsToNoWalk()
+    {
+        Fixture f;
+        f.rate("EUR", "CHF", "1.6");
+        f.rate("EUR", "USD", "0.95");
+        f.list.SyncButton->click();
+        QTRY_VERIFY_WITH_TIMEOUT(f.walkEnded(), walkTimeout);
+        f.curr("USD")->factor = QStringLiteral("0.97");
+        emit f.list.grabber->grabSuccess();
+        QCOMPARE(f.server.targets().size(), 2);
+        QCOMPARE(f.curr("USD")->factor, QStringLiteral("0.97"));
         QVERIFY(f.list.SyncButton->isEnabled());
-        // A late success belongs to no walk any more.
-        f.grabbed();
-        QCOMPARE(FakeGrab::requests.size(), 2);
-        QCOMPARE(f.curr("USD")->factor, QStringLiteral("0.90"));
     }
 
     void anUnreadableRateLeavesTheRecordAndTheWalkGoesOn()
     {
         Fixture f;
-        FakeGrab::rates = {-1.0, 0.95};
+        // An answer without the currency asked for holds no rate.
+        f.server.setRoute(f.target("EUR", "CHF"), R"({"amount":1.0,"rates":{"GBP":0.8}})",
+                          "application/json");
+        f.rate("EUR", "USD", "0.95");
         f.list.SyncButton->click();
-        f.grabbed();
-        f.grabbed();
-        QCOMPARE(FakeGrab::requests, (QStringList{"rate EUR CHF", "rate EUR USD"}));
+        QTRY_VERIFY_WITH_TIMEOUT(f.walkEnded(), walkTimeout);
+        QCOMPARE(f.server.targets(), (QStringList{f.target("EUR", "CHF"), f.target("EUR", "USD")}));
         QCOMPARE(f.curr("CHF")->factor, QStringLiteral("1.50"));
         QCOMPARE(f.curr("USD")->factor, QStringLiteral("0.9500"));
     }
@@ -669,10 +719,13 @@ private slots:
     void aRateOfZeroFromACellThatIsNoNumberIsStoredAsFourZeros()
     {
         Fixture f;
-        FakeGrab::rates = {0.0, 0.0};
+        // A rate table whose cell holds no number.
+        f.server.setRoute(f.target("EUR", "CHF"),
+                          "<html>\nrates <table><th>Exchange Rate</th><td>a</td><td>b</td>"
+                          "<td>c</td><td>n/a</td></table>\n</html>\n");
+        f.rate("EUR", "USD", "0.95");
         f.list.SyncButton->click();
-        f.grabbed();
-        f.grabbed();
+        QTRY_VERIFY_WITH_TIMEOUT(f.walkEnded(), walkTimeout);
         QCOMPARE(f.curr("CHF")->factor, QStringLiteral("0.0000"));
         QCOMPARE(f.curr("CHF")->factorvalue, 0.0);
         QCOMPARE(f.rows().at(1), QStringLiteral("CHF|0.0000|Swiss Franc"));
@@ -686,10 +739,11 @@ private slots:
         QVERIFY(f.list.SyncButton->isEnabled());
         f.list.SyncButton->click();
         QVERIFY(!f.list.SyncButton->isEnabled());
-        QVERIFY(FakeGrab::requests.isEmpty());
         QVERIFY(!f.list.changed);
+        QCOMPARE(f.list.StatusTextLabel->text(), QString());
         f.list.setData();
         QVERIFY(f.list.SyncButton->isEnabled());
+        QVERIFY(f.server.targets().isEmpty());
     }
 
     void whenTheBaseCurrencyIsLastTheWalkEndsWithoutARequestAndTheButtonStaysOff()
@@ -697,16 +751,15 @@ private slots:
         Fixture f;
         f.doc.basecurrency = QStringLiteral("USD");
         f.list.setData();
-        FakeGrab::rates = {0.66, 1.1};
+        f.rate("USD", "EUR", "0.66");
+        f.rate("USD", "CHF", "1.1");
         f.list.SyncButton->click();
-        f.grabbed();
-        QCOMPARE(FakeGrab::requests, (QStringList{"rate USD EUR", "rate USD CHF"}));
-        f.curr("EUR")->factor = QStringLiteral("changed under the list");
-        f.grabbed();
-        // USD is the last entry: no request, no signal, no refill.
-        QCOMPARE(FakeGrab::requests.size(), 2);
-        QCOMPARE(f.curr("CHF")->factor, QStringLiteral("1.1000"));
+        // The step that writes CHF's rate is the one that meets USD and stops.
+        QTRY_COMPARE_WITH_TIMEOUT(f.curr("CHF")->factor, QStringLiteral("1.1000"), walkTimeout);
+        QCOMPARE(f.server.targets(), (QStringList{f.target("USD", "EUR"), f.target("USD", "CHF")}));
+        QCOMPARE(f.curr("EUR")->factor, QStringLiteral("0.6600"));
         QVERIFY(!f.list.SyncButton->isEnabled());
+        // No refill either: the list still shows the rates from before.
         QCOMPARE(f.rows().at(0), QStringLiteral("EUR|1.0|EUR"));
         QCOMPARE(f.rows().at(1), QStringLiteral("CHF|1.50|Swiss Franc"));
     }
@@ -718,9 +771,10 @@ private slots:
         second->short_ = QStringLiteral("EUR");
         f.list.setData();
         f.list.SyncButton->click();
-        QVERIFY(FakeGrab::requests.isEmpty());
         QVERIFY(!f.list.SyncButton->isEnabled());
+        QCOMPARE(f.list.StatusTextLabel->text(), QString());
         QCOMPARE(f.curr("CHF")->factor, QStringLiteral("1.50"));
+        QVERIFY(f.server.targets().isEmpty());
     }
 
     void aBaseCurrencyInTheMiddleIsSkipped()
@@ -728,62 +782,82 @@ private slots:
         Fixture f;
         f.doc.basecurrency = QStringLiteral("CHF");
         f.list.setData();
-        FakeGrab::rates = {0.6, 0.55};
+        f.rate("CHF", "EUR", "0.6");
+        f.rate("CHF", "USD", "0.55");
         f.list.SyncButton->click();
-        f.grabbed();
-        f.grabbed();
-        QCOMPARE(FakeGrab::requests, (QStringList{"rate CHF EUR", "rate CHF USD"}));
+        QTRY_VERIFY_WITH_TIMEOUT(f.walkEnded(), walkTimeout);
+        QCOMPARE(f.server.targets(), (QStringList{f.target("CHF", "EUR"), f.target("CHF", "USD")}));
         QCOMPARE(f.curr("CHF")->factor, QStringLiteral("1.50"));
+        QCOMPARE(f.curr("EUR")->factor, QStringLiteral("0.6000"));
         QCOMPARE(f.curr("USD")->factor, QStringLiteral("0.5500"));
-        QVERIFY(f.list.SyncButton->isEnabled());
     }
 
     void theListStaysUsableDuringTheWalk()
     {
         Fixture f;
+        // CHF's page never comes to its end.
+        f.server.setSlowRoute(f.target("EUR", "CHF"), "{", 100);
         f.list.SyncButton->click();
+        QTRY_COMPARE_WITH_TIMEOUT(f.server.targets().size(), 1, walkTimeout);
         QVERIFY(!f.list.SyncButton->isEnabled());
         for (QToolButton *b : {f.list.AppendButton, f.list.SyncListButton, f.list.CloseButton})
             QVERIFY(b->isEnabled());
         QVERIFY(f.tap("USD"));
         QVERIFY(f.list.ChangeButton->isEnabled());
+        // The time-out ends the walk.
+        QTRY_VERIFY_WITH_TIMEOUT(f.walkEnded(), walkTimeout);
+        QCOMPARE(f.server.targets().size(), 1);
+        f.server.stop();
     }
 
     void deletingTheRecordOfARunningWalkEndsTheWalkWithoutWritingAnywhere()
     {
         Fixture f;
-        FakeGrab::rates = {1.7, 0.8};
+        f.rate("EUR", "CHF", "1.7");
+        f.rate("EUR", "USD", "0.8");
+        // CHF is deleted in the list while its rate is on the way.
+        ModalTicket box;
+        bool tapped = false;
+        connect(&f.server, &LoopbackHttp::requested, &f.list, [&](const QString &target) {
+            if (target != Fixture::target("EUR", "CHF"))
+                return;
+            tapped = f.tap("CHF");
+            box = ModalHelper::answerNextMessageBox(QMessageBox::Yes);
+            f.list.DeleteButton->click();
+        });
         f.list.SyncButton->click();
-        QCOMPARE(FakeGrab::requests, (QStringList{"rate EUR CHF"}));
-        // CHF's rate is on its way when CHF is deleted.
-        QVERIFY(f.tap("CHF"));
-        ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::Yes);
-        f.list.DeleteButton->click();
+        QTRY_VERIFY_WITH_TIMEOUT(f.walkEnded(), walkTimeout);
+        QVERIFY(tapped);
+        QVERIFY(box);
         QVERIFY2(box->handled, qPrintable(box->error));
         QCOMPARE(f.shorts(), (QStringList{"EUR", "USD"}));
-        f.grabbed();
-        QCOMPARE(FakeGrab::requests.size(), 1);
+        QCOMPARE(f.server.targets(), QStringList{Fixture::target("EUR", "CHF")});
         QCOMPARE(f.rows(), (QStringList{"EUR|1.0|EUR", "USD|0.90|USD"}));
-        QVERIFY(f.list.SyncButton->isEnabled());
-        QCOMPARE(FakeGrab::rates.size(), 2);
     }
 
     void aCurrencyAppendedDuringTheWalkIsReachedByIt()
     {
         Fixture f;
-        FakeGrab::rates = {1.7, 0.8, 11.5};
-        f.list.SyncButton->click();
-        ModalTicket ed = inNextCurrEditor("OkButton", [](currEdit *e, ModalOutcome &out) {
-            typeInto(e, "short name", "NOK", out);
+        f.rate("EUR", "CHF", "1.7");
+        f.rate("EUR", "USD", "0.8");
+        f.rate("EUR", "NOK", "11.45");
+        ModalTicket ed;
+        connect(&f.server, &LoopbackHttp::requested, &f.list, [&](const QString &target) {
+            if (target != Fixture::target("EUR", "CHF"))
+                return;
+            ed = inNextCurrEditor("OkButton", [](currEdit *e, ModalOutcome &out) {
+                typeInto(e, "short name", "NOK", out);
+            });
+            f.list.AppendButton->click();
         });
-        f.list.AppendButton->click();
+        f.list.SyncButton->click();
+        QTRY_VERIFY_WITH_TIMEOUT(f.walkEnded(), walkTimeout);
+        QVERIFY(ed);
         QVERIFY2(ed->handled && ed->error.isEmpty(), qPrintable(ed->error));
-        f.grabbed();
-        f.grabbed();
-        f.grabbed();
-        QCOMPARE(FakeGrab::requests, (QStringList{"rate EUR CHF", "rate EUR USD", "rate EUR NOK"}));
-        QCOMPARE(f.curr("NOK")->factor, QStringLiteral("11.5000"));
-        QVERIFY(f.list.SyncButton->isEnabled());
+        QCOMPARE(f.server.targets(),
+                 (QStringList{Fixture::target("EUR", "CHF"), Fixture::target("EUR", "USD"),
+                              Fixture::target("EUR", "NOK")}));
+        QCOMPARE(f.curr("NOK")->factor, QStringLiteral("11.4500"));
     }
 
     void aJourneyReplacedBetweenOpeningsForgetsTheCurrentCurrency()
@@ -800,6 +874,68 @@ private slots:
         QCOMPARE(f.list.current, nullptr);
         QVERIFY(f.list.CurrListView->selectedItems().isEmpty());
         QCOMPARE(f.rows().size(), 3);
+    }
+
+    // The view.
+
+    void theViewBuildsTheCurrencyListBetweenBaseSettingsAndTheUserList()
+    {
+        ShellFixture fx;
+        WayfernApp app;
+        WayfernView *v = app.view;
+        QStringList dialogs;
+        for (QDialog *d : v->findChildren<QDialog *>(Qt::FindDirectChildrenOnly))
+            dialogs << d->objectName();
+        const int base = dialogs.indexOf("base settings");
+        QVERIFY(base >= 0);
+        QCOMPARE(dialogs.indexOf("Currency List"), base + 1);
+        QCOMPARE(dialogs.indexOf("User List"), base + 2);
+        QVERIFY(v->currListInput);
+        QCOMPARE(v->currListInput->objectName(), QStringLiteral("Currency List"));
+        QCOMPARE(v->currListInput->windowTitle(), QStringLiteral("Curreny List"));
+        QVERIFY(v->currListInput->isHidden());
+        QVERIFY(v->currListInput->isModal());
+    }
+
+    void openCurrRunsTheListAndLeavesTheViewToTheNextRefresh()
+    {
+        ShellFixture fx({QStringLiteral("sample.wfn")});
+        fx.writeLast(QStringLiteral("sample.wfn"));
+        WayfernApp app;
+        WayfernView *v = app.view;
+        QVERIFY(app.doc->findCurrency(QStringLiteral("CHF")));
+        const QStringList costsBefore = WidgetReaders::treeRows(v->CostsListView);
+        ModalTicket list = ModalHelper::onNextModal(
+            [](QWidget *w) { return qobject_cast<currListEdit *>(w) != nullptr; },
+            [](QWidget *w, ModalOutcome &out) {
+                auto *l = qobject_cast<currListEdit *>(w);
+                out.title = l->windowTitle();
+                out.text = l->BaseCTextLabel->text();
+                QTreeWidgetItem *row = WidgetReaders::topLevelItem(l->CurrListView, "CHF");
+                if (!ModalHelper::tapItem(l->CurrListView, row))
+                    out.error += QStringLiteral("CHF not tapped; ");
+                ModalTicket ed = inNextCurrEditor("OkButton", [](currEdit *e, ModalOutcome &o) {
+                    typeInto(e, "factor", "3.00", o);
+                });
+                l->ChangeButton->click();
+                if (!ed->handled || !ed->error.isEmpty())
+                    out.error += QStringLiteral("editor: ") + ed->error;
+                ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::Yes);
+                l->CloseButton->click();
+                if (!box->handled)
+                    out.error += QStringLiteral("no question on close; ");
+            });
+        app.openCurr->trigger();
+        QVERIFY2(list->handled && list->error.isEmpty(), qPrintable(list->error));
+        QCOMPARE(list->title, QStringLiteral("Curreny List"));
+        QCOMPARE(list->text, QStringLiteral("base currency : EUR"));
+        QVERIFY(!v->currListInput->isVisible());
+        QCOMPARE(app.doc->findCurrency(QStringLiteral("CHF"))->factor, QStringLiteral("3.00"));
+        QVERIFY(app.doc->isModified());
+        // No refresh: the costs keep their base values until the next one.
+        QCOMPARE(WidgetReaders::treeRows(v->CostsListView), costsBefore);
+        v->refreshView();
+        QVERIFY(WidgetReaders::treeRows(v->CostsListView) != costsBefore);
     }
 };
 

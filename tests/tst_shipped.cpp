@@ -96,7 +96,12 @@ void TestShipped::configurationReadsWithoutComplaint()
     QCOMPARE(doc.config.last, QStringLiteral("wayfern.last"));
     QCOMPARE(doc.config.template_, QStringLiteral("template.wfn"));
     QCOMPARE(doc.config.syncfile, QStringLiteral("rate.html"));
-    QVERIFY(!doc.config.server.isEmpty());
+    QCOMPARE(doc.config.server, QStringLiteral("https://api.frankfurter.dev"));
+    QCOMPARE(doc.config.fromprefix, QStringLiteral("/v1/latest?from="));
+    QCOMPARE(doc.config.toprefix, QStringLiteral("&to="));
+    QVERIFY(!doc.config.postfix.isNull());
+    QVERIFY(doc.config.postfix.isEmpty());
+    QCOMPARE(doc.config.catalogue, QStringLiteral("https://api.frankfurter.dev/v1/currencies"));
 }
 
 void TestShipped::firstStartPreparesConfigurationAndJourneys()

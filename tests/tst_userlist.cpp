@@ -695,8 +695,11 @@ private slots:
         const int base = dialogs.indexOf("base settings");
         const int users = dialogs.indexOf("User List");
         QVERIFY(base >= 0);
-        QCOMPARE(users, base + 1);
-        QCOMPARE(dialogs.indexOf("Calendar"), dialogs.count() - 1);
+        // The currency list stands between them.
+        QCOMPARE(dialogs.indexOf("Currency List"), base + 1);
+        QCOMPARE(users, base + 2);
+        // The calendar closes the journey's own dialogs; settling up follows them.
+        QCOMPARE(dialogs.indexOf("Calendar"), dialogs.indexOf("Settle up") - 1);
         QVERIFY(v->userListInput->isHidden());
         QVERIFY(v->userListInput->isModal());
         QCOMPARE(v->userListInput->windowTitle(), QStringLiteral("User List"));

@@ -463,7 +463,8 @@ private slots:
             dialogs << d->objectName() + u':' + QString::fromLatin1(d->metaObject()->className());
         QCOMPARE(dialogs,
                  (QStringList{"Input costs:costsEdit", "Tip:tipEdit", "base settings:baseEdit",
-                              "User List:userListEdit", "Calendar:calenderEdit"}));
+                              "Currency List:currListEdit", "User List:userListEdit", "Calendar:calenderEdit",
+                              "Settle up:settleEdit"}));
         QCOMPARE(v->costsInput->windowTitle(), QStringLiteral("Costs"));
         QCOMPARE(v->baseInput->windowTitle(), QStringLiteral("Base Info"));
         for (QDialog *d :

@@ -4,6 +4,10 @@
 #include <QString>
 #include <QTimer>
 
+#include <sys/types.h>
+
+#include <vector>
+
 class QLabel;
 class WayFernData;
 
@@ -41,4 +45,45 @@ public slots:
     virtual void slotTestResult();
     virtual void slotGetResult();
     virtual void slotDelStatus();
+
+public:
+    // Test seams. The intervals of the next requests: poll, time-out, status clearing
+    // (2000, 30000 and 1000 ms unless a test shortens them).
+    static void setIntervals(int pollMs, int timeoutMs, int statusMs);
+    // How often ended children are looked for while any is left (500 ms).
+    static void setReapInterval(int ms);
+    // The failed poll count of the present request (0: it has succeeded).
+    int failures() const { return failCount; }
+    // Children started and not yet reaped.
+    int unreapedChildren() const { return int(children.size()); }
+
+protected:
+    // Makes the child process, as fork() does: 0 in the child, its id or -1 in the parent.
+    // A test overrides it to see the program live through a failing fork.
+    virtual pid_t forkChild();
+
+private:
+    void beginRequest();
+    bool startRequest(const QString &address);
+    // waitpid without waiting on every child not yet reaped (also those of earlier,
+    // abandoned requests); notes how the present one ended.
+    void reapChildren();
+    void setStatus(const QString &text);
+
+    // The page file is opened and read inside the page reader of the core (RatePage), so
+    // no file or stream lives here between calls.
+    WayFernData *document;
+    QLabel *statusLabel;
+    QTimer testTimer;
+    QTimer resultTimer;
+    QTimer statusTimer;
+    QString syncFile;
+    int failCount = 0;
+
+    QString lastTo;              // the currency of the last requestRate, for readRate
+    std::vector<pid_t> children; // started, not yet reaped
+    pid_t currentChild = 0;      // the child of the present request
+    bool currentEnded = false;
+    int currentStatus = -1; // its exit status once reaped, -1 when it did not exit normally
+    QTimer reapTimer;
 };

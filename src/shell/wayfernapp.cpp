@@ -157,6 +157,16 @@ void WayfernApp::initActions()
     fileQuit->setStatusTip(tr("Quits the application"));
     connect(fileQuit, &QAction::triggered, this, &WayfernApp::slotFileQuit);
 
+    settleUp = new QAction(QIcon(QStringLiteral(":/shell/settleup.xpm")), tr("Settle up"), this);
+    settleUp->setObjectName(QStringLiteral("settleUp"));
+    settleUp->setToolTip(tr("Settle up"));
+    settleUp->setStatusTip(tr("Shows who pays whom to settle the journey"));
+    settleUp->setWhatsThis(tr("Settle up\n\nShows every traveller's balance and the kitty's,\n"
+                              "and who pays whom, how much, with the fewest\n"
+                              "transfers or all with one traveller. The plan\n"
+                              "can be booked as deposits and pay-offs."));
+    connect(settleUp, &QAction::triggered, this, &WayfernApp::slotSettleUp);
+
     // The accelerators belong to the window, so they work with the toolbar hidden too.
     addActions({fileNew, fileOpen, fileSave, fileSaveAs, openBase, openCurr, openUser, openHelp,
                 fileQuit});
@@ -201,6 +211,7 @@ void WayfernApp::initToolBar()
     toolBar->addAction(openBase);
     toolBar->addAction(openHelp);
     toolBar->addAction(QWhatsThis::createAction(toolBar));
+    toolBar->addAction(settleUp);
 }
 
 void WayfernApp::initStatusBar()
@@ -363,6 +374,11 @@ void WayfernApp::slotOpenHelp()
     int status = 0;
     while (waitpid(pid, &status, 0) < 0 && errno == EINTR) {
     }
+}
+
+void WayfernApp::slotSettleUp()
+{
+    view->openSettle();
 }
 
 void WayfernApp::slotFileQuit()

@@ -38,8 +38,10 @@ public:
     QAction *openHelp = nullptr;
     QAction *viewToolBar = nullptr;
     QAction *viewStatusBar = nullptr;
-    // Ctrl+Q: the window has no frame over VNC and no menu, so this key is the way out.
+    // Ctrl+Q: the window has no menu, so this key is the way out from the keyboard.
     QAction *fileQuit = nullptr;
+    // Beyond the journey's records: the end of a journey.
+    QAction *settleUp = nullptr;
     QString fileName;
 
     // How the help viewer's process is made; replaceable so that a failing fork can be
@@ -56,6 +58,7 @@ public slots:
     void slotOpenHelp();
     void slotFileSaveAs();
     void slotFileQuit();
+    void slotSettleUp();
     void slotEditCut();
     void slotEditCopy();
     void slotEditPaste();

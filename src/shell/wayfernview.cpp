@@ -6,6 +6,8 @@
 #include "dialogs/scqtwidgetutil.h"
 #include "editors/baseedit.h"
 #include "editors/costsedit.h"
+#include "editors/currlistedit.h"
+#include "editors/settleedit.h"
 #include "editors/tipedit.h"
 #include "editors/userlistedit.h"
 #include "shell/wayfernapp.h"
@@ -70,22 +72,27 @@ WayfernView::~WayfernView() = default;
 void WayfernView::createDialogs()
 {
     // Built in this order: costs, tip, base settings, currency list, user list, calendar;
-    // the currency list joins between base settings and the user list.
+    // settling up comes last.
     costsInput = new costsEdit(this, tr("Input costs").toLatin1().constData(), true, doc);
     costsInput->hide();
     tipInput = new tipEdit(this, tr("Tip").toLatin1().constData(), true, doc);
     tipInput->hide();
     baseInput = new baseEdit(this, tr("base settings").toLatin1().constData(), true, doc);
     baseInput->hide();
+    currListInput = new currListEdit(this, tr("Currency List").toLatin1().constData(), true, doc);
+    currListInput->hide();
     userListInput = new userListEdit(this, tr("User List").toLatin1().constData(), true, doc);
     userListInput->hide();
     calendar = new calenderEdit(this, tr("Calendar").toLatin1().constData(), true, doc);
     calendar->hide();
+    settleInput = new settleEdit(this, tr("Settle up").toLatin1().constData(), true, doc);
+    settleInput->hide();
 
     connect(costsInput, &costsEdit::overChanged, this, &WayfernView::slotOverChanged);
     connect(baseInput, &baseEdit::overChanged, this, &WayfernView::slotOverChanged);
     connect(baseInput, &baseEdit::baseCurrencyChanged, this, &WayfernView::slotBCurrChanged);
     connect(userListInput, &userListEdit::overChanged, this, &WayfernView::slotOverChanged);
+    connect(settleInput, &settleEdit::overChanged, this, &WayfernView::slotOverChanged);
 }
 
 void WayfernView::openBase()
@@ -98,7 +105,10 @@ void WayfernView::openBase()
 
 void WayfernView::openCurr()
 {
-    // Comes with the currency list dialog.
+    // No refresh: changed rates reach the lists with the next one.
+    currListInput->setData();
+    currListInput->exec();
+    currListInput->hide();
 }
 
 void WayfernView::openUser()
@@ -107,6 +117,15 @@ void WayfernView::openUser()
     userListInput->exec();
     userListInput->hide();
     // Whatever the list did went into the document at once.
+    refreshView();
+}
+
+void WayfernView::openSettle()
+{
+    settleInput->setData();
+    settleInput->exec();
+    settleInput->hide();
+    // A booked plan changed the balances that the overview shows.
     refreshView();
 }
 

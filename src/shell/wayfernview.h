@@ -18,6 +18,8 @@ class WayfernIOLast;
 class baseEdit;
 class calenderEdit;
 class costsEdit;
+class currListEdit;
+class settleEdit;
 class tipEdit;
 class userListEdit;
 
@@ -39,6 +41,8 @@ public:
     void openBase();
     void openCurr();
     void openUser();
+    // Beyond the dialogs of the journey's records: settling up at the end.
+    void openSettle();
 
     bool loadCfg();
     bool loadLast();
@@ -60,11 +64,13 @@ public:
     TipData *actutip = nullptr;
     UserData *actuuser = nullptr;
     CurrData *actucurr = nullptr;
+    currListEdit *currListInput = nullptr; // child widget
     baseEdit *baseInput = nullptr;         // child widget
     costsEdit *costsInput = nullptr;       // child widget
     tipEdit *tipInput = nullptr;           // child widget
     userListEdit *userListInput = nullptr; // child widget
     calenderEdit *calendar = nullptr;
+    settleEdit *settleInput = nullptr; // child widget
     WayFernData *doc = nullptr;
     WayfernApp *app = nullptr;
     std::unique_ptr<QPixmap> sharedPixmap;

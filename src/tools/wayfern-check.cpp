@@ -1,24 +1,50 @@
 // Reads a journey and prints what it holds: a check of a file without the window.
+//   wayfern-check JOURNEY.wfn                   what the journey holds, with the reader's trace
+//   wayfern-check --settle JOURNEY.wfn          balances, kitty and who pays whom
+//   wayfern-check --csv costs|accounts JOURNEY.wfn    the costs or the accounts as CSV
+// With --settle and --csv only the answer goes to standard output, so scripts can use it.
 #include "data/journeycalc.h"
 #include "data/wayferndata.h"
+#include "export/journeycsv.h"
+#include "settle/settlement.h"
+#include "storage/scqtutil.h"
 #include "storage/wayfernio.h"
 
 #include <QCoreApplication>
 
 #include <cstdio>
+#include <fcntl.h>
+#include <unistd.h>
 
-int main(int argc, char **argv)
+namespace {
+
+int usage(const char *program)
 {
-    QCoreApplication app(argc, argv);
-    const QStringList args = app.arguments();
-    if (args.size() != 2) {
-        fprintf(stderr, "usage: %s JOURNEY.wfn\n", argv[0]);
-        return 2;
+    fprintf(stderr, "usage: %s [--settle | --csv costs|accounts] JOURNEY.wfn\n", program);
+    return 2;
+}
+
+// Reads with the reader's printed lines sent to nowhere.
+int readQuietly(WayfernIO &io, const QString &path)
+{
+    fflush(stdout);
+    const int saved = dup(STDOUT_FILENO);
+    const int null = open("/dev/null", O_WRONLY);
+    if (saved >= 0 && null >= 0)
+        dup2(null, STDOUT_FILENO);
+    const int result = io.ReadFile(path);
+    fflush(stdout);
+    if (saved >= 0) {
+        dup2(saved, STDOUT_FILENO);
+        close(saved);
     }
-    WayFernData document;
-    WayfernIO io(&document);
-    if (io.ReadFile(args.at(1)) != 0)
-        return 1;
+    if (null >= 0)
+        close(null);
+    return result;
+}
+
+void printOverview(WayFernData &document)
+{
     printf("\njourney   : %s\n", qPrintable(document.journeyname));
     printf("base      : %s\n", qPrintable(document.basecurrency));
     printf("costs     : %d\n", document.costs.count());
@@ -31,22 +57,77 @@ int main(int argc, char **argv)
     printf("total     : %s %s\n", last ? qPrintable(last->bsum) : "0.00",
            qPrintable(document.basecurrency));
 
-    // The overview's figures, computed as the window computes them when it opens the journey:
-    // costs sorted by date, the sums, and the balances when the journey has accounts.
-    JourneyCalc::sortCosts(document, ScQtUtil::lastDate);
-    DateParts span;
-    JourneyCalc::calcSums(document, [&span](const QString &from, const QString &to) {
-        return DateText::daysBetween(from, to, span);
-    });
+    // The overview's figures, computed as the window computes them when it opens the journey.
+    JourneyCalc::refreshFigures(document, ScQtUtil::lastDate);
     printf("overview  : total %s %s, per day %s %s\n", qPrintable(document.totaltext),
            qPrintable(document.basecurrency), qPrintable(document.perdaytext),
            qPrintable(document.basecurrency));
     if (document.userflag) {
-        document.recalcUsers();
         for (const UserData *user : document.users)
             printf("balance   : %s %s %s\n", qPrintable(user->short_),
                    qPrintable(QString::asprintf("%.2f", user->value)),
                    qPrintable(document.basecurrency));
     }
+}
+
+void printSettlement(WayFernData &document)
+{
+    JourneyCalc::refreshFigures(document, ScQtUtil::lastDate);
+    const QString &base = document.basecurrency;
+    const Settlement settlement = Settlement::fromJourney(document, QStringLiteral("kitty"));
+    for (const Settlement::Party &party : settlement.parties())
+        printf("balance   : %s %s %s\n", qPrintable(party.name),
+               qPrintable(Settlement::centsText(party.cents)), qPrintable(base));
+    printf("unbooked  : %s %s\n", qPrintable(Settlement::centsText(settlement.unbookedCents())),
+           qPrintable(base));
+    for (const Settlement::Transfer &transfer : settlement.fewestTransfers())
+        printf("transfer  : %s\n", qPrintable(Settlement::transferText(transfer, base)));
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    QCoreApplication app(argc, argv);
+    QStringList args = app.arguments();
+    args.removeFirst();
+
+    enum class Mode { Overview, Settle, CsvCosts, CsvAccounts } mode = Mode::Overview;
+    if (args.value(0) == QLatin1String("--settle")) {
+        mode = Mode::Settle;
+        args.removeFirst();
+    } else if (args.value(0) == QLatin1String("--csv")) {
+        const QString what = args.value(1);
+        if (what == QLatin1String("costs"))
+            mode = Mode::CsvCosts;
+        else if (what == QLatin1String("accounts"))
+            mode = Mode::CsvAccounts;
+        else
+            return usage(argv[0]);
+        args.remove(0, 2);
+    }
+    if (args.size() != 1 || args.first().startsWith(QLatin1String("--")))
+        return usage(argv[0]);
+
+    WayFernData document;
+    WayfernIO io(&document);
+    if (mode == Mode::Overview) {
+        if (io.ReadFile(args.first()) != 0)
+            return 1;
+        printOverview(document);
+        return 0;
+    }
+    if (readQuietly(io, args.first()) != 0) {
+        fprintf(stderr, "wayfern-check: cannot read %s\n", qPrintable(args.first()));
+        return 1;
+    }
+    if (mode == Mode::Settle) {
+        printSettlement(document);
+        return 0;
+    }
+    JourneyCalc::refreshFigures(document, ScQtUtil::lastDate);
+    const QByteArray csv = mode == Mode::CsvCosts ? JourneyCsv::costs(document)
+                                                  : JourneyCsv::accounts(document);
+    fwrite(csv.constData(), 1, size_t(csv.size()), stdout);
     return 0;
 }

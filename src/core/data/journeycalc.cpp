@@ -99,3 +99,15 @@ double JourneyCalc::categorySum(const WayFernData &doc, const QString &type)
     }
     return sum;
 }
+
+void JourneyCalc::refreshFigures(WayFernData &doc, DateParts &last)
+{
+    sortCosts(doc, last);
+    DateParts span;
+    calcSums(doc, [&span](const QString &from, const QString &to) {
+        return DateText::daysBetween(from, to, span);
+    });
+    sortTips(doc, last);
+    if (doc.userflag)
+        doc.recalcUsers();
+}

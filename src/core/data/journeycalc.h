@@ -32,6 +32,11 @@ public:
     // journey is that from the first cost to the last, both ends counted.
     static void calcSums(WayFernData &doc, const DaysBetween &daysBetween);
 
+    // The figures as the window has them after opening a journey: costs and tips sorted by
+    // date, amounts and sums recomputed, and the balances when the journey has accounts.
+    // For tools that work without the window; `last` as for dateKey.
+    static void refreshFigures(WayFernData &doc, DateParts &last);
+
     // Sum of `bvalue` over the costs whose type is exactly `type`.
     static double categorySum(const WayFernData &doc, const QString &type);
 };

@@ -44,6 +44,8 @@ int WayfernIOCfg::ReadFile(const QString &path, const QString &name)
             config.toprefix = stringValue(value);
         else if (keyIs(key, u"POSTFIX"))
             config.postfix = stringValue(value);
+        else if (keyIs(key, u"CATALOGUE"))
+            config.catalogue = stringValue(value);
         else
             printLine("\nWayfernIOCfg::ReadFile(%s) : unknown syncheader-entry : %s\n", "HTMLSYNC",
                       key.toUtf8().constData());
@@ -69,6 +71,9 @@ int WayfernIOCfg::WriteFile(const QString &path)
         writeRecord(stream, QStringLiteral("FROMPREFIX"), config.fromprefix);
         writeRecord(stream, QStringLiteral("TOPREFIX"), config.toprefix);
         writeRecord(stream, QStringLiteral("POSTFIX"), config.postfix);
+        // Optional: a file without it is written as it always was.
+        if (!config.catalogue.isEmpty())
+            writeRecord(stream, QStringLiteral("CATALOGUE"), config.catalogue);
         *stream << "\n";
         *stream << "\n##EOF WAYFERN CONFIG FILE \n";
     });

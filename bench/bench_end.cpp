@@ -1,0 +1,63 @@
+// The end of a journey on the benchmark journey: the settlement plan and the CSV export.
+//
+//   wayfern_bench_end [ROUNDS]
+//
+// The journey is generated in memory and its figures refreshed as the window has them;
+// each step is then timed ROUNDS times (default 5) and the best and the median reported.
+// The figures are reported, never judged: this program always exits 0.
+
+#include "journeygen.h"
+
+#include "data/journeycalc.h"
+#include "export/journeycsv.h"
+#include "settle/settlement.h"
+#include "storage/scqtutil.h"
+
+#include <QElapsedTimer>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <vector>
+
+namespace {
+
+template <typename Step>
+void measure(const char *name, int rounds, Step step)
+{
+    std::vector<double> ms;
+    for (int i = 0; i < rounds; ++i) {
+        QElapsedTimer timer;
+        timer.start();
+        const long long size = step();
+        ms.push_back(timer.nsecsElapsed() / 1e6);
+        if (i == 0)
+            fprintf(stderr, "%-28s result size %lld\n", name, size);
+    }
+    std::sort(ms.begin(), ms.end());
+    fprintf(stderr, "%-28s best %8.1f ms, median %8.1f ms\n", name, ms.front(), ms[ms.size() / 2]);
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    setenv("WAYFERNCFG", ".", 0);
+    const int rounds = argc > 1 ? std::max(1, atoi(argv[1])) : 5;
+    const JourneyShape shape;
+    WayFernData doc;
+    generateJourney(doc, shape);
+    JourneyCalc::refreshFigures(doc, ScQtUtil::lastDate);
+    fprintf(stderr, "journey: %d costs, %d travellers (%d account lines)\n", doc.costs.count(),
+            doc.users.count(), shape.costs * shape.travellers);
+
+    measure("settlement plan", rounds, [&] {
+        const Settlement s = Settlement::fromJourney(doc, QStringLiteral("kitty"));
+        return static_cast<long long>(s.fewestTransfers().count());
+    });
+    measure("CSV costs", rounds,
+            [&] { return static_cast<long long>(JourneyCsv::costs(doc).size()); });
+    measure("CSV accounts", rounds,
+            [&] { return static_cast<long long>(JourneyCsv::accounts(doc).size()); });
+    return 0;
+}

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+class WayFernData;
+
+// A journey's costs and accounts as CSV for spreadsheets: UTF-8, comma separated, lines
+// ending in CRLF, fields quoted where they hold a comma, a quote or a line break. Amounts
+// are written with a dot and two decimals, rates with four. A text that a spreadsheet
+// would run as a formula (beginning with =, +, - or @ and not a number) gets a leading
+// apostrophe.
+namespace JourneyCsv {
+
+// date, type, comment, foreign value, currency, rate, base value, base currency, shared,
+// then each traveller's share of the cost, one column per traveller in list order.
+QByteArray costs(const WayFernData &doc);
+// traveller, date, type, change, running total: every account line, traveller by
+// traveller, lines in account order.
+QByteArray accounts(const WayFernData &doc);
+
+// One text field, guarded and quoted as needed.
+QString textField(const QString &text);
+
+} // namespace JourneyCsv

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "forms/settledlg.h"
+#include "settle/settlement.h"
+
+class WayFernData;
+
+// Settling up at the end of a journey: shows the balances with the kitty, the cents that
+// the division of shared costs left unbooked and the plan of transfers, and books the plan
+// as deposits and pay-offs on request.
+class settleEdit : public SettleDlg
+{
+    Q_OBJECT
+
+public:
+    settleEdit(QWidget *parent, const char *name, bool modal, WayFernData *document);
+
+    // Computes the balances and the plan afresh; the caller then runs exec() and hide().
+    void setData();
+    // The plan as shown.
+    const QList<Settlement::Transfer> &plan() const { return shownPlan; }
+
+public slots:
+    void slotBook() override;
+    void slotClose() override;
+    void slotSettleWithChanged() override;
+
+signals:
+    // Something was booked: the overview's balances changed.
+    void overChanged();
+
+private:
+    void fillBalances();
+    void fillPlan();
+
+    WayFernData *document;
+    Settlement settlement;
+    QList<Settlement::Transfer> shownPlan;
+};

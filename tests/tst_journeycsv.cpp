@@ -1,0 +1,128 @@
+// The costs and accounts of a journey as CSV files for spreadsheets.
+
+#include "coretestutil.h"
+
+#include "data/journeycalc.h"
+#include "data/wayferndata.h"
+#include "export/journeycsv.h"
+#include "storage/scqtutil.h"
+#include "storage/wayfernio.h"
+
+#include <QtTest>
+
+class TestJourneyCsv : public QObject
+{
+    Q_OBJECT
+
+    // The fixture journey as the window has it after opening it.
+    bool readFixture(WayFernData &doc)
+    {
+        StdoutCapture quiet;
+        WayfernIO io(&doc);
+        if (io.ReadFile(fixture(QStringLiteral("check-journey.wfn"))) != 0)
+            return false;
+        JourneyCalc::refreshFigures(doc, ScQtUtil::lastDate);
+        return true;
+    }
+
+private slots:
+    void initTestCase() { qputenv("WAYFERNCFG", "."); }
+
+    void theCostsOfAFixtureJourneyAreWrittenByteForByte()
+    {
+        WayFernData doc;
+        QVERIFY(readFixture(doc));
+        QCOMPARE(JourneyCsv::costs(doc), readBytes(fixture(QStringLiteral("check-costs.csv"))));
+    }
+
+    void theAccountsOfAFixtureJourneyAreWrittenByteForByte()
+    {
+        WayFernData doc;
+        QVERIFY(readFixture(doc));
+        QCOMPARE(JourneyCsv::accounts(doc),
+                 readBytes(fixture(QStringLiteral("check-accounts.csv"))));
+    }
+
+    void aCommentWithACommaAQuoteAndALineBreakIsQuoted()
+    {
+        QCOMPARE(JourneyCsv::textField(QStringLiteral("Taxi, \"late\"\nride")),
+                 QStringLiteral("\"Taxi, \"\"late\"\"\nride\""));
+        QCOMPARE(JourneyCsv::textField(QStringLiteral("plain")), QStringLiteral("plain"));
+        QCOMPARE(JourneyCsv::textField(QStringLiteral("a\rb")), QStringLiteral("\"a\rb\""));
+    }
+
+    void textThatASpreadsheetWouldRunGetsAnApostrophe()
+    {
+        QCOMPARE(JourneyCsv::textField(QStringLiteral("=SUM(A1:A9)")),
+                 QStringLiteral("'=SUM(A1:A9)"));
+        QCOMPARE(JourneyCsv::textField(QStringLiteral("+49 30 1234")),
+                 QStringLiteral("'+49 30 1234"));
+        QCOMPARE(JourneyCsv::textField(QStringLiteral("-bus")), QStringLiteral("'-bus"));
+        QCOMPARE(JourneyCsv::textField(QStringLiteral("@home")), QStringLiteral("'@home"));
+        // Guarded first, then quoted.
+        QCOMPARE(JourneyCsv::textField(QStringLiteral("=A1,B1")), QStringLiteral("\"'=A1,B1\""));
+        // Numbers are left alone, and so is a sign inside a text.
+        QCOMPARE(JourneyCsv::textField(QStringLiteral("-12.30")), QStringLiteral("-12.30"));
+        QCOMPARE(JourneyCsv::textField(QStringLiteral("+5")), QStringLiteral("+5"));
+        QCOMPARE(JourneyCsv::textField(QStringLiteral("a=b")), QStringLiteral("a=b"));
+    }
+
+    void guardedAndQuotedTextsReachTheCostsFile()
+    {
+        WayFernData doc;
+        UserData *user = doc.users.append();
+        user->short_ = QStringLiteral("@me");
+        CostsData *cost = doc.costs.append();
+        cost->date = QStringLiteral("01.02.2003");
+        cost->type = QStringLiteral("=cmd|'/c calc'!A0");
+        cost->comment = QStringLiteral("Taxi, \"late\"\nride");
+        cost->ctype = QStringLiteral("EUR");
+        cost->fvalue = 12.5;
+        cost->exchangevalue = 1.0;
+        cost->bvalue = 12.5;
+        cost->id = 4;
+        cost->shared = true;
+        KtoData *share = user->addKto(4);
+        share->change = -12.5;
+        doc.basecurrency = QStringLiteral("EUR");
+
+        const QByteArray csv = JourneyCsv::costs(doc);
+        QCOMPARE(csv,
+                 QByteArray("date,type,comment,foreign value,currency,rate,base value,base "
+                            "currency,shared,'@me\r\n"
+                            "01.02.2003,'=cmd|'/c calc'!A0,\"Taxi, \"\"late\"\"\nride\",12.50,"
+                            "EUR,1.0000,12.50,EUR,yes,12.50\r\n"));
+    }
+
+    void aShareOfNothingIsWrittenWithoutASign()
+    {
+        WayFernData doc;
+        UserData *user = doc.users.append();
+        user->short_ = QStringLiteral("AN");
+        CostsData *cost = doc.costs.append();
+        cost->id = 1;
+        user->addKto(1)->change = 0.0; // a traveller who takes no part
+        user->addKto(-3)->change = -0.001;
+        QCOMPARE(JourneyCsv::costs(doc).split('\n').at(1),
+                 QByteArray(",,,0.00,,0.0000,0.00,,yes,0.00\r"));
+        QVERIFY(JourneyCsv::accounts(doc).endsWith(",0.00,0.00\r\n"));
+        QVERIFY(!JourneyCsv::accounts(doc).contains("-0.00"));
+    }
+
+    void textOutsideLatin1IsWrittenAsUtf8()
+    {
+        WayFernData doc;
+        UserData *user = doc.users.append();
+        user->short_ = QStringLiteral("Zoë");
+        KtoData *line = user->addKto(-2);
+        line->type = QStringLiteral("deposit");
+        line->date = QStringLiteral("01.02.2003");
+        line->change = 10.0;
+        QCOMPARE(JourneyCsv::accounts(doc),
+                 QByteArray("traveller,date,type,change,running total\r\n"
+                            "Zo\xc3\xab,01.02.2003,deposit,10.00,10.00\r\n"));
+    }
+};
+
+QTEST_GUILESS_MAIN(TestJourneyCsv)
+#include "tst_journeycsv.moc"
