@@ -641,6 +641,29 @@ private slots:
         QCOMPARE(f.rows().size(), 3);
     }
 
+    void theCatalogueFetchedWhileAWalkRunsEndsTheWalk()
+    {
+        Fixture f;
+        // CHF's page never comes to its end.
+        f.server.setSlowRoute(f.target("EUR", "CHF"), "{", 100);
+        f.rate("EUR", "USD", "0.95");
+        f.server.setRoute(QStringLiteral("/v1/currencies"), R"({"NOK":"Norwegian Krone"})",
+                          "application/json");
+        f.doc.config.catalogue = f.server.address() + QStringLiteral("/v1/currencies");
+        f.list.SyncButton->click();
+        QTRY_COMPARE_WITH_TIMEOUT(f.server.targets().size(), 1, walkTimeout);
+        ModalTicket cat = ModalHelper::rejectNextDialog({}, "syncListEdit", walkTimeout);
+        f.list.SyncListButton->click();
+        // The grabber serves one page at a time: the walk gives way and its button comes back.
+        QVERIFY(f.list.SyncButton->isEnabled());
+        QTRY_VERIFY_WITH_TIMEOUT(cat->handled, walkTimeout);
+        QVERIFY2(cat->error.isEmpty(), qPrintable(cat->error));
+        QCOMPARE(f.server.targets(),
+                 (QStringList{Fixture::target("EUR", "CHF"), QStringLiteral("/v1/currencies")}));
+        QCOMPARE(f.curr("USD")->factor, QStringLiteral("0.90"));
+        f.server.stop();
+    }
+
     // The walk over all rates, through wget and the page server.
 
     void theWalkAsksForEachForeignCurrencyBaseFirstAndWritesTheFactors()
