@@ -287,7 +287,7 @@ void WayfernApp::slotFileNew()
     if (!view->loadView(templatePath)) {
         templateProblem =
             tr("Could not read the template %1: %2").arg(templatePath, view->fileProblem);
-        // The lists still show the journey cleared above.
+        // Show the empty journey that is left, not the rows of the one before.
         view->refreshView();
     }
     fileName = QStringLiteral("");
