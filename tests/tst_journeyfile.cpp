@@ -12,7 +12,9 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <cerrno>
 #include <csignal>
+#include <cstring>
 #include <sys/resource.h>
 
 namespace {
@@ -78,6 +80,8 @@ private slots:
     void failedSaveKeepsOldFile();
     void unwritablePathFailsWithMessage();
     void writeToDirectoryFailsWithMessage();
+    void readProblemTellsMissingFileNoHeaderAndMissingSection();
+    void writeProblemGivesTheSystemsReasonAndClearsOnSuccess();
 
 private:
     QTemporaryDir dir;
@@ -875,6 +879,51 @@ void TestJourneyFile::writeToDirectoryFailsWithMessage()
     QCOMPARE(out.text(),
              QStringLiteral("\nWayfernIO::WriteFile(%1) : file not open\n").arg(dir.path()));
     QVERIFY(QFileInfo(dir.path()).isDir());
+}
+
+void TestJourneyFile::readProblemTellsMissingFileNoHeaderAndMissingSection()
+{
+    WayFernData doc;
+    WayfernIO io(&doc);
+    const QString file = path(QStringLiteral("in.wfn"));
+    StdoutCapture out;
+
+    QCOMPARE(io.ReadFile(path(QStringLiteral("missing.wfn"))), -1);
+    QCOMPARE(io.readProblem, WayfernIO::ReadProblem::NotOpened);
+    QCOMPARE(io.readProblemDetail, QString::fromLocal8Bit(strerror(ENOENT)));
+
+    QVERIFY(writeBytes(file, "no journey\n"));
+    QCOMPARE(io.ReadFile(file), -1);
+    QCOMPARE(io.readProblem, WayfernIO::ReadProblem::NoHeader);
+
+    // Read with what was found, but not whole: the first missing section is named.
+    QByteArray counts = withCount("COSTSCOUNT", 3);
+    counts.replace("CURRCOUNT=0;", "CURRCOUNT=2;");
+    QVERIFY(writeBytes(file, journey(counts, "[COSTS_0]\nFVAL=1;\n\n[CURRENCY_0]\n\n")));
+    QCOMPARE(io.ReadFile(file), 0);
+    QCOMPARE(io.readProblem, WayfernIO::ReadProblem::SectionMissing);
+    QCOMPARE(io.readProblemDetail, QStringLiteral("COSTS_1"));
+    QCOMPARE(doc.costs.count(), 1);
+
+    QVERIFY(writeBytes(file, journey(zeroCounts, "")));
+    QCOMPARE(io.ReadFile(file), 0);
+    QCOMPARE(io.readProblem, WayfernIO::ReadProblem::None);
+    QCOMPARE(io.readProblemDetail, QString());
+}
+
+void TestJourneyFile::writeProblemGivesTheSystemsReasonAndClearsOnSuccess()
+{
+    const QString parent = path(QStringLiteral("plain"));
+    QVERIFY(writeBytes(parent, "x"));
+    WayFernData doc;
+    WayfernIO io(&doc);
+    StdoutCapture out;
+    QCOMPARE(io.WriteFile(parent + QStringLiteral("/trip.wfn")), -1);
+    QCOMPARE(io.writeProblem, QString::fromLocal8Bit(strerror(ENOTDIR)));
+    QCOMPARE(io.WriteFile(dir.path()), -1);
+    QCOMPARE(io.writeProblem, QString::fromLocal8Bit(strerror(EISDIR)));
+    QCOMPARE(io.WriteFile(path(QStringLiteral("trip.wfn"))), 0);
+    QCOMPARE(io.writeProblem, QString());
 }
 
 QTEST_GUILESS_MAIN(TestJourneyFile)

@@ -394,7 +394,7 @@ private slots:
         const QString missing = fx.dataFile(QStringLiteral("missing.wfn"));
         {
             StdoutCapture out;
-            QVERIFY(v->loadView(missing));
+            QVERIFY(!v->loadView(missing));
             QCOMPARE(out.text(),
                      QStringLiteral("\nWayfernIO::ReadFile - file not found (%1)\n"
                                     "\nWayfernView::loadView - not able to read %1")
@@ -429,13 +429,20 @@ private slots:
                 QStringLiteral("\nWayfernView::loadCfg - not able to read %1/nocfg/wayfern.cfg")
                     .arg(fx.dataDir())));
         }
-        // Saving marks the journey unmodified whatever the writing did.
+        // A save that could not write leaves the journey modified.
         app.doc->setModified(true);
         {
             StdoutCapture out;
-            QVERIFY(v->saveView(fx.dataDir() + QStringLiteral("/gone/x.wfn")));
+            QVERIFY(!v->saveView(fx.dataDir() + QStringLiteral("/gone/x.wfn")));
+            QCOMPARE(out.text(),
+                     QStringLiteral("\nWayfernIO::WriteFile(%1/gone/x.wfn) : file not open\n")
+                         .arg(fx.dataDir()));
         }
+        QVERIFY(app.doc->isModified());
+        QVERIFY(!v->fileProblem.isEmpty());
+        QVERIFY(v->saveView(fx.dataFile(QStringLiteral("saved.wfn"))));
         QVERIFY(!app.doc->isModified());
+        QVERIFY(v->fileProblem.isEmpty());
     }
 
     void baseCurrencyChangeRebasesAndRefreshes()

@@ -10,6 +10,8 @@
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDir>
+#include <QFileInfo>
 #include <QIcon>
 #include <QKeySequence>
 #include <QMenuBar>
@@ -37,11 +39,20 @@ WayfernApp::WayfernApp(QWidget *parent, const char *name, Qt::WindowFlags flags)
     initDoc();
     initView();
 
+    QString startProblem;
     if (!doc->lastfile.isEmpty()) {
-        const QString path = doc->config.datapath + QStringLiteral("/") + doc->lastfile;
-        view->loadView(path);
-        setWindowTitle(doc->lastfile);
-        fileName = path;
+        const QString path = journeyPath(doc->lastfile);
+        if (view->loadView(path)) {
+            setWindowTitle(QFileInfo(path).fileName());
+            fileName = path;
+        } else {
+            // Start as on a first start. The last-state file is not written here, so the
+            // journey opens again once it can be read (a disk that was missing, say).
+            startProblem =
+                tr("Could not read the last journey %1: %2").arg(path, view->fileProblem);
+            fileName = QStringLiteral("");
+            slotFileNew();
+        }
     } else {
         fileName = QStringLiteral("");
         slotFileNew();
@@ -49,6 +60,14 @@ WayfernApp::WayfernApp(QWidget *parent, const char *name, Qt::WindowFlags flags)
 
     viewToolBar->setChecked(true);
     viewStatusBar->setChecked(true);
+    // The toggles above end in "Ready.": what went wrong at the start must come after them.
+    QStringList problems;
+    if (!startProblem.isEmpty())
+        problems << startProblem;
+    if (!templateProblem.isEmpty())
+        problems << templateProblem;
+    if (!problems.isEmpty())
+        statusBar()->showMessage(problems.join(QStringLiteral(" ")));
 
     // No menu bar is built; should one exist, its height counts here.
     const int menuHeight = menuWidget() ? menuWidget()->height() : 0;
@@ -274,12 +293,20 @@ void WayfernApp::slotFileNew()
         return;
     statusBar()->showMessage(tr("Creating new file..."));
     doc->clearAll();
-    view->loadView(doc->config.datapath + QStringLiteral("/") + doc->config.template_);
+    const QString templatePath = doc->config.datapath + QStringLiteral("/") + doc->config.template_;
+    templateProblem.clear();
+    if (!view->loadView(templatePath)) {
+        templateProblem =
+            tr("Could not read the template %1: %2").arg(templatePath, view->fileProblem);
+        // Show the empty journey that is left, not the rows of the one before.
+        view->refreshView();
+    }
     fileName = QStringLiteral("");
     doc->lastfile = QStringLiteral("");
     setWindowTitle(QStringLiteral("new file"));
     statusBar()->showMessage(tr("Loaded document: new file"), 2000);
-    statusBar()->showMessage(tr("Ready."));
+    // The journey is empty then: the bar says why rather than "Ready.".
+    statusBar()->showMessage(templateProblem.isEmpty() ? tr("Ready.") : templateProblem);
 }
 
 void WayfernApp::slotFileOpen()
@@ -293,9 +320,13 @@ void WayfernApp::slotFileOpen()
         statusBar()->showMessage(tr("Opening aborted"), 2000);
         return;
     }
-    doc->lastfile = path.mid(path.lastIndexOf(QLatin1Char('/')) + 1);
-    view->loadView(path);
-    setWindowTitle(doc->lastfile);
+    if (!view->loadView(path)) {
+        statusBar()->showMessage(tr("Opening failed"));
+        showFileFailure(tr("Could not open %1\n\n%2"), path);
+        return;
+    }
+    doc->lastfile = lastStateName(path);
+    setWindowTitle(QFileInfo(path).fileName());
     fileName = path;
     view->saveLast();
     statusBar()->showMessage(tr("Loaded document: ") + path, 2000);
@@ -308,7 +339,12 @@ void WayfernApp::slotFileSave()
         return;
     }
     statusBar()->showMessage(tr("Saving file..."));
-    view->saveView(fileName);
+    if (!view->saveView(fileName)) {
+        // The changes are on no disk: the journey stays modified, so Quit still asks.
+        statusBar()->showMessage(tr("Saving failed"));
+        showFileFailure(tr("Could not save %1\n\n%2"), fileName);
+        return;
+    }
     doc->setModified(false);
     statusBar()->showMessage(tr("Ready."));
 }
@@ -322,12 +358,40 @@ void WayfernApp::slotFileSaveAs()
         statusBar()->showMessage(tr("Saving aborted"), 2000);
         return;
     }
-    doc->lastfile = path.mid(path.lastIndexOf(QLatin1Char('/')) + 1);
+    if (!view->saveView(path)) {
+        // Nothing took the new name: the journey keeps its own and stays as modified as it
+        // was.
+        statusBar()->showMessage(tr("Saving failed"));
+        showFileFailure(tr("Could not save %1\n\n%2"), path);
+        return;
+    }
+    doc->lastfile = lastStateName(path);
     doc->setModified(false);
-    view->saveView(path);
     view->saveLast();
-    setWindowTitle(doc->lastfile);
+    setWindowTitle(QFileInfo(path).fileName());
     fileName = path;
+}
+
+QString WayfernApp::lastStateName(const QString &path) const
+{
+    const QFileInfo file(path);
+    const QString datapath = doc->config.datapath;
+    if (!datapath.isEmpty()
+        && QDir::cleanPath(file.absolutePath()) == QDir::cleanPath(QDir(datapath).absolutePath()))
+        return file.fileName();
+    return QDir::cleanPath(file.absoluteFilePath());
+}
+
+QString WayfernApp::journeyPath(const QString &lastName) const
+{
+    if (lastName.startsWith(QLatin1Char('/')))
+        return lastName;
+    return doc->config.datapath + QStringLiteral("/") + lastName;
+}
+
+void WayfernApp::showFileFailure(const QString &text, const QString &path)
+{
+    QMessageBox::warning(this, tr("Wayfern"), text.arg(path, view->fileProblem));
 }
 
 void WayfernApp::slotOpenBase()

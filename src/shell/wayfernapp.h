@@ -70,6 +70,17 @@ protected:
     void closeEvent(QCloseEvent *event) override;
 
 private:
+    // The name the last-state file keeps for the journey at `path`: the bare file name
+    // inside the journey directory, the full path anywhere else.
+    QString lastStateName(const QString &path) const;
+    // The journey that a last-state name stands for; a full path stands as it is.
+    QString journeyPath(const QString &lastName) const;
+    // A warning box that names the file that could not be read or written and why.
+    void showFileFailure(const QString &text, const QString &path);
+
+    // Why New could not read the template; empty when it could.
+    QString templateProblem;
+
     void initActions();
     void initMenuBar();
     void initToolBar();

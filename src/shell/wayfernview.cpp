@@ -393,12 +393,34 @@ bool WayfernView::saveLast()
 
 bool WayfernView::loadView(const QString &path)
 {
-    if (io->ReadFile(path) != 0) {
+    // The file is read aside and taken only when it was read whole: a file that is no
+    // journey, or one cut off in the middle, leaves the journey in hand untouched. A header
+    // without a name keeps the name in hand, as a read into the document itself would.
+    WayFernData read;
+    read.journeyname = doc->journeyname;
+    read.basecurrency = doc->basecurrency;
+    read.distancetype = doc->distancetype;
+    read.userflag = doc->userflag;
+    WayfernIO reader(&read);
+    const bool opened = reader.ReadFile(path) == 0;
+    if (!opened)
         printLine("\nWayfernView::loadView - not able to read %s", cstr(path).constData());
-        // The lists stay; the records behind the current ones may be gone all the same.
-        forgetStaleRecords();
-        return true;
+    switch (reader.readProblem) {
+    case WayfernIO::ReadProblem::None:
+        break;
+    case WayfernIO::ReadProblem::NotOpened:
+        fileProblem = reader.readProblemDetail;
+        return false;
+    case WayfernIO::ReadProblem::NoHeader:
+        fileProblem = tr("It is not a journey: it has no [Header] section.");
+        return false;
+    case WayfernIO::ReadProblem::SectionMissing:
+        fileProblem = tr("It is cut off or damaged: the section [%1] is missing.")
+                          .arg(reader.readProblemDetail);
+        return false;
     }
+    fileProblem.clear();
+    takeJourney(read);
     // A new journey: the current records of the old one are gone.
     actucost = nullptr;
     actutip = nullptr;
@@ -406,9 +428,30 @@ bool WayfernView::loadView(const QString &path)
     return true;
 }
 
+void WayfernView::takeJourney(WayFernData &read)
+{
+    doc->journeyname = read.journeyname;
+    doc->basecurrency = read.basecurrency;
+    doc->distancetype = read.distancetype;
+    doc->userflag = read.userflag;
+    // The records move whole, so that what points between them (a cost at its currency)
+    // still holds.
+    doc->currencies = std::move(read.currencies);
+    doc->costs = std::move(read.costs);
+    doc->tips = std::move(read.tips);
+    doc->users = std::move(read.users);
+    doc->ctypes = std::move(read.ctypes);
+    doc->ttypes = std::move(read.ttypes);
+    doc->qtypes = std::move(read.qtypes);
+}
+
 bool WayfernView::saveView(const QString &path)
 {
-    io->WriteFile(path);
+    if (io->WriteFile(path) != 0) {
+        fileProblem = io->writeProblem;
+        return false;
+    }
+    fileProblem.clear();
     doc->setModified(false);
     return true;
 }

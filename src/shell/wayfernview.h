@@ -34,6 +34,8 @@ public:
     WayfernView(WayfernApp *parent, WayFernData *doc);
     ~WayfernView() override;
 
+    // Both answer false when the file could not be read whole or written, and then leave
+    // the journey in hand as it was; `fileProblem` says why, for the user.
     bool loadView(const QString &path);
     bool saveView(const QString &path);
     bool saveLast();
@@ -90,6 +92,7 @@ public:
     QString labelPerDay;
     QString labelUser;
     QString labelCategory;
+    QString fileProblem;
 
 public slots:
     void slotCCopy() override;
@@ -109,6 +112,8 @@ public slots:
     void slotTabViewChanged(QWidget *widget);
 
 private:
+    // Moves a journey read aside into the document in hand.
+    void takeJourney(WayFernData &read);
     // The current records must never be followed once their journey is gone.
     void forgetStaleRecords();
     // The date sort moves contents between list positions: afterwards `actucost` points at

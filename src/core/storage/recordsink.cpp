@@ -6,14 +6,31 @@
 #include <QFileInfo>
 
 #include <algorithm>
+#include <cerrno>
+#include <cstring>
 
 RecordSink::RecordSink(const QString &path) : path(path), file(path), out(&text) {}
 
 bool RecordSink::open()
 {
-    if (path.isEmpty() || QFileInfo(path).isDir())
+    if (path.isEmpty()) {
+        error = QString::fromLocal8Bit(strerror(ENOENT));
         return false;
-    return file.open(QIODevice::WriteOnly);
+    }
+    if (QFileInfo(path).isDir()) {
+        error = QString::fromLocal8Bit(strerror(EISDIR));
+        return false;
+    }
+    if (!file.open(QIODevice::WriteOnly)) {
+        error = file.errorString();
+        return false;
+    }
+    return true;
+}
+
+QString RecordSink::failure() const
+{
+    return error;
 }
 
 QByteArray RecordSink::encode(const QString &text)
@@ -36,15 +53,23 @@ bool RecordSink::commit()
     const QByteArray bytes = encode(text);
     text.clear();
     if (file.write(bytes) != bytes.size()) {
+        error = file.errorString();
         file.cancelWriting();
         file.commit();
         return false;
     }
-    return file.commit();
+    if (!file.commit()) {
+        error = file.errorString();
+        return false;
+    }
+    return true;
 }
 
-int RecordSink::notOpen(const char *writer, const QString &path)
+int RecordSink::notOpen(const char *writer, const QString &path, const QString &failure,
+                        QString *reason)
 {
     printLine("\n%s::WriteFile(%s) : file not open\n", writer, cstr(path).constData());
+    if (reason)
+        *reason = failure;
     return -1;
 }

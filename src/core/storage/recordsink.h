@@ -22,24 +22,33 @@ public:
 
     // Writes the whole file at `path`: `body` prints its text into the stream it is given.
     // Answers 0 when the file is in place; otherwise prints that `writer` could not open the
-    // file and answers -1, and whatever stood at `path` stays.
+    // file and answers -1, and whatever stood at `path` stays. `reason`, when given, gets
+    // the system's reason for a failure and is emptied on success.
     template <typename Body>
-    static int writeFile(const QString &path, const char *writer, Body body)
+    static int writeFile(const QString &path, const char *writer, Body body,
+                         QString *reason = nullptr)
     {
         RecordSink sink(path);
         if (!sink.open())
-            return notOpen(writer, path);
+            return notOpen(writer, path, sink.failure(), reason);
         body(sink.stream());
         if (!sink.commit())
-            return notOpen(writer, path);
+            return notOpen(writer, path, sink.failure(), reason);
+        if (reason)
+            reason->clear();
         return 0;
     }
 
+    // Why opening or committing failed, as the system words it.
+    QString failure() const;
+
 private:
-    static int notOpen(const char *writer, const QString &path);
+    static int notOpen(const char *writer, const QString &path, const QString &failure,
+                       QString *reason);
 
     QString path;
     QSaveFile file;
     QString text;
     QTextStream out;
+    QString error;
 };

@@ -8,8 +8,11 @@
 bool RecordStream::open(const QString &path)
 {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
+    if (!file.open(QIODevice::ReadOnly)) {
+        openError = file.errorString();
         return false;
+    }
+    openError.clear();
     setText(decode(file.readAll()));
     return true;
 }

@@ -18,8 +18,9 @@
 class RecordStream
 {
 public:
-    // Reads the whole file; false when it cannot be opened.
+    // Reads the whole file; false when it cannot be opened, and errorString() says why.
     bool open(const QString &path);
+    QString errorString() const { return openError; }
     // Uses a text in memory as the file's content.
     void setText(const QString &text);
     bool isOpen() const { return opened; }
@@ -60,6 +61,7 @@ private:
     QString text;
     qsizetype pos = 0;
     bool opened = false;
+    QString openError;
 
     struct HeadKey
     {

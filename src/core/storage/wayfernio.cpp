@@ -93,6 +93,10 @@ int WayfernIO::readGroup(RecordStream *stream, const char *reader, const QString
         if (findSection(stream, section, index == 0) != 0) {
             printLine("\nWayfernIO::%s - section not found : %s\n", reader,
                       cstr(section).constData());
+            if (readProblem == ReadProblem::None) {
+                readProblem = ReadProblem::SectionMissing;
+                readProblemDetail = section;
+            }
             return -1;
         }
         // The record exists before any key is read: an empty section still gives one.
@@ -129,14 +133,19 @@ void WayfernIO::writeAddress(QTextStream *stream, const Record *record)
 
 int WayfernIO::ReadFile(const QString &path)
 {
+    readProblem = ReadProblem::None;
+    readProblemDetail.clear();
     RecordStream stream;
     if (!stream.open(path)) {
         printLine("\nWayfernIO::ReadFile - file not found (%s)\n", cstr(path).constData());
+        readProblem = ReadProblem::NotOpened;
+        readProblemDetail = stream.errorString();
         return -1;
     }
     if (findSection(&stream, QStringLiteral("Header"), true) != 0) {
         printLine("\nWayfernIO::ReadFile - section not found : %s\n", "Header");
         printLine("\nreading aborted\n");
+        readProblem = ReadProblem::NoHeader;
         return -1;
     }
     document->clearAll();
@@ -450,31 +459,34 @@ int WayfernIO::ReadFileCTip(RecordStream *stream, int count, RecordList<CustomDa
 
 int WayfernIO::WriteFile(const QString &path)
 {
-    return RecordSink::writeFile(path, "WayfernIO", [&](QTextStream *stream) {
-        writeFileHead(stream, "data", "Data-File");
-        *stream << "[Header]\n";
-        writeRecord(stream, QStringLiteral("JOURNEY-NAME"), document->journeyname);
-        writeRecord(stream, QStringLiteral("DISTANCE-TYPE"), document->distancetype);
-        writeRecord(stream, QStringLiteral("BASE-CURRENCY"), document->basecurrency);
-        writeRecord(stream, QStringLiteral("USERFLAG"), document->userflag);
-        const QString d = QStringLiteral("%d");
-        writeRecord(stream, QStringLiteral("COSTSCOUNT"), document->costs.count(), d);
-        writeRecord(stream, QStringLiteral("TIPCOUNT"), document->tips.count(), d);
-        writeRecord(stream, QStringLiteral("USERCOUNT"), document->users.count(), d);
-        writeRecord(stream, QStringLiteral("CURRCOUNT"), document->currencies.count(), d);
-        writeRecord(stream, QStringLiteral("CTYPECOUNT"), document->ctypes.count(), d);
-        writeRecord(stream, QStringLiteral("TTYPECOUNT"), document->ttypes.count(), d);
-        writeRecord(stream, QStringLiteral("QTYPECOUNT"), document->qtypes.count(), d);
-        *stream << "\n";
-        WriteFileCType(stream);
-        WriteFileTType(stream);
-        WriteFileQType(stream);
-        WriteFileCosts(stream);
-        WriteFileTips(stream);
-        WriteFileUsers(stream);
-        WriteFileCurr(stream);
-        *stream << "\n##EOF WAYFERN DATA FILE " << path << "\n";
-    });
+    return RecordSink::writeFile(
+        path, "WayfernIO",
+        [&](QTextStream *stream) {
+            writeFileHead(stream, "data", "Data-File");
+            *stream << "[Header]\n";
+            writeRecord(stream, QStringLiteral("JOURNEY-NAME"), document->journeyname);
+            writeRecord(stream, QStringLiteral("DISTANCE-TYPE"), document->distancetype);
+            writeRecord(stream, QStringLiteral("BASE-CURRENCY"), document->basecurrency);
+            writeRecord(stream, QStringLiteral("USERFLAG"), document->userflag);
+            const QString d = QStringLiteral("%d");
+            writeRecord(stream, QStringLiteral("COSTSCOUNT"), document->costs.count(), d);
+            writeRecord(stream, QStringLiteral("TIPCOUNT"), document->tips.count(), d);
+            writeRecord(stream, QStringLiteral("USERCOUNT"), document->users.count(), d);
+            writeRecord(stream, QStringLiteral("CURRCOUNT"), document->currencies.count(), d);
+            writeRecord(stream, QStringLiteral("CTYPECOUNT"), document->ctypes.count(), d);
+            writeRecord(stream, QStringLiteral("TTYPECOUNT"), document->ttypes.count(), d);
+            writeRecord(stream, QStringLiteral("QTYPECOUNT"), document->qtypes.count(), d);
+            *stream << "\n";
+            WriteFileCType(stream);
+            WriteFileTType(stream);
+            WriteFileQType(stream);
+            WriteFileCosts(stream);
+            WriteFileTips(stream);
+            WriteFileUsers(stream);
+            WriteFileCurr(stream);
+            *stream << "\n##EOF WAYFERN DATA FILE " << path << "\n";
+        },
+        &writeProblem);
 }
 
 void WayfernIO::WriteFileCType(QTextStream *stream)

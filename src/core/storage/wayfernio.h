@@ -43,6 +43,16 @@ public:
 
     WayFernData *document;
 
+    // What kept the last ReadFile from giving the whole journey. A header that counts more
+    // sections than the file holds still reads, with what was found, and answers 0: a
+    // caller that must not take a cut-off journey for a whole one looks here.
+    enum class ReadProblem { None, NotOpened, NoHeader, SectionMissing };
+    ReadProblem readProblem = ReadProblem::None;
+    // The system's reason when the file could not be opened, or the first missing section.
+    QString readProblemDetail;
+    // Why the last WriteFile failed, as the system words it; empty after a success.
+    QString writeProblem;
+
 private:
     template <typename Record, typename Dispatch, typename After>
     int readGroup(RecordStream *stream, const char *reader, const QString &prefix, int count,
