@@ -4,6 +4,7 @@
 #   bash scripts/setup.sh ninja     also ninja-build, for scripts/check-multiconfig.sh
 #   bash scripts/setup.sh format    also clang-format, to check a file against .clang-format
 #   bash scripts/setup.sh screenshots   also a virtual X server, for scripts/screenshots.sh
+#   bash scripts/setup.sh fuzz      also clang and its libFuzzer runtime, for scripts/fuzz.sh
 set -euo pipefail
 
 packages=(
@@ -21,7 +22,9 @@ for extra in "$@"; do
     format) packages+=(clang-format) ;;
     # xvfb-run needs xauth, which is only recommended
     screenshots) packages+=(xvfb xauth) ;;
-    *) echo "setup.sh: unknown extra '$extra' (ninja, format, screenshots)" >&2; exit 2 ;;
+    # libclang_rt.fuzzer and the sanitizer runtimes come with libclang-rt-14-dev
+    fuzz) packages+=(clang libclang-rt-14-dev) ;;
+    *) echo "setup.sh: unknown extra '$extra' (ninja, format, screenshots, fuzz)" >&2; exit 2 ;;
   esac
 done
 
