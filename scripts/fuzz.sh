@@ -47,7 +47,8 @@ for target in "${targets[@]}"; do
   run="$build/fuzz-run/$target"
   rm -rf "$run"
   mkdir -p "$run/new" "$run/seeds" "$top/fuzz/corpus/$target"
-  for f in $(seeds_of "$target"); do ln -s "$f" "$run/seeds/"; done
+  n=0
+  for f in $(seeds_of "$target"); do ln -s "$f" "$run/seeds/$((n++))-$(basename "$f")"; done
   options=(-max_len=65536 -timeout=25 -rss_limit_mb=2048 -dict="$top/fuzz/wayfern.dict"
            -artifact_prefix="$run/" -print_final_stats=1)
   echo "== fuzz_$target: $seconds s"
@@ -55,7 +56,7 @@ for target in "${targets[@]}"; do
       "$run/new" "$top/fuzz/corpus/$target" "$run/seeds" 2>"$run/log"; then
     failed+=("$target")
   fi
-  grep -E '^(#[0-9]+ +DONE|stat::|==[0-9]+==ERROR|SUMMARY)|broken promise' "$run/log" \
+  grep -E '^(#[0-9]+[[:space:]]+DONE|stat::|==[0-9]+==ERROR|SUMMARY)|broken promise' "$run/log" \
     | tail -n 20 || true
   if [ "${WAYFERN_FUZZ_MERGE:-0}" = 1 ]; then
     mkdir -p "$run/merged"
