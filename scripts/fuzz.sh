@@ -7,6 +7,8 @@
 #   WAYFERN_FUZZ_MERGE=1 bash scripts/fuzz.sh [seconds]
 #       afterwards rebuilds fuzz/corpus/<target>/ as the smallest set of the old corpus,
 #       the seeds and the new inputs that covers all that they cover together
+# fuzz/regressions/<target>/ holds inputs that once found something or that stand for an
+# edge case by name; the fuzzer starts from them too, and no merge removes them.
 #   WAYFERN_FUZZ_TARGETS="journey config" bash scripts/fuzz.sh   only these targets
 set -euo pipefail
 top="$(cd "$(dirname "$0")/.." && pwd)"
@@ -53,7 +55,8 @@ for target in "${targets[@]}"; do
            -artifact_prefix="$run/" -print_final_stats=1)
   echo "== fuzz_$target: $seconds s"
   if ! "$build/fuzz/fuzz_$target" "${options[@]}" -max_total_time="$seconds" \
-      "$run/new" "$top/fuzz/corpus/$target" "$run/seeds" 2>"$run/log"; then
+      "$run/new" "$top/fuzz/corpus/$target" "$top/fuzz/regressions/$target" "$run/seeds" \
+      2>"$run/log"; then
     failed+=("$target")
   fi
   grep -E '^(#[0-9]+[[:space:]]+DONE|stat::|==[0-9]+==ERROR|SUMMARY)|broken promise' "$run/log" \

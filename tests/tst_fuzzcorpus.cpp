@@ -1,6 +1,6 @@
-// Every input of the fuzz corpora (fuzz/corpus/<target>/) through the checks that the
-// fuzz targets run, built with the normal compiler: the inputs that once found something,
-// and those that cover the readers' corners, stay tested without a fuzzer.
+// Every input of the fuzz corpora (fuzz/corpus/<target>/) and of the inputs that once found
+// something (fuzz/regressions/<target>/) through the checks that the fuzz targets run, built
+// with the normal compiler: they stay tested without a fuzzer.
 #include "checks.h"
 
 #include <QDir>
@@ -72,11 +72,14 @@ void TestFuzzCorpus::everyCorpusInputKeepsThePromises_data()
 {
     QTest::addColumn<QString>("target");
     QTest::addColumn<QString>("path");
-    for (const char *target : targets) {
-        const QDir dir(QStringLiteral(WAYFERN_FUZZ_CORPUS "/") + QLatin1String(target));
-        for (const QString &name : dir.entryList(QDir::Files, QDir::Name))
-            QTest::newRow(qPrintable(QLatin1String(target) + u'/' + name))
-                << QString::fromLatin1(target) << dir.filePath(name);
+    for (const char *folder : {WAYFERN_FUZZ_CORPUS, WAYFERN_FUZZ_REGRESSIONS}) {
+        for (const char *target : targets) {
+            const QDir dir(QLatin1String(folder) + u'/' + QLatin1String(target));
+            for (const QString &name : dir.entryList(QDir::Files, QDir::Name))
+                QTest::newRow(qPrintable(QDir(QLatin1String(folder)).dirName() + u'/'
+                                         + dir.dirName() + u'/' + name))
+                    << QString::fromLatin1(target) << dir.filePath(name);
+        }
     }
 }
 
