@@ -3,6 +3,7 @@
 #   bash scripts/setup.sh           what the build, the tests and the run command use
 #   bash scripts/setup.sh ninja     also ninja-build, for scripts/check-multiconfig.sh
 #   bash scripts/setup.sh format    also clang-format, to check a file against .clang-format
+#   bash scripts/setup.sh fuzz      also clang and its libFuzzer runtime, for scripts/fuzz.sh
 set -euo pipefail
 
 packages=(
@@ -23,7 +24,9 @@ for extra in "$@"; do
   case "$extra" in
     ninja) packages+=(ninja-build) ;;
     format) packages+=(clang-format) ;;
-    *) echo "setup.sh: unknown extra '$extra' (ninja, format)" >&2; exit 2 ;;
+    # libclang_rt.fuzzer and the sanitizer runtimes come with libclang-rt-14-dev
+    fuzz) packages+=(clang libclang-rt-14-dev) ;;
+    *) echo "setup.sh: unknown extra '$extra' (ninja, format, fuzz)" >&2; exit 2 ;;
   esac
 done
 

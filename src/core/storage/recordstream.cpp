@@ -91,6 +91,15 @@ void RecordStream::skipTo(const QString &pattern)
     if (close >= 0 && !hashed && headsWalked > 4 * qsizetype(heads.size()) + 4096)
         buildHash();
     const QStringView all(text);
+    // A head matches as its line would for readLine: the CR that ends a line is no part of
+    // it, so a pattern ending in CR does not match there.
+    const bool endsInCr = pattern.endsWith(u'\r');
+    const auto lineBegins = [&](qsizetype h) {
+        if (!all.mid(h).startsWith(pattern))
+            return false;
+        const qsizetype after = h + pattern.size();
+        return !endsInCr || (after < text.size() && text.at(after) != u'\n');
+    };
     qsizetype hit = -1;
     if (close >= 0 && hashed) {
         const auto id = headIds.constFind(HeadKey{QStringView(pattern).left(close + 1)});
@@ -100,7 +109,7 @@ void RecordStream::skipTo(const QString &pattern)
             const bool wholeKey = close == pattern.size() - 1;
             for (; h != last; ++h) {
                 ++headsWalked;
-                if (wholeKey || all.mid(*h).startsWith(pattern)) {
+                if (wholeKey || lineBegins(*h)) {
                     hit = *h;
                     break;
                 }
@@ -109,7 +118,7 @@ void RecordStream::skipTo(const QString &pattern)
     } else {
         for (auto h = std::lower_bound(heads.begin(), heads.end(), pos); h != heads.end(); ++h) {
             ++headsWalked;
-            if (all.mid(*h).startsWith(pattern)) {
+            if (lineBegins(*h)) {
                 hit = *h;
                 break;
             }
