@@ -241,6 +241,31 @@ private slots:
         QCOMPARE(app.doc->journeyname, QStringLiteral("Changed"));
     }
 
+    void yesToSavingBeforeNewKeepsTheJourneyWhenTheSaveCannotWrite()
+    {
+        ShellFixture fx({QStringLiteral("sample.wfn")});
+        fx.writeLast(QStringLiteral("sample.wfn"));
+        WayfernApp app;
+        const QString sample = fx.dataFile(QStringLiteral("sample.wfn"));
+        QVERIFY(QFile::remove(sample));
+        QVERIFY(QDir().mkdir(sample));
+        app.doc->journeyname = QStringLiteral("Changed");
+        app.doc->setModified(true);
+
+        TwoBoxes boxes = answerTwoMessageBoxes(QMessageBox::Yes, QMessageBox::Ok);
+        app.fileNew->trigger();
+        QVERIFY2(boxes.first->handled, qPrintable(boxes.first->error));
+        QCOMPARE(boxes.first->title, QStringLiteral("New file ... "));
+        checkWarning(*boxes.second,
+                     QStringLiteral("Could not save %1\n\n%2").arg(sample, systemText(EISDIR)));
+        if (QTest::currentTestFailed())
+            return;
+        // No new journey replaced the changes that are on no disk.
+        QCOMPARE(app.doc->journeyname, QStringLiteral("Changed"));
+        QVERIFY(app.doc->isModified());
+        QCOMPARE(app.fileName, sample);
+    }
+
     void startWithALastJourneyThatCannotBeReadOpensTheTemplate_data()
     {
         QTest::addColumn<bool>("exists");

@@ -255,10 +255,10 @@ bool WayfernApp::queryModified(const QString &caption)
     if (!doc->isModified())
         return true;
     const auto answer = askSaveChanges(this, caption);
-    if (answer == QMessageBox::Yes) {
-        slotFileSave();
-        return true;
-    }
+    if (answer == QMessageBox::Yes)
+        // A save that could not write keeps the window and the journey in hand: going on
+        // would drop the changes that the warning just said are on no disk.
+        return saveJourney();
     return answer == QMessageBox::No;
 }
 
@@ -334,42 +334,53 @@ void WayfernApp::slotFileOpen()
 
 void WayfernApp::slotFileSave()
 {
-    if (fileName.isEmpty()) {
-        slotFileSaveAs();
-        return;
-    }
+    saveJourney();
+}
+
+bool WayfernApp::saveJourney()
+{
+    if (fileName.isEmpty())
+        return saveJourneyAs();
     statusBar()->showMessage(tr("Saving file..."));
     if (!view->saveView(fileName)) {
         // The changes are on no disk: the journey stays modified, so Quit still asks.
         statusBar()->showMessage(tr("Saving failed"));
         showFileFailure(tr("Could not save %1\n\n%2"), fileName);
-        return;
+        return false;
     }
     doc->setModified(false);
     statusBar()->showMessage(tr("Ready."));
+    return true;
 }
 
 void WayfernApp::slotFileSaveAs()
+{
+    saveJourneyAs();
+}
+
+bool WayfernApp::saveJourneyAs()
 {
     statusBar()->showMessage(tr("Saving file under new filename..."));
     const QString path =
         ScQtFileEdit::getSaveFileName(this, "", doc->config.datapath, QStringLiteral("*.wfn"));
     if (path.isEmpty()) {
+        // Declining to name a file is no failure: the question that asked goes on as before.
         statusBar()->showMessage(tr("Saving aborted"), 2000);
-        return;
+        return true;
     }
     if (!view->saveView(path)) {
         // Nothing took the new name: the journey keeps its own and stays as modified as it
         // was.
         statusBar()->showMessage(tr("Saving failed"));
         showFileFailure(tr("Could not save %1\n\n%2"), path);
-        return;
+        return false;
     }
     doc->lastfile = lastStateName(path);
     doc->setModified(false);
     view->saveLast();
     setWindowTitle(QFileInfo(path).fileName());
     fileName = path;
+    return true;
 }
 
 QString WayfernApp::lastStateName(const QString &path) const

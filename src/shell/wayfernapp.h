@@ -87,6 +87,9 @@ private:
     void initStatusBar();
     void initDoc();
     void initView();
+    // The file commands' work; false only when a file could not be written.
+    bool saveJourney();
+    bool saveJourneyAs();
 
     std::unique_ptr<WayFernData> document;
 };
