@@ -290,11 +290,11 @@ QList<QString *> headerFields(WayFernConfig &c)
 
 QList<QString *> syncFields(WayFernConfig &c)
 {
-    return {&c.syncfile, &c.server, &c.fromprefix, &c.toprefix, &c.postfix};
+    return {&c.syncfile, &c.server, &c.fromprefix, &c.toprefix, &c.postfix, &c.catalogue};
 }
 
 // Values that no file gives, so that a field the reader touched shows: the header fields
-// take the first five, the sync fields the next five.
+// take the first five, the sync fields the six after them.
 QString sentinel(qsizetype index)
 {
     return QStringLiteral("untouched-%1").arg(index);
@@ -375,8 +375,10 @@ const char *checkConfig(const uint8_t *data, size_t size)
     EXPECT(sameFields(headerFields(back.config), headerFields(config)),
            "config: header values change on reading back");
     EXPECT(untouched(syncFields(back.config), 5), "config: reading back sets a sync value");
-    for (qsizetype i = 0; i < 5; ++i)
-        *syncFields(back.config).at(i) = *syncFields(config).at(i);
+    const QList<QString *> readSync = syncFields(config);
+    const QList<QString *> backSync = syncFields(back.config);
+    for (qsizetype i = 0; i < readSync.size(); ++i)
+        *backSync.at(i) = *readSync.at(i);
     EXPECT(configBytes(back) == written, "config: read-back values write other bytes");
     return nullptr;
 }
