@@ -2,12 +2,17 @@
 #include "dialogs/calenderedit.h"
 #include "editors/baseedit.h"
 #include "editors/costsedit.h"
+#include "editors/curredit.h"
+#include "editors/currlistedit.h"
+#include "editors/settleedit.h"
 #include "editors/tipedit.h"
 #include "editors/usercashedit.h"
 #include "editors/useredit.h"
 #include "editors/userktoedit.h"
 #include "editors/userlistedit.h"
 #include "editors/userpayedit.h"
+#include "rates/currsync.h"
+#include "rates/synclistedit.h"
 #include "shell/wayfernapp.h"
 #include "shell/wayfernview.h"
 
@@ -16,10 +21,14 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
+#include <QLabel>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QPixmap>
 #include <QScreen>
 #include <QTabWidget>
+#include <QTcpServer>
+#include <QTcpSocket>
 #include <QTemporaryDir>
 #include <QTimer>
 #include <QToolButton>
@@ -39,9 +48,11 @@
 // With JOURNEY the program opens that journey from a scratch configuration; without it, it
 // opens the user's last journey as a normal start does. The files go to DIR, named
 // main-overview, main-costs, main-tips, costs, share, base, userlist, user, deposit,
-// account and tip, each followed by SUFFIX (e.g. "-240x320") and ".png". Meant to run
-// under a virtual X server with the screen size of the pictures; scripts/screenshots.sh
-// does that.
+// account, tip, currlist, currlist-sync, currlist-synced, curr, catalogue, settle and
+// settle-booked, each followed by SUFFIX (e.g. "-240x320") and ".png". The rates come from
+// a page server on the loopback address that this program runs itself, answering as
+// today's rate service does. Meant to run under a virtual X server with the screen size of
+// the pictures; scripts/screenshots.sh does that.
 
 namespace {
 
@@ -115,6 +126,48 @@ void selectRow(QTreeWidget *list, const QString &label, int column = 0)
     }
 }
 
+// Answers rate and catalogue requests on 127.0.0.1 as the rate service does, one answer per
+// connection.
+class RatePages : public QTcpServer
+{
+public:
+    RatePages()
+    {
+        connect(this, &QTcpServer::newConnection, this, [this] {
+            while (QTcpSocket *socket = nextPendingConnection()) {
+                connect(socket, &QTcpSocket::readyRead, socket, [socket] { answer(socket); });
+                connect(socket, &QTcpSocket::disconnected, socket, &QObject::deleteLater);
+            }
+        });
+    }
+    QByteArray address() const { return "http://127.0.0.1:" + QByteArray::number(serverPort()); }
+
+private:
+    static void answer(QTcpSocket *socket)
+    {
+        const QByteArray request = socket->readAll();
+        if (!request.contains("\r\n\r\n"))
+            return;
+        const QByteArray target = request.split(' ').value(1);
+        QByteArray body;
+        if (target.startsWith("/v1/currencies")) {
+            body = "{\"CHF\":\"Swiss Franc\",\"CZK\":\"Czech Koruna\",\"EUR\":\"Euro\","
+                   "\"GBP\":\"British Pound\",\"JPY\":\"Japanese Yen\",\"NOK\":\"Norwegian "
+                   "Krone\",\"PLN\":\"Polish Zloty\",\"USD\":\"United States Dollar\"}";
+        } else {
+            const QByteArray to = target.mid(target.indexOf("to=") + 3);
+            const QByteArray rate = to == "CHF" ? "0.9321" : to == "USD" ? "1.0542" : "11.45";
+            body = "{\"amount\":1.0,\"base\":\"EUR\",\"date\":\"2026-11-20\",\"rates\":{\"" + to
+                + "\":" + rate + "}}";
+        }
+        socket->write("HTTP/1.1 200 OK\r\nContent-Type: application/json\r\nContent-Length: "
+                      + QByteArray::number(body.size()) + "\r\nConnection: close\r\n\r\n" + body);
+        socket->disconnectFromHost();
+    }
+};
+
+RatePages *ratePages = nullptr;
+
 bool writeText(const QString &path, const QByteArray &text)
 {
     QFile file(path);
@@ -129,7 +182,11 @@ bool prepareJourney(const QTemporaryDir &dir, const QString &journey)
     qputenv("WAYFERNCFG", dir.path().toLocal8Bit());
     return writeText(dir.filePath(QStringLiteral("wayfern.cfg")),
                      "[Header]\nDATA-PATH=" + dir.path().toLocal8Bit()
-                         + ";\nLAST=wayfern.last;\nTEMPLATE=template.wfn;\n\n[HTMLSYNC]\n\n#end\n")
+                         + ";\nLAST=wayfern.last;\nTEMPLATE=template.wfn;\n\n[HTMLSYNC]\nSYNCFILE="
+                           "rate.html;\nSERVER="
+                         + ratePages->address()
+                         + ";\nFROMPREFIX=/v1/latest?from=;\nTOPREFIX=&to=;\nPOSTFIX=;\nCATALOGUE="
+                         + ratePages->address() + "/v1/currencies;\n\n#end\n")
         && writeText(dir.filePath(QStringLiteral("wayfern.last")),
                      "[Header]\nLASTFILE=" + name.toLocal8Bit() + ";\n\n#end\n")
         && QFile::copy(journey, dir.filePath(name));
@@ -288,6 +345,122 @@ void shootTipEditor(WayfernApp &window)
     view->TChangeButton->click();
 }
 
+// Runs `then` once `done` holds, polling from the event loop; gives up after 20 seconds.
+void when(QObject *context, const char *what, std::function<bool()> done,
+          std::function<void()> then)
+{
+    auto *poll = new QTimer(context);
+    auto *waited = new QElapsedTimer;
+    waited->start();
+    poll->setInterval(20);
+    QObject::connect(poll, &QTimer::timeout, context, [=] {
+        const bool ready = done();
+        if (!ready && waited->elapsed() < 20000)
+            return;
+        poll->stop();
+        poll->deleteLater();
+        delete waited;
+        if (ready) {
+            then();
+        } else {
+            fprintf(stderr, "wayfern-screenshot: %s did not happen\n", what);
+            ++failures;
+        }
+    });
+    poll->start();
+}
+
+// The currency list as the window's currency action opens it; a synchronisation of all
+// rates against the page server, while it runs and after it; the currency editor on the
+// second currency; the catalogue, fetched first, with two currencies marked. Nothing is
+// stored: the dialogs are left with reject(), the list with accept().
+void shootCurrencyDialogs(WayfernApp &window)
+{
+    currListEdit *list = window.view->currListInput;
+    currEdit *curr = list->currDlg;
+    syncListEdit *catalogue = list->syncListDlg;
+    whenModal(list, "currency list", [=] {
+        maximise(list);
+        shoot(list, "currlist");
+        list->SyncButton->click();
+        when(
+            list, "a second rate request",
+            [list] { return list->StatusTextLabel->text().contains(QStringLiteral("USD")); },
+            [=] {
+                shoot(list, "currlist-sync");
+                when(
+                    list, "the end of the synchronisation",
+                    [list] { return list->SyncButton->isEnabled(); },
+                    [=] {
+                        selectFirst(list->CurrListView);
+                        shoot(list, "currlist-synced");
+
+                        if (QTreeWidgetItem *second = list->CurrListView->topLevelItem(1)) {
+                            list->CurrListView->setCurrentItem(second);
+                            second->setSelected(true);
+                        }
+                        whenModal(curr, "currency editor", [=] {
+                            maximise(curr);
+                            selectFirst(curr->ListView);
+                            shoot(curr, "curr");
+                            curr->reject();
+                        });
+                        list->ChangeButton->click();
+
+                        whenModal(catalogue, "catalogue", [=] {
+                            maximise(catalogue);
+                            for (int row : {2, 5})
+                                if (QTreeWidgetItem *item = catalogue->ListView->topLevelItem(row))
+                                    item->setSelected(true);
+                            shoot(catalogue, "catalogue");
+                            catalogue->QDialog::reject();
+                            list->accept();
+                        });
+                        list->SyncListButton->click();
+                    });
+            });
+    });
+    window.openCurr->trigger();
+}
+
+// Clicks `button` of the next message box.
+void answerNextBox(QObject *context, QMessageBox::StandardButton button)
+{
+    when(
+        context, "a question",
+        [] { return qobject_cast<QMessageBox *>(QApplication::activeModalWidget()) != nullptr; },
+        [button] {
+            auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+            if (QAbstractButton *b = box->button(button))
+                b->click();
+        });
+}
+
+// Settling up through its toolbar action, before and after the plan is booked.
+void shootSettleUp(WayfernApp &window)
+{
+    settleEdit *settle = window.view->settleInput;
+    whenModal(settle, "settle-up dialog", [=] {
+        maximise(settle);
+        shoot(settle, "settle");
+        answerNextBox(settle, QMessageBox::Yes);
+        settle->BookButton->click();
+        // Without a window manager the screen kept showing the balances from before the
+        // question in every try, though the dialog holds and paints the new ones: this
+        // picture is the dialog's own painting, which fills the screen all the same.
+        QTimer::singleShot(200, settle, [settle] {
+            const QString path =
+                outDir + QStringLiteral("/settle-booked") + suffix + QStringLiteral(".png");
+            if (!settle->grab().save(path)) {
+                fprintf(stderr, "wayfern-screenshot: could not save %s\n", qPrintable(path));
+                ++failures;
+            }
+            settle->CloseButton->click();
+        });
+    });
+    window.settleUp->trigger();
+}
+
 } // namespace
 
 int main(int argc, char *argv[])
@@ -299,6 +472,14 @@ int main(int argc, char *argv[])
     }
     outDir = QString::fromLocal8Bit(argv[1]);
     suffix = argc > 3 ? QString::fromLocal8Bit(argv[3]) : QString();
+    RatePages pages;
+    ratePages = &pages;
+    if (!pages.listen(QHostAddress::LocalHost)) {
+        fprintf(stderr, "wayfern-screenshot: no page server\n");
+        return 1;
+    }
+    // The pictures need no two-second polls.
+    currSync::setIntervals(100, 30000, 1000);
     QTemporaryDir scratch;
     if (argc > 2 && !prepareJourney(scratch, QString::fromLocal8Bit(argv[2]))) {
         fprintf(stderr, "wayfern-screenshot: could not prepare %s\n", argv[2]);
@@ -315,6 +496,8 @@ int main(int argc, char *argv[])
         shootBaseSettings(window);
         shootUserDialogs(window);
         shootTipEditor(window);
+        shootCurrencyDialogs(window);
+        shootSettleUp(window);
         // Nothing of the journey is saved: the window goes without the question.
         window.doc->setModified(false);
         QCoreApplication::exit(failures ? 1 : 0);
