@@ -93,29 +93,40 @@ void maximise(QWidget *widget)
     widget->setGeometry(widget->screen()->availableGeometry());
 }
 
-// Runs `then` from the dialog's own event loop as soon as `dialog` is the modal dialog on
-// screen. Gives up after ten seconds, so that a dialog that never comes can't hang the run.
-void whenModal(QWidget *dialog, const char *what, std::function<void()> then)
+// Runs `then` from the event loop once `done` holds; gives up after 20 seconds, so that
+// what never comes can't hang the run.
+void when(QObject *context, const char *what, std::function<bool()> done,
+          std::function<void()> then)
 {
-    auto *poll = new QTimer(dialog);
+    auto *poll = new QTimer(context);
     auto *waited = new QElapsedTimer;
     waited->start();
     poll->setInterval(10);
-    QObject::connect(poll, &QTimer::timeout, dialog, [=] {
-        const bool up = QApplication::activeModalWidget() == dialog && dialog->isVisible();
-        if (!up && waited->elapsed() < 10000)
+    QObject::connect(poll, &QTimer::timeout, context, [=] {
+        const bool ready = done();
+        if (!ready && waited->elapsed() < 20000)
             return;
         poll->stop();
         poll->deleteLater();
         delete waited;
-        if (up) {
+        if (ready) {
             then();
         } else {
-            fprintf(stderr, "wayfern-screenshot: the %s did not show\n", what);
+            fprintf(stderr, "wayfern-screenshot: waited in vain for the %s\n", what);
             ++failures;
         }
     });
     poll->start();
+}
+
+// Runs `then` from the dialog's own event loop as soon as `dialog` is the modal dialog on
+// screen.
+void whenModal(QWidget *dialog, const char *what, std::function<void()> then)
+{
+    when(
+        dialog, what,
+        [dialog] { return QApplication::activeModalWidget() == dialog && dialog->isVisible(); },
+        then);
 }
 
 void selectRow(QTreeWidget *list, const QString &label, int column = 0)
@@ -345,31 +356,6 @@ void shootTipEditor(WayfernApp &window)
     view->TChangeButton->click();
 }
 
-// Runs `then` once `done` holds, polling from the event loop; gives up after 20 seconds.
-void when(QObject *context, const char *what, std::function<bool()> done,
-          std::function<void()> then)
-{
-    auto *poll = new QTimer(context);
-    auto *waited = new QElapsedTimer;
-    waited->start();
-    poll->setInterval(20);
-    QObject::connect(poll, &QTimer::timeout, context, [=] {
-        const bool ready = done();
-        if (!ready && waited->elapsed() < 20000)
-            return;
-        poll->stop();
-        poll->deleteLater();
-        delete waited;
-        if (ready) {
-            then();
-        } else {
-            fprintf(stderr, "wayfern-screenshot: %s did not happen\n", what);
-            ++failures;
-        }
-    });
-    poll->start();
-}
-
 // The currency list as the window's currency action opens it; a synchronisation of all
 // rates against the page server, while it runs and after it; the currency editor on the
 // second currency; the catalogue, fetched first, with two currencies marked. Nothing is
@@ -384,12 +370,12 @@ void shootCurrencyDialogs(WayfernApp &window)
         shoot(list, "currlist");
         list->SyncButton->click();
         when(
-            list, "a second rate request",
+            list, "second rate request",
             [list] { return list->StatusTextLabel->text().contains(QStringLiteral("USD")); },
             [=] {
                 shoot(list, "currlist-sync");
                 when(
-                    list, "the end of the synchronisation",
+                    list, "end of the synchronisation",
                     [list] { return list->SyncButton->isEnabled(); },
                     [=] {
                         selectFirst(list->CurrListView);
@@ -427,7 +413,7 @@ void shootCurrencyDialogs(WayfernApp &window)
 void answerNextBox(QObject *context, QMessageBox::StandardButton button)
 {
     when(
-        context, "a question",
+        context, "question",
         [] { return qobject_cast<QMessageBox *>(QApplication::activeModalWidget()) != nullptr; },
         [button] {
             auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
