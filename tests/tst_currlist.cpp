@@ -739,6 +739,38 @@ private slots:
         QCOMPARE(f.curr("USD")->factor, QStringLiteral("0.9500"));
     }
 
+    void aHostileAnswerLeavesTheRateAndTheWalkGoesOn_data()
+    {
+        QTest::addColumn<QByteArray>("answer");
+        QTest::newRow("number malformed")
+            << QByteArray(R"({"amount":1.0,"base":"EUR","rates":{"CHF":1.2.3}})");
+        QTest::newRow("code missing") << QByteArray(R"({"amount":1.0,"base":"EUR","rates":{}})");
+        QByteArray binary(4096, '\0');
+        for (int i = 0; i < binary.size(); ++i)
+            binary[i] = char((i * 131 + 7) & 0xff);
+        QTest::newRow("binary bytes") << binary;
+        QTest::newRow("one line of 10 MB")
+            << QByteArray(10 * 1024 * 1024, 'x') + "Exchange Rate <td>1.7</td>\n";
+        QByteArray page;
+        page.reserve(50 * 1024 * 1024 + 100);
+        while (page.size() < 50 * 1024 * 1024)
+            page += "<tr><td>no rate here</td></tr>\n";
+        QTest::newRow("page of 50 MB") << page;
+    }
+    void aHostileAnswerLeavesTheRateAndTheWalkGoesOn()
+    {
+        QFETCH(QByteArray, answer);
+        Fixture f;
+        f.server.setRoute(f.target("EUR", "CHF"), answer, "application/octet-stream");
+        f.rate("EUR", "USD", "0.95");
+        f.list.SyncButton->click();
+        QTRY_VERIFY_WITH_TIMEOUT(f.walkEnded(), walkTimeout);
+        QCOMPARE(f.server.targets(), (QStringList{f.target("EUR", "CHF"), f.target("EUR", "USD")}));
+        QCOMPARE(f.curr("CHF")->factor, QStringLiteral("1.50"));
+        QCOMPARE(f.curr("CHF")->factorvalue, 1.5);
+        QCOMPARE(f.curr("USD")->factor, QStringLiteral("0.9500"));
+    }
+
     void aRateOfZeroFromACellThatIsNoNumberIsStoredAsFourZeros()
     {
         Fixture f;
