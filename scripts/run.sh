@@ -1,7 +1,6 @@
 #!/usr/bin/env bash
 # Sets everything up, builds Wayfern and starts it for the current user.
-# Without a display the window is served over VNC on the loopback address: connect a VNC
-# viewer to localhost:5900 (scripts/serve-vnc.sh says how to reach it from elsewhere).
+# Without a display the window is served over VNC: connect a VNC viewer to localhost:5900.
 set -euo pipefail
 top="$(cd "$(dirname "$0")/.." && pwd)"
 bash "$top/scripts/setup.sh"
@@ -11,9 +10,11 @@ export WAYFERNCFG="${WAYFERNCFG:-$HOME/.config/wayfern}"
 export WAYFERN_DATA="${WAYFERN_DATA:-$HOME/wayfern}"
 bash "$top/scripts/prepare-user.sh"
 
-cd "$WAYFERN_DATA"
 if [ -z "${QT_QPA_PLATFORM:-}" ] && [ -z "${DISPLAY:-}" ] && [ -z "${WAYLAND_DISPLAY:-}" ]; then
-  echo "Wayfern: no display found; the window gets a virtual screen served over VNC."
-  exec bash "$top/scripts/serve-vnc.sh" "$build/src/wayfern" "$@"
+  port="${WAYFERN_VNC_PORT:-5900}"
+  export QT_QPA_PLATFORM="vnc:size=480x640:port=$port"
+  echo "Wayfern: no display found; the window is served over VNC."
+  echo "Wayfern: connect a VNC viewer to localhost:$port (e.g. 'vncviewer localhost:$port')."
 fi
+cd "$WAYFERN_DATA"
 exec "$build/src/wayfern" "$@"

@@ -4,7 +4,7 @@
 # screen and once on a 240x320 screen.
 set -euo pipefail
 top="$(cd "$(dirname "$0")/.." && pwd)"
-bash "$top/scripts/setup.sh"
+bash "$top/scripts/setup.sh" screenshots
 build="${WAYFERN_BUILD_DIR:-$top/build}"
 cmake -S "$top" -B "$build"
 cmake --build "$build" --target wayfern-screenshot --parallel "$(nproc)"

@@ -3,6 +3,7 @@
 #   bash scripts/setup.sh           what the build, the tests and the run command use
 #   bash scripts/setup.sh ninja     also ninja-build, for scripts/check-multiconfig.sh
 #   bash scripts/setup.sh format    also clang-format, to check a file against .clang-format
+#   bash scripts/setup.sh screenshots   also a virtual X server, for scripts/screenshots.sh
 #   bash scripts/setup.sh fuzz      also clang and its libFuzzer runtime, for scripts/fuzz.sh
 set -euo pipefail
 
@@ -12,10 +13,8 @@ packages=(
   # Qt Core, Widgets and Test with moc, uic and rcc (the OpenGL headers that
   # find_package(Qt6 Widgets) looks for come with qt6-base-dev)
   qt6-base-dev qt6-base-dev-tools
-  # without a display the run command gives the window a virtual X screen with a
-  # window manager and serves it over VNC on the loopback address (scripts/serve-vnc.sh);
-  # the screenshots take the same screen (xvfb-run needs xauth, which is only recommended)
-  xvfb xauth x11vnc matchbox-window-manager
+  # the VNC platform that the run command serves the window with when there is no display
+  qt6-qpa-plugins
   # fetches the exchange rate pages (the program starts it; its tests run it against a
   # loopback server)
   wget
@@ -24,9 +23,11 @@ for extra in "$@"; do
   case "$extra" in
     ninja) packages+=(ninja-build) ;;
     format) packages+=(clang-format) ;;
+    # xvfb-run needs xauth, which is only recommended
+    screenshots) packages+=(xvfb xauth) ;;
     # libclang_rt.fuzzer and the sanitizer runtimes come with libclang-rt-14-dev
     fuzz) packages+=(clang libclang-rt-14-dev) ;;
-    *) echo "setup.sh: unknown extra '$extra' (ninja, format, fuzz)" >&2; exit 2 ;;
+    *) echo "setup.sh: unknown extra '$extra' (ninja, format, screenshots, fuzz)" >&2; exit 2 ;;
   esac
 done
 
