@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Sets everything up, builds Wayfern and starts it for the current user.
-# Without a display the window is served over VNC: connect a VNC viewer to localhost:5900.
+# Without a display the window is served over VNC on the loopback address: connect a VNC
+# viewer to localhost:5900.
 set -euo pipefail
 top="$(cd "$(dirname "$0")/.." && pwd)"
 bash "$top/scripts/setup.sh"
@@ -13,8 +14,12 @@ bash "$top/scripts/prepare-user.sh"
 if [ -z "${QT_QPA_PLATFORM:-}" ] && [ -z "${DISPLAY:-}" ] && [ -z "${WAYLAND_DISPLAY:-}" ]; then
   port="${WAYFERN_VNC_PORT:-5900}"
   export QT_QPA_PLATFORM="vnc:size=480x640:port=$port"
-  echo "Wayfern: no display found; the window is served over VNC."
-  echo "Wayfern: connect a VNC viewer to localhost:$port (e.g. 'vncviewer localhost:$port')."
+  # The VNC server has no password and no setting for its address: the preloaded library
+  # binds it to the loopback address, so that nobody beyond this machine reaches it.
+  export LD_PRELOAD="$build/src/libwayfern-loopback.so${LD_PRELOAD:+:$LD_PRELOAD}"
+  echo "Wayfern: no display found; the window is served over VNC on this machine only."
+  echo "Wayfern: connect a VNC viewer to localhost:$port (e.g. 'vncviewer localhost:$port');"
+  echo "Wayfern: from elsewhere through SSH: 'ssh -L $port:localhost:$port USER@HOST', then the same."
 fi
 cd "$WAYFERN_DATA"
 exec "$build/src/wayfern" "$@"

@@ -1,7 +1,6 @@
+#include "helpviewer/helpwindow.h"
+
 #include <QApplication>
-#include <QFileInfo>
-#include <QTextBrowser>
-#include <QUrl>
 
 #include <cstdio>
 
@@ -15,20 +14,8 @@ int main(int argc, char *argv[])
         fflush(stdout);
         return 1;
     }
-    const QString page = args.at(1);
-
-    QTextBrowser browser;
-    browser.setObjectName(QStringLiteral("helpBrowser"));
-    browser.setWindowTitle(QStringLiteral("Wayfern help"));
-    browser.setOpenExternalLinks(false);
-    if (!QFileInfo::exists(page)) {
-        browser.setPlainText(QStringLiteral("The help page %1 was not found.").arg(page));
-    } else {
-        const QFileInfo info(page);
-        browser.setSearchPaths({info.absolutePath()});
-        browser.setSource(QUrl::fromLocalFile(info.absoluteFilePath()));
-    }
-    browser.resize(480, 600);
-    browser.show();
+    HelpWindow window;
+    window.showPage(args.at(1));
+    window.show();
     return app.exec();
 }

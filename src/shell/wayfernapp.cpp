@@ -4,6 +4,7 @@
 #include "dialogs/savechangesquestion.h"
 #include "dialogs/scqtfileedit.h"
 #include "forms/formsupport.h"
+#include "helpviewer/helpwindow.h"
 #include "shell/wayfernview.h"
 #include "wayfernversion.h"
 
@@ -12,6 +13,7 @@
 #include <QCloseEvent>
 #include <QDir>
 #include <QFileInfo>
+#include <QGuiApplication>
 #include <QIcon>
 #include <QKeySequence>
 #include <QMenuBar>
@@ -422,6 +424,18 @@ void WayfernApp::slotOpenUser()
 
 void WayfernApp::slotOpenHelp()
 {
+    // A window served over VNC has the screen to itself: a viewer program would need a
+    // screen and a port of its own and stay behind unseen. The page is shown here instead.
+    if (QGuiApplication::platformName() == QLatin1String("vnc")) {
+        if (!helpWindow)
+            helpWindow = std::make_unique<HelpWindow>();
+        helpWindow->showPage(doc->config.helpfile);
+        helpWindow->setGeometry(screen()->availableGeometry());
+        helpWindow->show();
+        helpWindow->raise();
+        helpWindow->activateWindow();
+        return;
+    }
     // Everything the child needs is made before the fork: after it only exec and exit run.
     const QByteArray program = doc->config.helpprog.toLocal8Bit();
     // The viewer sees an empty name of its own and the help file, literally, as its only

@@ -6,6 +6,7 @@
 #include <memory>
 #include <sys/types.h>
 
+class HelpWindow;
 class QAction;
 class QToolBar;
 class WayFernData;
@@ -47,6 +48,8 @@ public:
     // How the help viewer's process is made; replaceable so that a failing fork can be
     // exercised.
     static pid_t (*forkProcess)();
+    // Where the window is served over VNC the help is shown here instead of by the viewer.
+    std::unique_ptr<HelpWindow> helpWindow;
 
 public slots:
     void slotFileNew();
