@@ -147,7 +147,7 @@ else
     fail "HELPPROG is '$(value HELPPROG)'"
   [ "$(value HELPFILE)" = "$prefix/$datadir/help/wayfern.html" ] ||
     fail "HELPFILE is '$(value HELPFILE)'"
-  if grep -q '@' "$cfgdir/wayfern.cfg"; then fail "wayfern.cfg keeps a placeholder"; fi
+  if grep -qE '@[A-Z_]+@' "$cfgdir/wayfern.cfg"; then fail "wayfern.cfg keeps a placeholder"; fi
 fi
 if ! cmp -s "$journeys/template.wfn" "$source/share/template.wfn"; then
   fail "the first start did not copy template.wfn into the journey directory"
