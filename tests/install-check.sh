@@ -65,13 +65,13 @@ for n in "${sizes[@]}"; do
   data+=("$sharedir/icons/hicolor/${n}x${n}/apps/wayfern.png:icons/hicolor/${n}x${n}/apps/wayfern.png")
 done
 for pair in "${data[@]}"; do
-  f="${pair%%:*}" original="${pair#*:}"
+  f="${pair%%:*}" shipped="${pair#*:}"
   if [ ! -f "$prefix/$f" ]; then
     fail "$f is not installed"
   elif [ -x "$prefix/$f" ]; then
     fail "$f is executable"
-  elif ! cmp -s "$prefix/$f" "$source/$original"; then
-    fail "$f differs from $original"
+  elif ! cmp -s "$prefix/$f" "$source/$shipped"; then
+    fail "$f differs from $shipped"
   fi
 done
 
