@@ -13,10 +13,19 @@ build="$1" config="$2" bindir="$3" progdir="$4" datadir="$5" sharedir="$6" sourc
 
 work="$(mktemp -d)"
 pid=
+# cmake --install writes the build's install manifest, which a user's own installation may
+# need for uninstalling: it goes back as it was.
+manifest="$build/install_manifest.txt"
+if [ -f "$manifest" ]; then cp -p "$manifest" "$work/manifest.kept"; fi
 cleanup() {
   if [ -n "$pid" ] && kill -0 "$pid" 2>/dev/null; then
     kill "$pid"
     wait "$pid" 2>/dev/null || true
+  fi
+  if [ -f "$work/manifest.kept" ]; then
+    cp -p "$work/manifest.kept" "$manifest"
+  else
+    rm -f "$manifest"
   fi
   rm -rf "$work"
 }
@@ -157,7 +166,6 @@ elif ! "$prefix/$bindir/wayfern-check" "$journeys/template.wfn" >"$work/check.lo
 fi
 
 # Uninstalling with the manifest leaves no file behind.
-manifest="$build/install_manifest.txt"
 if [ ! -f "$manifest" ]; then
   fail "cmake --install wrote no install_manifest.txt"
 else
