@@ -5,6 +5,7 @@
 #   bash scripts/setup.sh format    also clang-format, to check a file against .clang-format
 #   bash scripts/setup.sh screenshots   also a virtual X server, for scripts/screenshots.sh
 #   bash scripts/setup.sh fuzz      also clang and its libFuzzer runtime, for scripts/fuzz.sh
+#   bash scripts/setup.sh icons     also rsvg-convert, for scripts/render-icons.sh
 set -euo pipefail
 
 packages=(
@@ -18,6 +19,8 @@ packages=(
   # fetches the exchange rate pages (the program starts it; its tests run it against a
   # loopback server)
   wget
+  # desktop-file-validate, with which the install test checks the menu entry
+  desktop-file-utils
 )
 for extra in "$@"; do
   case "$extra" in
@@ -27,7 +30,9 @@ for extra in "$@"; do
     screenshots) packages+=(xvfb xauth) ;;
     # libclang_rt.fuzzer and the sanitizer runtimes come with libclang-rt-14-dev
     fuzz) packages+=(clang libclang-rt-14-dev) ;;
-    *) echo "setup.sh: unknown extra '$extra' (ninja, format, screenshots, fuzz)" >&2; exit 2 ;;
+    icons) packages+=(librsvg2-bin) ;;
+    *) echo "setup.sh: unknown extra '$extra' (ninja, format, screenshots, fuzz, icons)" >&2
+       exit 2 ;;
   esac
 done
 

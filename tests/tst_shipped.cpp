@@ -28,6 +28,8 @@ private slots:
     void configurationReadsWithoutComplaint();
     void firstStartPreparesConfigurationAndJourneys();
     void laterStartKeepsUsersFiles();
+    void preparationTakesTheInstalledPlacesItIsGiven();
+    void preparationRefusesAnOptionWithoutValue();
 };
 
 void TestShipped::templateReadsWithoutComplaint()
@@ -155,6 +157,62 @@ void TestShipped::laterStartKeepsUsersFiles()
     QVERIFY(run());
     QCOMPARE(readBytes(cfgfile), QByteArray("[Header]\nLAST=mine;\n\n[HTMLSYNC]\n\n#\n"));
     QCOMPARE(readBytes(tmpl), QByteArray("mine"));
+}
+
+void TestShipped::preparationTakesTheInstalledPlacesItIsGiven()
+{
+    // An installed launcher names defaults, help viewer and help page of its own; they win
+    // over the source tree's and over a help viewer from the environment.
+    QTemporaryDir home;
+    QTemporaryDir defaults;
+    QVERIFY(QFile::copy(share + QStringLiteral("/wayfern.cfg"),
+                        defaults.filePath(QStringLiteral("wayfern.cfg"))));
+    QVERIFY(writeBytes(defaults.filePath(QStringLiteral("template.wfn")), "installed"));
+    const QString viewer = QStringLiteral("/opt/way fern/libexec/wayfern-help");
+    const QString page = QStringLiteral("/opt/way fern/share/help/wayfern.html");
+    QProcess prepare;
+    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+    env.insert(QStringLiteral("HOME"), home.path());
+    env.remove(QStringLiteral("WAYFERNCFG"));
+    env.remove(QStringLiteral("WAYFERN_DATA"));
+    env.insert(QStringLiteral("WAYFERN_HELPPROG"), QStringLiteral("/usr/bin/true"));
+    prepare.setProcessEnvironment(env);
+    prepare.start(QStringLiteral("bash"),
+                  {share + QStringLiteral("/../scripts/prepare-user.sh"),
+                   QStringLiteral("--defaults"), defaults.path(), QStringLiteral("--help-prog"),
+                   viewer, QStringLiteral("--help-file"), page});
+    QVERIFY(prepare.waitForFinished(30000));
+    QCOMPARE(prepare.exitCode(), 0);
+
+    WayFernData doc;
+    WayfernIOCfg cfg(&doc);
+    StdoutCapture out;
+    QCOMPARE(cfg.ReadFile(home.filePath(QStringLiteral(".config/wayfern")),
+                          QStringLiteral("wayfern.cfg")),
+             0);
+    QCOMPARE(out.text(), QString());
+    QCOMPARE(doc.config.datapath, home.filePath(QStringLiteral("wayfern")));
+    QCOMPARE(doc.config.helpprog, viewer);
+    QCOMPARE(doc.config.helpfile, page);
+    QCOMPARE(readBytes(home.filePath(QStringLiteral("wayfern/template.wfn"))),
+             QByteArray("installed"));
+}
+
+void TestShipped::preparationRefusesAnOptionWithoutValue()
+{
+    QTemporaryDir home;
+    QProcess prepare;
+    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+    env.insert(QStringLiteral("HOME"), home.path());
+    env.remove(QStringLiteral("WAYFERNCFG"));
+    env.remove(QStringLiteral("WAYFERN_DATA"));
+    prepare.setProcessEnvironment(env);
+    prepare.start(
+        QStringLiteral("bash"),
+        {share + QStringLiteral("/../scripts/prepare-user.sh"), QStringLiteral("--defaults")});
+    QVERIFY(prepare.waitForFinished(30000));
+    QCOMPARE(prepare.exitCode(), 2);
+    QVERIFY(!QFileInfo::exists(home.filePath(QStringLiteral(".config/wayfern/wayfern.cfg"))));
 }
 
 QTEST_GUILESS_MAIN(TestShipped)

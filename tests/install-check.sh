@@ -1,0 +1,181 @@
+#!/usr/bin/env bash
+# Installs a build into a temporary prefix and checks what an installed user gets: every
+# file in its place (executable where it is a program), a menu entry that
+# desktop-file-validate accepts, icons of the sizes their folders name, a first start through
+# the installed launcher that prepares the user's directories from the installed defaults
+# and names the installed help viewer and page, and an install manifest that uninstalls it
+# all.
+#   install-check.sh BUILD_DIR CONFIG BINDIR PROGDIR DATADIR SHAREDIR SOURCE_DIR
+# BINDIR, PROGDIR (the program's own folder), DATADIR (the program's data folder) and
+# SHAREDIR (the common data folder) are the build's install folders, relative to the prefix.
+set -euo pipefail
+build="$1" config="$2" bindir="$3" progdir="$4" datadir="$5" sharedir="$6" source="$7"
+
+work="$(mktemp -d)"
+pid=
+# cmake --install writes the build's install manifest, which a user's own installation may
+# need for uninstalling: it goes back as it was.
+manifest="$build/install_manifest.txt"
+if [ -f "$manifest" ]; then cp -p "$manifest" "$work/manifest.kept"; fi
+cleanup() {
+  if [ -n "$pid" ] && kill -0 "$pid" 2>/dev/null; then
+    kill "$pid"
+    wait "$pid" 2>/dev/null || true
+  fi
+  if [ -f "$work/manifest.kept" ]; then
+    cp -p "$work/manifest.kept" "$manifest"
+  else
+    rm -f "$manifest"
+  fi
+  rm -rf "$work"
+}
+trap cleanup EXIT
+
+failures=0
+fail() {
+  echo "FAIL: $*" >&2
+  failures=$((failures + 1))
+}
+
+for dir in "$bindir" "$progdir" "$datadir" "$sharedir"; do
+  case "$dir" in
+    /*) echo "install-check.sh: '$dir' is absolute; a temporary prefix cannot hold it" >&2
+        exit 1 ;;
+  esac
+done
+
+mkdir "$work/prefix"
+prefix="$(cd "$work/prefix" && pwd -P)"
+if ! cmake --install "$build" --prefix "$prefix" ${config:+--config "$config"} \
+    >"$work/install.log" 2>&1; then
+  cat "$work/install.log" >&2
+  echo "FAIL: cmake --install" >&2
+  exit 1
+fi
+
+# Programs: present and executable.
+for f in "$bindir/wayfern" "$bindir/wayfern-check" "$progdir/wayfern" "$progdir/wayfern-help" \
+    "$progdir/prepare-user.sh"; do
+  if [ ! -f "$prefix/$f" ]; then
+    fail "$f is not installed"
+  elif [ ! -x "$prefix/$f" ]; then
+    fail "$f is not executable"
+  fi
+done
+
+# Data: present, not executable, and the files of the source tree as they stand.
+sizes=(16 22 24 32 48 64 128 256)
+data=("$datadir/wayfern.cfg:share/wayfern.cfg"
+      "$datadir/template.wfn:share/template.wfn"
+      "$datadir/help/wayfern.html:share/help/wayfern.html"
+      "$sharedir/applications/wayfern.desktop:share/wayfern.desktop"
+      "$sharedir/icons/hicolor/scalable/apps/wayfern.svg:icons/hicolor/scalable/apps/wayfern.svg")
+for n in "${sizes[@]}"; do
+  data+=("$sharedir/icons/hicolor/${n}x${n}/apps/wayfern.png:icons/hicolor/${n}x${n}/apps/wayfern.png")
+done
+for pair in "${data[@]}"; do
+  f="${pair%%:*}" shipped="${pair#*:}"
+  if [ ! -f "$prefix/$f" ]; then
+    fail "$f is not installed"
+  elif [ -x "$prefix/$f" ]; then
+    fail "$f is executable"
+  elif ! cmp -s "$prefix/$f" "$source/$shipped"; then
+    fail "$f differs from $shipped"
+  fi
+done
+
+# The menu entry.
+desktop="$prefix/$sharedir/applications/wayfern.desktop"
+if [ -f "$desktop" ]; then
+  if ! desktop-file-validate "$desktop" >"$work/validate.log" 2>&1 || [ -s "$work/validate.log" ]; then
+    cat "$work/validate.log" >&2
+    fail "desktop-file-validate does not accept wayfern.desktop"
+  fi
+  exec_line="$(sed -n 's/^Exec=//p' "$desktop")"
+  [ "${exec_line%% *}" = wayfern ] || fail "the menu entry starts '$exec_line', not wayfern"
+  grep -qx 'Icon=wayfern' "$desktop" || fail "the menu entry's icon is not wayfern"
+  grep -qx 'Terminal=false' "$desktop" || fail "the menu entry asks for a terminal"
+  grep -qx 'Name=Wayfern' "$desktop" || fail "the menu entry is not named Wayfern"
+fi
+
+# The icons: PNG files whose width and height are the size that their folder names.
+for n in "${sizes[@]}"; do
+  png="$prefix/$sharedir/icons/hicolor/${n}x${n}/apps/wayfern.png"
+  [ -f "$png" ] || continue
+  signature="$(od -An -tx1 -N8 "$png" | tr -d ' \n')"
+  if [ "$signature" != 89504e470d0a1a0a ]; then
+    fail "${n}x${n}/apps/wayfern.png is not a PNG file"
+    continue
+  fi
+  read -r w1 w2 w3 w4 h1 h2 h3 h4 < <(od -An -tu1 -j16 -N8 "$png")
+  width=$(((w1 << 24) | (w2 << 16) | (w3 << 8) | w4))
+  height=$(((h1 << 24) | (h2 << 16) | (h3 << 8) | h4))
+  [ "$width" = "$n" ] && [ "$height" = "$n" ] ||
+    fail "${n}x${n}/apps/wayfern.png is ${width}x${height}"
+done
+
+# The first start of an installed user: the launcher alone, nothing of the source tree or
+# the build on the way, fresh home, configuration and journey directories.
+home="$work/home" cfgdir="$work/home/cfg" journeys="$work/home/journeys"
+mkdir -p "$home"
+env -i HOME="$home" WAYFERNCFG="$cfgdir" WAYFERN_DATA="$journeys" PATH=/usr/bin:/bin \
+  QT_QPA_PLATFORM=offscreen "$prefix/$bindir/wayfern" >"$work/start.log" 2>&1 &
+pid=$!
+# The program reads its configuration and then misses the last-state file of a first start:
+# the line that says so names the journey directory taken from the new configuration.
+started="WayfernView::loadLast - not able to read $journeys/wayfern.last"
+for _ in $(seq 600); do
+  grep -qF "$started" "$work/start.log" && break
+  kill -0 "$pid" 2>/dev/null || break
+  sleep 0.1
+done
+if ! grep -qF "$started" "$work/start.log"; then
+  cat "$work/start.log" >&2
+  fail "the installed program did not start with the prepared configuration"
+elif ! kill -0 "$pid" 2>/dev/null; then
+  cat "$work/start.log" >&2
+  fail "the installed program ended by itself"
+else
+  [ "$(readlink "/proc/$pid/exe")" = "$prefix/$progdir/wayfern" ] ||
+    fail "the launcher started $(readlink "/proc/$pid/exe"), not $prefix/$progdir/wayfern"
+  [ "$(readlink "/proc/$pid/cwd")" = "$journeys" ] ||
+    fail "the program runs in $(readlink "/proc/$pid/cwd"), not in the journey directory"
+fi
+if kill -0 "$pid" 2>/dev/null; then
+  kill "$pid"
+  wait "$pid" 2>/dev/null || true
+fi
+pid=
+
+value() { sed -n "s/^$1=\(.*\);\$/\1/p" "$cfgdir/wayfern.cfg"; }
+if [ ! -f "$cfgdir/wayfern.cfg" ]; then
+  fail "the first start wrote no wayfern.cfg"
+else
+  [ "$(value DATA-PATH)" = "$journeys" ] || fail "DATA-PATH is '$(value DATA-PATH)'"
+  [ "$(value HELPPROG)" = "$prefix/$progdir/wayfern-help" ] ||
+    fail "HELPPROG is '$(value HELPPROG)'"
+  [ "$(value HELPFILE)" = "$prefix/$datadir/help/wayfern.html" ] ||
+    fail "HELPFILE is '$(value HELPFILE)'"
+  if grep -qE '@[A-Z_]+@' "$cfgdir/wayfern.cfg"; then fail "wayfern.cfg keeps a placeholder"; fi
+fi
+if ! cmp -s "$journeys/template.wfn" "$source/share/template.wfn"; then
+  fail "the first start did not copy template.wfn into the journey directory"
+elif ! "$prefix/$bindir/wayfern-check" "$journeys/template.wfn" >"$work/check.log" 2>&1; then
+  cat "$work/check.log" >&2
+  fail "the installed wayfern-check does not read the template"
+fi
+
+# Uninstalling with the manifest leaves no file behind.
+if [ ! -f "$manifest" ]; then
+  fail "cmake --install wrote no install_manifest.txt"
+else
+  xargs -d '\n' rm -f -- <"$manifest"
+  left="$(find "$prefix" -type f -o -type l)"
+  [ -z "$left" ] || fail "files that the manifest does not name: $left"
+fi
+
+if [ "$failures" -gt 0 ]; then
+  echo "install-check.sh: $failures failures" >&2
+  exit 1
+fi
+echo "install-check.sh: all installed files in their places, first start prepared"
