@@ -20,10 +20,10 @@ currListEdit::currListEdit(QWidget *parent, const char *name, bool modal, WayFer
     CurrListView->setSortingEnabled(false);
     CurrListView->setAllColumnsShowFocus(true);
 
-    currDlg = new currEdit(this, tr("Input currency").toLatin1().constData(), true, doc);
+    currDlg = new currEdit(this, "Input currency", true, doc);
     currDlg->hide();
     syncListDlg =
-        new syncListEdit(this, tr("exchange rate list").toLatin1().constData(), true, doc);
+        new syncListEdit(this, "exchange rate list", true, doc);
     syncListDlg->hide();
     showMaximized();
     StatusTextLabel->setText(QStringLiteral(""));

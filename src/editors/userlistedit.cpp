@@ -20,12 +20,12 @@ userListEdit::userListEdit(QWidget *parent, const char *name, bool modal, WayFer
     ListView->setSortingEnabled(false);
     ListView->setAllColumnsShowFocus(true);
 
-    userInput = new userEdit(this, tr("Input user").toLatin1().constData(), true, doc);
+    userInput = new userEdit(this, "Input user", true, doc);
     userInput->hide();
-    userCash = new userCashEdit(this, tr("User cash").toLatin1().constData(), true, doc);
+    userCash = new userCashEdit(this, "User cash", true, doc);
     userCash->hide();
     showMaximized();
-    userKto = new userKtoEdit(this, tr("User account").toLatin1().constData(), true, doc);
+    userKto = new userKtoEdit(this, "User account", true, doc);
     userKto->hide();
 }
 
