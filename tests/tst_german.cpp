@@ -354,7 +354,7 @@ private slots:
         QCOMPARE(noted(list).value(0), QStringLiteral("Basiswährung : EUR"));
         QVERIFY(curr && curr->handled);
         QCOMPARE(noted(curr),
-                 (QStringList{"voller Name", "Faktor", "Kürzel", "Art", "fix", "floating"}));
+                 (QStringList{"Voller Name", "Faktor", "Kürzel", "Art", "fix", "floating"}));
         QVERIFY(catalogue && catalogue->handled);
         QVERIFY2(noted(catalogue).contains(QStringLiteral("Kürzel")), qPrintable(catalogue->text));
     }

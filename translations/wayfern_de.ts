@@ -816,7 +816,7 @@ bucht 3 x 33.33, und 0.01 bleibt ungebucht.</translation>
     </message>
     <message>
         <source>Settle with one traveller</source>
-        <translation>Mit einem abrechnen</translation>
+        <translation>Mit einem Reisenden abrechnen</translation>
     </message>
     <message>
         <source>SettleWithCheckBox</source>
@@ -935,7 +935,7 @@ Währungsliste.</translation>
     </message>
     <message>
         <source>full name</source>
-        <translation>voller Name</translation>
+        <translation>Voller Name</translation>
     </message>
 </context>
 <context>
@@ -1891,7 +1891,7 @@ Der Plan lässt sich als Ein- und Auszahlungen buchen.</translation>
     </message>
     <message>
         <source>base currency</source>
-        <translation>Basiswährung</translation>
+        <translation>Währung</translation>
     </message>
     <message>
         <source>costs</source>
@@ -1911,7 +1911,7 @@ Der Plan lässt sich als Ein- und Auszahlungen buchen.</translation>
     </message>
     <message>
         <source>costs by category</source>
-        <translation>Kosten nach Art</translation>
+        <translation>Nach Art</translation>
     </message>
     <message>
         <source>It is not a journey: it has no [Header] section.</source>
@@ -2022,7 +2022,7 @@ Wollen Sie die neue verwenden?</translation>
     </message>
     <message>
         <source>full name</source>
-        <translation>voller Name</translation>
+        <translation>Voller Name</translation>
     </message>
     <message>
         <source>type</source>
@@ -2093,7 +2093,7 @@ Wollen Sie die Änderungen speichern?</translation>
     </message>
     <message>
         <source>Left unbooked by the division of shared costs: %1 %2</source>
-        <translation>Bei der Teilung nicht gebucht: %1 %2</translation>
+        <translation>Bei der Teilung gemeinsamer Kosten nicht gebucht: %1 %2</translation>
     </message>
     <message>
         <source>%1 pays %2 %3 %4</source>
