@@ -421,16 +421,34 @@ private slots:
                 for (auto b : {QMessageBox::Yes, QMessageBox::No, QMessageBox::Cancel})
                     note(out, box->button(b)->text());
             },
-            [](QWidget *w) {
-                qobject_cast<QMessageBox *>(w)->button(QMessageBox::Cancel)->click();
-            });
+            [](QWidget *w) { qobject_cast<QMessageBox *>(w)->button(QMessageBox::No)->click(); });
         app.fileNew->trigger();
         QVERIFY2(question->handled, qPrintable(question->error));
         QCOMPARE(question->title, QStringLiteral("Neue Datei ... "));
         QCOMPARE(question->text,
                  QStringLiteral("Sie haben die Daten geändert!\nWollen Sie die Änderungen "
                                 "speichern?\n&Ja\n&Nein\nAbbrechen\n"));
+        QCOMPARE(app.windowTitle(), QStringLiteral("neue Datei"));
         QVERIFY(app.doc->isModified());
+    }
+
+    void theDeleteQuestionSpeaksGerman()
+    {
+        ShellFixture fx({QStringLiteral("sample.wfn")});
+        fx.writeLast(QStringLiteral("sample.wfn"));
+        WayfernApp app;
+        WayfernView *view = app.view;
+        view->TabWidget2->setCurrentIndex(1);
+        select(view->CostsListView, 0);
+        ModalTicket question = ModalHelper::answerNextMessageBox(QMessageBox::No);
+        view->DeleteButton->click();
+        QVERIFY2(question->handled, qPrintable(question->error));
+        QCOMPARE(question->title, QStringLiteral("Eintrag löschen"));
+        QVERIFY2(question->text.startsWith(QStringLiteral("Eintrag löschen\n")),
+                 qPrintable(question->text));
+        QVERIFY2(question->text.endsWith(QStringLiteral("\n\nmit Ja bestätigen!")),
+                 qPrintable(question->text));
+        QCOMPARE(app.doc->costs.count(), 5);
     }
 
     // Currency types, deposits, pay-offs and the settlement's bookings are stored words:

@@ -1878,6 +1878,10 @@ Der Plan lässt sich als Ein- und Auszahlungen buchen.</translation>
         <source>Toggle statusbar...</source>
         <translation>Statusleiste umschalten...</translation>
     </message>
+    <message>
+        <source>new file</source>
+        <translation>neue Datei</translation>
+    </message>
 </context>
 <context>
     <name>WayfernView</name>
@@ -1932,6 +1936,10 @@ Der Plan lässt sich als Ein- und Auszahlungen buchen.</translation>
     <message>
         <source>confirm with yes !</source>
         <translation>mit Ja bestätigen!</translation>
+    </message>
+    <message>
+        <source>Delete item</source>
+        <translation>Eintrag löschen</translation>
     </message>
 </context>
 <context>
@@ -2064,6 +2072,10 @@ Wollen Sie die neue verwenden?</translation>
 Do you want to save the changes ?</source>
         <translation>Sie haben die Daten geändert!
 Wollen Sie die Änderungen speichern?</translation>
+    </message>
+    <message>
+        <source>Delete item</source>
+        <translation>Eintrag löschen</translation>
     </message>
 </context>
 <context>
@@ -2304,6 +2316,10 @@ Eigene Felder können verloren gehen!</translation>
     <message>
         <source>confirm with yes !</source>
         <translation>mit Ja bestätigen!</translation>
+    </message>
+    <message>
+        <source>Delete item</source>
+        <translation>Eintrag löschen</translation>
     </message>
 </context>
 <context>

@@ -138,7 +138,7 @@ void userListEdit::slotDelete()
         return;
     const QString text = tr("Delete user entry") + QLatin1Char('\n') + currentUser->firstname
         + QLatin1Char('\n') + currentUser->name + QStringLiteral("\n\n") + tr("confirm with yes !");
-    const auto answer = QMessageBox::information(this, QStringLiteral("Delete item"), text,
+    const auto answer = QMessageBox::information(this, tr("Delete item"), text,
                                                  QMessageBox::Yes | QMessageBox::Cancel);
     if (answer == QMessageBox::Yes) {
         // Listeners see the traveller still present. The costs keep their shares: his part

@@ -499,7 +499,7 @@ void WayfernView::slotCostsDelete()
         + QStringLiteral(" ") + cost->ctype + QStringLiteral("\n") + tr("or ") + cost->bval
         + QStringLiteral(" ") + doc->basecurrency + QStringLiteral("\n\n")
         + tr("confirm with yes !");
-    const auto answer = QMessageBox::information(this, QStringLiteral("Delete item"), text,
+    const auto answer = QMessageBox::information(this, tr("Delete item"), text,
                                                  QMessageBox::Yes | QMessageBox::Cancel);
     if (answer == QMessageBox::Yes) {
         // The account lines first: they are found through the cost's id.
@@ -572,7 +572,7 @@ void WayfernView::slotTipDelete()
         return;
     const QString text = tr("Delete entry") + QStringLiteral("\n") + tip->tiptype
         + QStringLiteral("\n") + tip->name + QStringLiteral("\n\n") + tr("confirm with yes !");
-    const auto answer = QMessageBox::information(this, QStringLiteral("Delete item"), text,
+    const auto answer = QMessageBox::information(this, tr("Delete item"), text,
                                                  QMessageBox::Yes | QMessageBox::Cancel);
     if (answer == QMessageBox::Yes)
         doc->tips.remove(tip);
