@@ -14,6 +14,9 @@ packages=(
   # Qt Core, Widgets and Test with moc, uic and rcc (the OpenGL headers that
   # find_package(Qt6 Widgets) looks for come with qt6-base-dev)
   qt6-base-dev qt6-base-dev-tools
+  # lupdate and lrelease, and CMake's Qt6::LinguistTools that builds the translations with
+  # them; Qt's own German texts (standard buttons), which the program loads beside its own
+  qt6-l10n-tools qt6-tools-dev qt6-translations-l10n
   # the VNC platform that the run command serves the window with when there is no display
   qt6-qpa-plugins
   # fetches the exchange rate pages (the program starts it; its tests run it against a

@@ -31,11 +31,13 @@ void ScQtWidgetUtil::selectComboItem(QComboBox *combo, const QString &text)
     }
 }
 
+// A missing row reads as "not found", which an editor may store like any value: it stays the
+// same in every language.
 QString ScQtWidgetUtil::getContent(QTreeWidget *view, const QString &key, int column)
 {
     if (const QTreeWidgetItem *item = findItem(view, key, 0))
         return item->text(column);
-    return QObject::tr("not found");
+    return QStringLiteral("not found");
 }
 
 QString ScQtWidgetUtil::getChildContent(QTreeWidget *view, const QString &parentKey,
@@ -43,7 +45,7 @@ QString ScQtWidgetUtil::getChildContent(QTreeWidget *view, const QString &parent
 {
     if (const QTreeWidgetItem *item = findTreeItem(view, parentKey, childKey, 0))
         return item->text(column);
-    return QObject::tr("not found");
+    return QStringLiteral("not found");
 }
 
 QTreeWidgetItem *ScQtWidgetUtil::findItem(QTreeWidget *view, const QString &text, int column)

@@ -9,7 +9,7 @@
 costsEdit::costsEdit(QWidget *parent, const char *name, bool modal, WayFernData *doc)
     : ItemEditor<CostsDlg>(parent, name, modal, doc)
 {
-    userPay = new userPayEdit(this, tr("User costs").toLatin1().constData(), true, doc);
+    userPay = new userPayEdit(this, "User costs", true, doc);
     userPay->hide();
     rowDate = tr("date");
     rowType = tr("type");

@@ -20,10 +20,10 @@ currListEdit::currListEdit(QWidget *parent, const char *name, bool modal, WayFer
     CurrListView->setSortingEnabled(false);
     CurrListView->setAllColumnsShowFocus(true);
 
-    currDlg = new currEdit(this, tr("Input currency").toLatin1().constData(), true, doc);
+    currDlg = new currEdit(this, "Input currency", true, doc);
     currDlg->hide();
     syncListDlg =
-        new syncListEdit(this, tr("exchange rate list").toLatin1().constData(), true, doc);
+        new syncListEdit(this, "exchange rate list", true, doc);
     syncListDlg->hide();
     showMaximized();
     StatusTextLabel->setText(QStringLiteral(""));
@@ -131,7 +131,7 @@ void currListEdit::slotDelete()
     if (curr->short_ != document->basecurrency) {
         const QString text = tr("Delete currency") + QLatin1Char('\n') + curr->fullname
             + QLatin1Char('\n') + curr->short_ + QStringLiteral("\n\n") + tr("confirm with yes !");
-        const auto answer = QMessageBox::information(this, QStringLiteral("Delete item"), text,
+        const auto answer = QMessageBox::information(this, tr("Delete item"), text,
                                                      QMessageBox::Yes | QMessageBox::Cancel);
         if (answer == QMessageBox::Yes) {
             // Costs in this currency are left alone: the document settles their link.
@@ -142,7 +142,7 @@ void currListEdit::slotDelete()
     } else {
         const QString text = tr("Delete base currency") + QLatin1Char('\n') + curr->short_
             + QStringLiteral("\n\n") + tr("is not possible !");
-        QMessageBox::information(this, QStringLiteral("Delete item"), text, QMessageBox::Ok);
+        QMessageBox::information(this, tr("Delete item"), text, QMessageBox::Ok);
     }
     fillList();
 }

@@ -33,7 +33,11 @@ void userCashEdit::prepare(QString type, QString date, UserData *u, KtoData *lin
     else
         TextLabel->setText(cashDate);
     tmp = *line;
-    setWindowTitle(cashType + QLatin1Char('-') + user->short_);
+    // The stored word stays as it is; the caption shows it in the user's language.
+    const QString shownType = cashType == QLatin1String("deposit")   ? tr("deposit")
+                              : cashType == QLatin1String("pay off") ? tr("pay off")
+                                                                     : cashType;
+    setWindowTitle(shownType + QLatin1Char('-') + user->short_);
 
     modified = false;
     DateButton->setEnabled(true);

@@ -20,12 +20,12 @@ userListEdit::userListEdit(QWidget *parent, const char *name, bool modal, WayFer
     ListView->setSortingEnabled(false);
     ListView->setAllColumnsShowFocus(true);
 
-    userInput = new userEdit(this, tr("Input user").toLatin1().constData(), true, doc);
+    userInput = new userEdit(this, "Input user", true, doc);
     userInput->hide();
-    userCash = new userCashEdit(this, tr("User cash").toLatin1().constData(), true, doc);
+    userCash = new userCashEdit(this, "User cash", true, doc);
     userCash->hide();
     showMaximized();
-    userKto = new userKtoEdit(this, tr("User account").toLatin1().constData(), true, doc);
+    userKto = new userKtoEdit(this, "User account", true, doc);
     userKto->hide();
 }
 
@@ -138,7 +138,7 @@ void userListEdit::slotDelete()
         return;
     const QString text = tr("Delete user entry") + QLatin1Char('\n') + currentUser->firstname
         + QLatin1Char('\n') + currentUser->name + QStringLiteral("\n\n") + tr("confirm with yes !");
-    const auto answer = QMessageBox::information(this, QStringLiteral("Delete item"), text,
+    const auto answer = QMessageBox::information(this, tr("Delete item"), text,
                                                  QMessageBox::Yes | QMessageBox::Cancel);
     if (answer == QMessageBox::Yes) {
         // Listeners see the traveller still present. The costs keep their shares: his part

@@ -43,7 +43,7 @@ userPayEdit::userPayEdit(QWidget *parent, const char *name, bool modal, WayFernD
     // Rows share copies of this one pixmap, and copies keep its key.
     selSerial = selPixmap->cacheKey();
 
-    userKto = new userKtoEdit(this, tr("User account").toUtf8().constData(), true, doc);
+    userKto = new userKtoEdit(this, "User account", true, doc);
     userKto->hide();
 
     // Callers always pass a name; the caption of the form is then kept.

@@ -1,19 +1,16 @@
+#include "shell/translationloader.h"
 #include "shell/wayfernapp.h"
 
 #include <QApplication>
 #include <QLocale>
-#include <QTranslator>
 
 #include <memory>
 
 int main(int argc, char *argv[])
 {
     QApplication app(argc, argv);
-    QTranslator translator;
     // Without a translation file the built-in English texts stay: the result is not needed.
-    (void)translator.load(QStringLiteral("wayfern.") + QLocale::system().name(),
-                          QStringLiteral("."));
-    app.installTranslator(&translator);
+    (void)TranslationLoader::install(&app, QLocale::system());
 
     // The window never accepts a close: the run ends through the application, and the
     // window goes with main.

@@ -13,6 +13,7 @@
 #include "editors/userpayedit.h"
 #include "rates/currsync.h"
 #include "rates/synclistedit.h"
+#include "shell/translationloader.h"
 #include "shell/wayfernapp.h"
 #include "shell/wayfernview.h"
 
@@ -23,6 +24,7 @@
 #include <QFileInfo>
 #include <QLabel>
 #include <QLineEdit>
+#include <QLocale>
 #include <QMessageBox>
 #include <QPixmap>
 #include <QScreen>
@@ -51,8 +53,9 @@
 // account, tip, currlist, currlist-sync, currlist-synced, curr, catalogue, settle and
 // settle-booked, each followed by SUFFIX (e.g. "-240x320") and ".png". The rates come from
 // a page server on the loopback address that this program runs itself, answering as
-// today's rate service does. Meant to run under a virtual X server with the screen size of
-// the pictures; scripts/screenshots.sh does that.
+// today's rate service does. The texts are in the language of the locale, as in the program.
+// Meant to run under a virtual X server with the screen size of the pictures;
+// scripts/screenshots.sh does that.
 
 namespace {
 
@@ -452,6 +455,7 @@ void shootSettleUp(WayfernApp &window)
 int main(int argc, char *argv[])
 {
     QApplication app(argc, argv);
+    (void)TranslationLoader::install(&app, QLocale::system());
     if (argc < 2) {
         fprintf(stderr, "usage: wayfern-screenshot DIR [JOURNEY [SUFFIX]]\n");
         return 1;

@@ -305,7 +305,7 @@ void WayfernApp::slotFileNew()
     }
     fileName = QStringLiteral("");
     doc->lastfile = QStringLiteral("");
-    setWindowTitle(QStringLiteral("new file"));
+    setWindowTitle(tr("new file"));
     statusBar()->showMessage(tr("Loaded document: new file"), 2000);
     // The journey is empty then: the bar says why rather than "Ready.".
     statusBar()->showMessage(templateProblem.isEmpty() ? tr("Ready.") : templateProblem);

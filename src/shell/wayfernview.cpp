@@ -72,20 +72,20 @@ WayfernView::~WayfernView() = default;
 void WayfernView::createDialogs()
 {
     // Built in this order: costs, tip, base settings, currency list, user list, calendar;
-    // settling up comes last.
-    costsInput = new costsEdit(this, tr("Input costs").toLatin1().constData(), true, doc);
+    // settling up comes last. Their object names are identifiers, the same in every language.
+    costsInput = new costsEdit(this, "Input costs", true, doc);
     costsInput->hide();
-    tipInput = new tipEdit(this, tr("Tip").toLatin1().constData(), true, doc);
+    tipInput = new tipEdit(this, "Tip", true, doc);
     tipInput->hide();
-    baseInput = new baseEdit(this, tr("base settings").toLatin1().constData(), true, doc);
+    baseInput = new baseEdit(this, "base settings", true, doc);
     baseInput->hide();
-    currListInput = new currListEdit(this, tr("Currency List").toLatin1().constData(), true, doc);
+    currListInput = new currListEdit(this, "Currency List", true, doc);
     currListInput->hide();
-    userListInput = new userListEdit(this, tr("User List").toLatin1().constData(), true, doc);
+    userListInput = new userListEdit(this, "User List", true, doc);
     userListInput->hide();
-    calendar = new calenderEdit(this, tr("Calendar").toLatin1().constData(), true, doc);
+    calendar = new calenderEdit(this, "Calendar", true, doc);
     calendar->hide();
-    settleInput = new settleEdit(this, tr("Settle up").toLatin1().constData(), true, doc);
+    settleInput = new settleEdit(this, "Settle up", true, doc);
     settleInput->hide();
 
     connect(costsInput, &costsEdit::overChanged, this, &WayfernView::slotOverChanged);
@@ -499,7 +499,7 @@ void WayfernView::slotCostsDelete()
         + QStringLiteral(" ") + cost->ctype + QStringLiteral("\n") + tr("or ") + cost->bval
         + QStringLiteral(" ") + doc->basecurrency + QStringLiteral("\n\n")
         + tr("confirm with yes !");
-    const auto answer = QMessageBox::information(this, QStringLiteral("Delete item"), text,
+    const auto answer = QMessageBox::information(this, tr("Delete item"), text,
                                                  QMessageBox::Yes | QMessageBox::Cancel);
     if (answer == QMessageBox::Yes) {
         // The account lines first: they are found through the cost's id.
@@ -572,7 +572,7 @@ void WayfernView::slotTipDelete()
         return;
     const QString text = tr("Delete entry") + QStringLiteral("\n") + tip->tiptype
         + QStringLiteral("\n") + tip->name + QStringLiteral("\n\n") + tr("confirm with yes !");
-    const auto answer = QMessageBox::information(this, QStringLiteral("Delete item"), text,
+    const auto answer = QMessageBox::information(this, tr("Delete item"), text,
                                                  QMessageBox::Yes | QMessageBox::Cancel);
     if (answer == QMessageBox::Yes)
         doc->tips.remove(tip);

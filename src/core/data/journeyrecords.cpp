@@ -1,7 +1,5 @@
 #include "data/journeyrecords.h"
 
-#include <QCoreApplication>
-
 UserData::UserData(const UserData &other)
 {
     *this = other;
@@ -46,8 +44,8 @@ void UserData::clearKto()
     actukto = nullptr;
 }
 
-CurrData::CurrData()
-    : floating(QCoreApplication::translate("CurrData", "floating")),
-      fix(QCoreApplication::translate("CurrData", "fix"))
+// The two types are stored words: the journey file holds them as they are, in every
+// language, and a currency is floating when its stored type is this word.
+CurrData::CurrData() : floating(QStringLiteral("floating")), fix(QStringLiteral("fix"))
 {
 }
