@@ -84,6 +84,14 @@ for pair in "${data[@]}"; do
   fi
 done
 
+# The German texts: the .qm that the build made.
+qm="$datadir/translations/wayfern_de.qm"
+if [ ! -f "$prefix/$qm" ]; then
+  fail "$qm is not installed"
+elif ! cmp -s "$prefix/$qm" "$build/src/translations/wayfern_de.qm"; then
+  fail "$qm differs from the build's"
+fi
+
 # The menu entry.
 desktop="$prefix/$sharedir/applications/wayfern.desktop"
 if [ -f "$desktop" ]; then

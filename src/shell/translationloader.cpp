@@ -9,7 +9,11 @@ namespace TranslationLoader {
 
 QStringList programDirs()
 {
-    QStringList dirs{QCoreApplication::applicationDirPath() + QStringLiteral("/translations")};
+    const QString program = QCoreApplication::applicationDirPath();
+    QStringList dirs{program + QStringLiteral("/translations")};
+#ifdef WAYFERN_TRANSLATIONS_FROM_PROGRAM
+    dirs.append(QDir::cleanPath(program + u'/' + QStringLiteral(WAYFERN_TRANSLATIONS_FROM_PROGRAM)));
+#endif
 #ifdef WAYFERN_TRANSLATIONS_DIR
     dirs.append(QStringLiteral(WAYFERN_TRANSLATIONS_DIR));
 #endif

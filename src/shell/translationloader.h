@@ -11,8 +11,8 @@ class QCoreApplication;
 namespace TranslationLoader {
 
 // Where wayfern_<language>.qm is looked for, first match wins: next to the program
-// ("translations" beside the executable, where the build puts it), the installed place,
-// and the current directory.
+// ("translations" beside the executable, where the build puts it), the installed place as
+// seen from the installed program and as configured, and the current directory.
 QStringList programDirs();
 
 // Installs, for `locale`, the first wayfern_<language>.qm found in `dirs`, else the older
