@@ -2,6 +2,7 @@
 
 #include "report/journeyreport.h"
 
+#include <QBuffer>
 #include <QFileInfo>
 #include <QFont>
 #include <QFontMetricsF>
@@ -221,6 +222,138 @@ private:
     bool shade = false;
 };
 
+// The list of costs. A journey may hold 100,000 of them, and each run of text costs the PDF
+// more than its length, so a row is two runs in a monospaced font: the texts on the left
+// and the amounts on the right, each padded into its columns by characters.
+class CostListPainter
+{
+public:
+    CostListPainter(PagePainter &page, QPainter &p, QPdfWriter &writer, double points)
+        : page(page), p(p), font(QStringLiteral("Monospace")), fm(font, &writer)
+    {
+        font.setStyleHint(QFont::TypeWriter);
+        font.setPointSizeF(points);
+        font.setStyleStrategy(QFont::PreferNoShaping);
+        boldFont = font;
+        boldFont.setBold(true);
+        fm = QFontMetricsF(font, &writer);
+        charWidth = fm.horizontalAdvance(QLatin1Char('0'));
+        rowHeight = fm.height() + 2 * page.pt;
+        const int total = int(page.width / charWidth);
+        commentChars = std::max(8, total - DateChars - TypeChars - RightChars - 3 * Gap);
+        rightLeft = (DateChars + TypeChars + commentChars + 3 * Gap) * charWidth;
+        commentRoom = commentChars * charWidth;
+    }
+
+    void header(const QStringList &left, const QStringList &right)
+    {
+        headerLeft = leftText(left.value(0), left.value(1), left.value(2));
+        headerRight = rightText(right.value(0), right.value(1), right.value(2));
+        page.ensure(rowHeight * 3);
+        drawHeader();
+    }
+
+    void drawHeader()
+    {
+        p.setFont(boldFont);
+        p.setPen(Qt::black);
+        draw(headerLeft, headerRight);
+        p.setPen(QPen(QColor(0x99, 0x99, 0x99), 0.5 * page.pt));
+        p.drawLine(QPointF(0, page.y + rowHeight), QPointF(page.width, page.y + rowHeight));
+        page.y += rowHeight + page.pt;
+        p.setFont(font);
+        p.setPen(Qt::black);
+    }
+
+    void row(const JourneyReport::Cost &c, const QString &sharedText)
+    {
+        if (page.y + rowHeight > page.bottom)
+            page.newPage();
+        if (shade)
+            p.fillRect(QRectF(0, page.y, page.width, rowHeight), QColor(0xf0, 0xf0, 0xf0));
+        shade = !shade;
+        draw(leftText(c.date, c.type, c.comment),
+             rightText(c.foreign, c.baseValue, c.shared ? sharedText : QString()));
+        page.y += rowHeight;
+    }
+
+private:
+    static constexpr int DateChars = 10;
+    static constexpr int TypeChars = 12;
+    static constexpr int ValueChars = 16;
+    static constexpr int BaseChars = 11;
+    static constexpr int SharedChars = 6;
+    static constexpr int Gap = 2;
+    static constexpr int RightChars = ValueChars + BaseChars + SharedChars + 2 * Gap;
+
+    void draw(const QString &left, const QString &right)
+    {
+        const double base = page.y + page.pt + fm.ascent();
+        p.drawText(QPointF(0, base), left);
+        p.drawText(QPointF(rightLeft, base), right);
+    }
+
+    // One line, whatever the record holds.
+    static QString flat(const QString &text)
+    {
+        QString out = text;
+        for (QChar &c : out) {
+            if (c == QLatin1Char('\n') || c == QLatin1Char('\r') || c == QLatin1Char('\t'))
+                c = QLatin1Char(' ');
+        }
+        return out;
+    }
+
+    static QString cut(const QString &text, int chars)
+    {
+        if (text.size() <= chars)
+            return text.leftJustified(chars);
+        return text.left(chars - 1) + QChar(0x2026);
+    }
+
+    static bool narrow(const QString &text)
+    {
+        for (const QChar c : text) {
+            if (c.unicode() >= 0x1100)
+                return false;
+        }
+        return true;
+    }
+
+    QString leftText(const QString &date, const QString &type, const QString &comment)
+    {
+        const QString gap(Gap, QLatin1Char(' '));
+        QString shown = flat(comment);
+        if (shown.size() > commentChars)
+            shown = cut(shown, commentChars);
+        // Wide characters take more than one cell: measure those instead of counting.
+        if (!narrow(shown))
+            shown = fm.elidedText(flat(comment), Qt::ElideRight, commentRoom);
+        return cut(flat(date), DateChars) + gap + cut(flat(type), TypeChars) + gap + shown;
+    }
+
+    static QString rightText(const QString &value, const QString &base, const QString &shared)
+    {
+        const QString gap(Gap, QLatin1Char(' '));
+        return flat(value).rightJustified(ValueChars) + gap + flat(base).rightJustified(BaseChars)
+            + gap + flat(shared);
+    }
+
+    PagePainter &page;
+    QPainter &p;
+    QFont font;
+    QFont boldFont;
+    QFontMetricsF fm;
+    double charWidth = 1;
+    double rowHeight = 0;
+    double rightLeft = 0;
+    double commentRoom = 0;
+    int commentChars = 0;
+    QString headerLeft;
+    QString headerRight;
+    bool shade = false;
+};
+
 void paintChart(PagePainter &page, QPainter &p, QPdfWriter &writer,
                 const QList<JourneyReport::Bar> &bars, const QFont &font)
 {
@@ -302,23 +435,16 @@ void paintReport(const JourneyReport &r, QPdfWriter &writer, QPainter &p)
         page.line(QStringLiteral("\u2022 ") + line, body);
 
     page.heading(JourneyReport::tr("Costs"));
-    TablePainter costs(page, p, writer,
-                       {{0.0, 0.12, false},
-                        {0.12, 0.14, false},
-                        {0.26, 0.36, false},
-                        {0.62, 0.15, true},
-                        {0.77, 0.13, true},
-                        {0.92, 0.08, false}},
-                       small);
-    costs.header({JourneyReport::tr("date"), JourneyReport::tr("type"),
-                  JourneyReport::tr("comment"), JourneyReport::tr("value"), r.currency,
-                  JourneyReport::tr("shared")});
+    CostListPainter costs(page, p, writer, 8);
+    costs.header(
+        {JourneyReport::tr("date"), JourneyReport::tr("type"), JourneyReport::tr("comment")},
+        {JourneyReport::tr("value"), r.currency, JourneyReport::tr("shared")});
     page.onNewPage = [&costs] { costs.drawHeader(); };
     const QString yes = JourneyReport::tr("yes");
     if (r.costs.isEmpty())
         page.line(JourneyReport::tr("No costs yet."), body);
     for (const JourneyReport::Cost &c : r.costs)
-        costs.row({c.date, c.type, c.comment, c.foreign, c.baseValue, c.shared ? yes : QString()});
+        costs.row(c, yes);
     page.onNewPage = nullptr;
     page.finishPage();
 }
@@ -375,15 +501,16 @@ bool ReportWriter::write(const JourneyReport &report, const QString &pdfPath, QS
         *problem = html.errorString();
         return false;
     }
-    if (!writePdf(report, &pdf)) {
-        *problem = pdf.error() != QFileDevice::NoError ? pdf.errorString()
-                                                       : tr("The PDF could not be painted.");
-        pdf.cancelWriting();
+    // The PDF is written in many small pieces and a saved file writes each at once: paint
+    // into memory, then write it in one go.
+    QByteArray bytes;
+    bytes.reserve(qsizetype(16384) + report.costs.size() * 100);
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    if (!writePdf(report, &buffer)) {
+        *problem = tr("The PDF could not be painted.");
         return false;
     }
-    if (!pdf.commit()) {
-        *problem = pdf.errorString();
-        return false;
-    }
-    return commit(html, report.html().toUtf8(), problem);
+    buffer.close();
+    return commit(pdf, bytes, problem) && commit(html, report.html().toUtf8(), problem);
 }
