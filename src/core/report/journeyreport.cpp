@@ -115,8 +115,7 @@ JourneyReport JourneyReport::fromJourney(const WayFernData &doc, const QString &
         row.date = cost->date;
         row.type = cost->type;
         row.comment = cost->comment;
-        row.foreign = (cost->fval.isEmpty() ? money(cost->fvalue) : cost->fval) + QLatin1Char(' ')
-            + cost->ctype;
+        row.foreign = money(cost->fvalue) + QLatin1Char(' ') + cost->ctype;
         row.baseValue = money(cost->bvalue);
         // Shared means an account holds a line for the cost (the record's flag stays with
         // the list position when the costs are sorted).

@@ -47,7 +47,7 @@ public:
         QString date;
         QString type;
         QString comment;
-        QString foreign;   // the value as entered and its currency
+        QString foreign;   // the value in its own currency, two decimals, and that currency
         QString baseValue; // two decimals, in the base currency
         bool shared = false;
     };
