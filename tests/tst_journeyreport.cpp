@@ -65,8 +65,7 @@ private slots:
         QVERIFY(readJourney(doc, QStringLiteral("check-journey.wfn")));
         const JourneyReport r = JourneyReport::fromJourney(doc, QString());
         // Food: 10.00 of the dinner and nothing of the unknown money.
-        QCOMPARE(barTexts(r.categories),
-                 QStringList({"Food=10.00", "Hotel=45.50", "Train=24.50"}));
+        QCOMPARE(barTexts(r.categories), QStringList({"Food=10.00", "Hotel=45.50", "Train=24.50"}));
         QCOMPARE(JourneyReport::largest(r.categories), 45.5);
     }
 
@@ -79,8 +78,8 @@ private slots:
         const JourneyReport r = JourneyReport::fromJourney(doc, QString());
         // The hotel night became a ferry, the train pass has no type.
         QCOMPARE(barTexts(r.categories),
-                 QStringList({"Food=10.00", "Hotel=0.00", "Train=0.00", "Ferry=45.50",
-                              "(no type)=24.50"}));
+                 QStringList(
+                     {"Food=10.00", "Hotel=0.00", "Train=0.00", "Ferry=45.50", "(no type)=24.50"}));
     }
 
     void travellersDepositsSharesPayOffsAndBalances()
@@ -118,8 +117,9 @@ private slots:
             balances << b.name + QLatin1Char(' ') + JourneyReport::centsText(b.cents);
         QCOMPARE(balances, QStringList({"AB 32.75", "CD -27.25", "EF 20.00", "kitty -25.50"}));
         QCOMPARE(r.unbooked, 0);
-        QCOMPARE(r.plan, QStringList({"CD pays AB 27.25 EUR", "kitty pays EF 20.00 EUR",
-                                      "kitty pays AB 5.50 EUR"}));
+        QCOMPARE(r.plan,
+                 QStringList({"CD pays AB 27.25 EUR", "kitty pays EF 20.00 EUR",
+                              "kitty pays AB 5.50 EUR"}));
     }
 
     void costRowsInDateOrder()
@@ -133,10 +133,11 @@ private slots:
             rows << QStringList({c.date, c.type, c.comment, c.foreign, c.baseValue,
                                  c.shared ? QStringLiteral("shared") : QStringLiteral("-")})
                         .join(QLatin1Char('|'));
-        QCOMPARE(rows, QStringList({"01.06.2002|Hotel|First night|45.50 EUR|45.50|-",
-                                    "03.06.2002|Train|Pass|12.25 CHF|24.50|shared",
-                                    "04.06.2002|Food|Unknown money|7.00 XYZ|0.00|-",
-                                    "05.06.2002|Food|Dinner|80.00 NOK|10.00|shared"}));
+        QCOMPARE(rows,
+                 QStringList({"01.06.2002|Hotel|First night|45.50 EUR|45.50|-",
+                              "03.06.2002|Train|Pass|12.25 CHF|24.50|shared",
+                              "04.06.2002|Food|Unknown money|7.00 XYZ|0.00|-",
+                              "05.06.2002|Food|Dinner|80.00 NOK|10.00|shared"}));
     }
 
     void aJourneyWithoutNameIsTitledByItsFile()
