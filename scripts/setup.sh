@@ -18,6 +18,9 @@ packages=(
   # fetches the exchange rate pages (the program starts it; its tests run it against a
   # loopback server)
   wget
+  # pdftotext and pdftoppm: the report tests read its PDF back as text, and the report's
+  # pictures for docs/ are rendered from it
+  poppler-utils
 )
 for extra in "$@"; do
   case "$extra" in
