@@ -222,9 +222,10 @@ private:
     bool shade = false;
 };
 
-// The list of costs. A journey may hold 100,000 of them, and each run of text costs the PDF
-// more than its length, so a row is two runs in a monospaced font: the texts on the left
-// and the amounts on the right, each padded into its columns by characters.
+// The list of costs. A journey may hold 100,000 of them, and the PDF costs by the glyph: each
+// one is placed on its own. So the list draws no glyph it can spare: no padding (a
+// monospaced font puts each cell where its characters say, without measuring), a day's date
+// only on its first row and at the top of a page, and the shared mark as a small square.
 class CostListPainter
 {
 public:
@@ -241,14 +242,16 @@ public:
         rowHeight = fm.height() + 2 * page.pt;
         const int total = int(page.width / charWidth);
         commentChars = std::max(8, total - DateChars - TypeChars - RightChars - 3 * Gap);
-        rightLeft = (DateChars + TypeChars + commentChars + 3 * Gap) * charWidth;
-        commentRoom = commentChars * charWidth;
+        commentLeft = (DateChars + TypeChars + 2 * Gap) * charWidth;
+        valueRight = (DateChars + TypeChars + commentChars + 3 * Gap + ValueChars) * charWidth;
+        baseRight = valueRight + (Gap + BaseChars) * charWidth;
+        sharedLeft = baseRight + Gap * charWidth;
+        mark = fm.ascent() * 0.55;
     }
 
-    void header(const QStringList &left, const QStringList &right)
+    void header(const QStringList &texts)
     {
-        headerLeft = leftText(left.value(0), left.value(1), left.value(2));
-        headerRight = rightText(right.value(0), right.value(1), right.value(2));
+        headerTexts = texts;
         page.ensure(rowHeight * 3);
         drawHeader();
     }
@@ -257,23 +260,41 @@ public:
     {
         p.setFont(boldFont);
         p.setPen(Qt::black);
-        draw(headerLeft, headerRight);
+        const double base = baseline();
+        const QString &dateHead = headerTexts.value(0);
+        p.drawText(QPointF(0, base), cut(dateHead, DateChars));
+        p.drawText(QPointF((DateChars + Gap) * charWidth, base),
+                   cut(headerTexts.value(1), TypeChars));
+        p.drawText(QPointF(commentLeft, base), cut(headerTexts.value(2), commentChars));
+        drawRight(headerTexts.value(3), valueRight, base);
+        drawRight(headerTexts.value(4), baseRight, base);
+        p.drawText(QPointF(sharedLeft, base), headerTexts.value(5));
         p.setPen(QPen(QColor(0x99, 0x99, 0x99), 0.5 * page.pt));
         p.drawLine(QPointF(0, page.y + rowHeight), QPointF(page.width, page.y + rowHeight));
         page.y += rowHeight + page.pt;
         p.setFont(font);
         p.setPen(Qt::black);
+        lastDate.clear();
     }
 
-    void row(const JourneyReport::Cost &c, const QString &sharedText)
+    void row(const JourneyReport::Cost &c)
     {
         if (page.y + rowHeight > page.bottom)
             page.newPage();
         if (shade)
             p.fillRect(QRectF(0, page.y, page.width, rowHeight), QColor(0xf0, 0xf0, 0xf0));
         shade = !shade;
-        draw(leftText(c.date, c.type, c.comment),
-             rightText(c.foreign, c.baseValue, c.shared ? sharedText : QString()));
+        const double base = baseline();
+        if (c.date != lastDate) {
+            p.drawText(QPointF(0, base), cut(flat(c.date), DateChars));
+            lastDate = c.date;
+        }
+        p.drawText(QPointF((DateChars + Gap) * charWidth, base), cut(flat(c.type), TypeChars));
+        drawComment(c.comment, base);
+        drawRight(flat(c.foreign), valueRight, base);
+        drawRight(c.baseValue, baseRight, base);
+        if (c.shared)
+            p.fillRect(QRectF(sharedLeft + charWidth * 0.5, base - mark, mark, mark), Qt::black);
         page.y += rowHeight;
     }
 
@@ -286,16 +307,33 @@ private:
     static constexpr int Gap = 2;
     static constexpr int RightChars = ValueChars + BaseChars + SharedChars + 2 * Gap;
 
-    void draw(const QString &left, const QString &right)
+    double baseline() const { return page.y + page.pt + fm.ascent(); }
+
+    void drawRight(const QString &text, double right, double base)
     {
-        const double base = page.y + page.pt + fm.ascent();
-        p.drawText(QPointF(0, base), left);
-        p.drawText(QPointF(rightLeft, base), right);
+        const double width = narrow(text) ? text.size() * charWidth : fm.horizontalAdvance(text);
+        p.drawText(QPointF(right - width, base), text);
+    }
+
+    void drawComment(const QString &comment, double base)
+    {
+        if (comment.isEmpty())
+            return;
+        QString shown = flat(comment);
+        // Wide characters take more than one cell: measure those instead of counting.
+        if (narrow(shown))
+            shown = cut(shown, commentChars);
+        else
+            shown = fm.elidedText(shown, Qt::ElideRight, commentChars * charWidth);
+        p.drawText(QPointF(commentLeft, base), shown);
     }
 
     // One line, whatever the record holds.
     static QString flat(const QString &text)
     {
+        if (!text.contains(QLatin1Char('\n')) && !text.contains(QLatin1Char('\r'))
+            && !text.contains(QLatin1Char('\t')))
+            return text;
         QString out = text;
         for (QChar &c : out) {
             if (c == QLatin1Char('\n') || c == QLatin1Char('\r') || c == QLatin1Char('\t'))
@@ -307,7 +345,7 @@ private:
     static QString cut(const QString &text, int chars)
     {
         if (text.size() <= chars)
-            return text.leftJustified(chars);
+            return text;
         return text.left(chars - 1) + QChar(0x2026);
     }
 
@@ -320,25 +358,6 @@ private:
         return true;
     }
 
-    QString leftText(const QString &date, const QString &type, const QString &comment)
-    {
-        const QString gap(Gap, QLatin1Char(' '));
-        QString shown = flat(comment);
-        if (shown.size() > commentChars)
-            shown = cut(shown, commentChars);
-        // Wide characters take more than one cell: measure those instead of counting.
-        if (!narrow(shown))
-            shown = fm.elidedText(flat(comment), Qt::ElideRight, commentRoom);
-        return cut(flat(date), DateChars) + gap + cut(flat(type), TypeChars) + gap + shown;
-    }
-
-    static QString rightText(const QString &value, const QString &base, const QString &shared)
-    {
-        const QString gap(Gap, QLatin1Char(' '));
-        return flat(value).rightJustified(ValueChars) + gap + flat(base).rightJustified(BaseChars)
-            + gap + flat(shared);
-    }
-
     PagePainter &page;
     QPainter &p;
     QFont font;
@@ -346,11 +365,14 @@ private:
     QFontMetricsF fm;
     double charWidth = 1;
     double rowHeight = 0;
-    double rightLeft = 0;
-    double commentRoom = 0;
+    double commentLeft = 0;
+    double valueRight = 0;
+    double baseRight = 0;
+    double sharedLeft = 0;
+    double mark = 0;
     int commentChars = 0;
-    QString headerLeft;
-    QString headerRight;
+    QStringList headerTexts;
+    QString lastDate;
     bool shade = false;
 };
 
@@ -436,15 +458,14 @@ void paintReport(const JourneyReport &r, QPdfWriter &writer, QPainter &p)
 
     page.heading(JourneyReport::tr("Costs"));
     CostListPainter costs(page, p, writer, 8);
-    costs.header(
-        {JourneyReport::tr("date"), JourneyReport::tr("type"), JourneyReport::tr("comment")},
-        {JourneyReport::tr("value"), r.currency, JourneyReport::tr("shared")});
+    costs.header({JourneyReport::tr("date"), JourneyReport::tr("type"),
+                  JourneyReport::tr("comment"), JourneyReport::tr("value"), r.currency,
+                  JourneyReport::tr("shared")});
     page.onNewPage = [&costs] { costs.drawHeader(); };
-    const QString yes = JourneyReport::tr("yes");
     if (r.costs.isEmpty())
         page.line(JourneyReport::tr("No costs yet."), body);
     for (const JourneyReport::Cost &c : r.costs)
-        costs.row(c, yes);
+        costs.row(c);
     page.onNewPage = nullptr;
     page.finishPage();
 }
