@@ -154,7 +154,7 @@ public:
         p.setPen(Qt::black);
         drawCells(headerTexts, boldFm);
         p.setPen(QPen(QColor(0x99, 0x99, 0x99), 0.5 * page.pt));
-        p.drawLine(QPointF(0, page.y + rowHeight), QPointF(page.width, page.y + rowHeight));
+        p.drawLine(QPointF(0, page.y + rowHeight), QPointF(tableWidth(), page.y + rowHeight));
         page.y += rowHeight + page.pt;
         p.setFont(font);
     }
@@ -164,7 +164,7 @@ public:
         if (page.y + rowHeight > page.bottom)
             page.newPage();
         if (shade) {
-            p.fillRect(QRectF(0, page.y, page.width, rowHeight), QColor(0xf0, 0xf0, 0xf0));
+            p.fillRect(QRectF(0, page.y, tableWidth(), rowHeight), QColor(0xf0, 0xf0, 0xf0));
         }
         shade = !shade;
         p.setFont(font);
@@ -176,6 +176,14 @@ public:
     double rowHeight = 0;
 
 private:
+    double tableWidth() const
+    {
+        double right = 0;
+        for (const Column &c : columns)
+            right = std::max(right, c.left + c.width);
+        return right * page.width;
+    }
+
     void drawCells(const QStringList &texts, const QFontMetricsF &metrics)
     {
         const double base = page.y + page.pt + metrics.ascent();
@@ -426,11 +434,11 @@ void paintReport(const JourneyReport &r, QPdfWriter &writer, QPainter &p)
         page.gap(6);
         TablePainter table(page, p, writer,
                            {{0.0, 0.10, false},
-                            {0.10, 0.26, false},
-                            {0.36, 0.16, true},
-                            {0.52, 0.16, true},
-                            {0.68, 0.16, true},
-                            {0.84, 0.16, true}},
+                            {0.10, 0.20, false},
+                            {0.30, 0.175, true},
+                            {0.475, 0.175, true},
+                            {0.65, 0.175, true},
+                            {0.825, 0.175, true}},
                            body);
         table.header({JourneyReport::tr("traveller"), JourneyReport::tr("name"),
                       JourneyReport::tr("deposits"), JourneyReport::tr("shares of costs"),
