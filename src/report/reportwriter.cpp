@@ -285,25 +285,44 @@ public:
         lastDate.clear();
     }
 
-    void row(const JourneyReport::Cost &c)
+    // Every cost, page by page. A page's stripes are laid first and its shared marks last,
+    // each in one go: the PDF writes a change of colour for every fill otherwise.
+    void rows(const QList<JourneyReport::Cost> &costs)
     {
-        if (page.y + rowHeight > page.bottom)
-            page.newPage();
-        if (shade)
-            p.fillRect(QRectF(0, page.y, page.width, rowHeight), QColor(0xf0, 0xf0, 0xf0));
-        shade = !shade;
-        const double base = baseline();
-        if (c.date != lastDate) {
-            p.drawText(QPointF(0, base), cut(flat(c.date), DateChars));
-            lastDate = c.date;
+        QList<QRectF> fills;
+        qsizetype next = 0;
+        while (next < costs.size()) {
+            if (page.y + rowHeight > page.bottom)
+                page.newPage();
+            qsizetype end = next;
+            double y = page.y;
+            fills.clear();
+            while (end < costs.size() && (y + rowHeight <= page.bottom || end == next)) {
+                if (end % 2 == 1)
+                    fills.append(QRectF(0, y, page.width, rowHeight));
+                y += rowHeight;
+                ++end;
+            }
+            fill(fills, QColor(0xf0, 0xf0, 0xf0));
+            fills.clear();
+            for (; next < end; ++next) {
+                const JourneyReport::Cost &c = costs.at(next);
+                const double base = baseline();
+                if (c.date != lastDate) {
+                    p.drawText(QPointF(0, base), cut(flat(c.date), DateChars));
+                    lastDate = c.date;
+                }
+                p.drawText(QPointF((DateChars + Gap) * charWidth, base),
+                           cut(flat(c.type), TypeChars));
+                drawComment(c.comment, base);
+                drawRight(flat(c.foreign), valueRight, base);
+                drawRight(c.baseValue, baseRight, base);
+                if (c.shared)
+                    fills.append(QRectF(sharedLeft + charWidth * 0.5, base - mark, mark, mark));
+                page.y += rowHeight;
+            }
+            fill(fills, Qt::black);
         }
-        p.drawText(QPointF((DateChars + Gap) * charWidth, base), cut(flat(c.type), TypeChars));
-        drawComment(c.comment, base);
-        drawRight(flat(c.foreign), valueRight, base);
-        drawRight(c.baseValue, baseRight, base);
-        if (c.shared)
-            p.fillRect(QRectF(sharedLeft + charWidth * 0.5, base - mark, mark, mark), Qt::black);
-        page.y += rowHeight;
     }
 
 private:
@@ -316,6 +335,17 @@ private:
     static constexpr int RightChars = ValueChars + BaseChars + SharedChars + 2 * Gap;
 
     double baseline() const { return page.y + page.pt + fm.ascent(); }
+
+    void fill(const QList<QRectF> &rects, const QColor &color)
+    {
+        if (rects.isEmpty())
+            return;
+        p.setPen(Qt::NoPen);
+        p.setBrush(color);
+        p.drawRects(rects.constData(), int(rects.size()));
+        p.setBrush(Qt::NoBrush);
+        p.setPen(Qt::black);
+    }
 
     void drawRight(const QString &text, double right, double base)
     {
@@ -381,7 +411,6 @@ private:
     int commentChars = 0;
     QStringList headerTexts;
     QString lastDate;
-    bool shade = false;
 };
 
 void paintChart(PagePainter &page, QPainter &p, QPdfWriter &writer,
@@ -472,8 +501,7 @@ void paintReport(const JourneyReport &r, QPdfWriter &writer, QPainter &p)
     page.onNewPage = [&costs] { costs.drawHeader(); };
     if (r.costs.isEmpty())
         page.line(JourneyReport::tr("No costs yet."), body);
-    for (const JourneyReport::Cost &c : r.costs)
-        costs.row(c);
+    costs.rows(r.costs);
     page.onNewPage = nullptr;
     page.finishPage();
 }
