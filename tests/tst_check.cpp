@@ -200,8 +200,8 @@ void TestCheck::reportWritesThePdfAndTheHtmlPage()
     const QString html = dir.filePath(QStringLiteral("alpine.html"));
     // No display is needed: the tool takes the offscreen platform itself.
     qunsetenv("QT_QPA_PLATFORM");
-    const Run run = runCheck(
-        {fixture(QStringLiteral("check-journey.wfn")), QStringLiteral("--report"), pdf});
+    const Run run =
+        runCheck({fixture(QStringLiteral("check-journey.wfn")), QStringLiteral("--report"), pdf});
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QCOMPARE(run.exitCode, 0);
     QCOMPARE(run.out, QStringLiteral("report    : %1\nreport    : %2\n").arg(pdf, html));

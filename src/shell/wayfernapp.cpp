@@ -484,8 +484,7 @@ void WayfernApp::slotReport()
     QString problem;
     if (!ReportWriter::write(figures, path, &problem)) {
         statusBar()->showMessage(tr("Writing the report failed"));
-        QMessageBox::warning(this, tr("Wayfern"),
-                             tr("Could not save %1\n\n%2").arg(path, problem));
+        QMessageBox::warning(this, tr("Wayfern"), tr("Could not save %1\n\n%2").arg(path, problem));
         return;
     }
     statusBar()->showMessage(
