@@ -480,9 +480,13 @@ void WayfernApp::slotReport()
     }
     if (!path.endsWith(QLatin1String(".pdf"), Qt::CaseInsensitive))
         path += QStringLiteral(".pdf");
+    // A long journey's report takes seconds.
+    QApplication::setOverrideCursor(Qt::WaitCursor);
     const JourneyReport figures = JourneyReport::fromJourney(*doc, fileName);
     QString problem;
-    if (!ReportWriter::write(figures, path, &problem)) {
+    const bool written = ReportWriter::write(figures, path, &problem);
+    QApplication::restoreOverrideCursor();
+    if (!written) {
         statusBar()->showMessage(tr("Writing the report failed"));
         QMessageBox::warning(this, tr("Wayfern"), tr("Could not save %1\n\n%2").arg(path, problem));
         return;
