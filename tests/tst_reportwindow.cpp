@@ -8,6 +8,7 @@
 #include "shell/wayfernapp.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QStatusBar>
 #include <QToolBar>
 #include <QToolButton>
@@ -78,8 +79,9 @@ private slots:
         QVERIFY(page.contains("<li>CD pays kitty 64.67 EUR</li>"));
         QCOMPARE(app.statusBar()->currentMessage(),
                  QStringLiteral("Report written: %1 and %2").arg(pdf, html));
-        // Writing a report changes nothing of the journey.
+        // Writing a report changes nothing of the journey, and the wait cursor is gone.
         QVERIFY(!app.doc->isModified());
+        QVERIFY(!QApplication::overrideCursor());
     }
 
     void cancellingTheFileDialogWritesNothing()
@@ -116,6 +118,7 @@ private slots:
                      .arg(pdf, QString::fromLocal8Bit(std::strerror(ENOTDIR))));
         QCOMPARE(app.statusBar()->currentMessage(), QStringLiteral("Writing the report failed"));
         QVERIFY(!QFile::exists(fx.dataFile(QStringLiteral("lakes.html"))));
+        QVERIFY(!QApplication::overrideCursor());
     }
 };
 
