@@ -1,4 +1,5 @@
-// The end of a journey on the benchmark journey: the settlement plan and the CSV export.
+// The end of a journey on the benchmark journey: the settlement plan, the CSV export and the
+// journey report (its figures, the HTML page, the PDF pages, and both files written).
 //
 //   wayfern_bench_end [ROUNDS]
 //
@@ -10,10 +11,16 @@
 
 #include "data/journeycalc.h"
 #include "export/journeycsv.h"
+#include "report/journeyreport.h"
+#include "report/reportwriter.h"
 #include "settle/settlement.h"
 #include "storage/scqtutil.h"
 
+#include <QBuffer>
 #include <QElapsedTimer>
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QTemporaryDir>
 
 #include <algorithm>
 #include <cstdio>
@@ -43,6 +50,9 @@ void measure(const char *name, int rounds, Step step)
 int main(int argc, char **argv)
 {
     setenv("WAYFERNCFG", ".", 0);
+    // The report's pages need fonts, not a display.
+    setenv("QT_QPA_PLATFORM", "offscreen", 0);
+    QGuiApplication app(argc, argv);
     const int rounds = argc > 1 ? std::max(1, atoi(argv[1])) : 5;
     const JourneyShape shape;
     WayFernData doc;
@@ -59,5 +69,27 @@ int main(int argc, char **argv)
             [&] { return static_cast<long long>(JourneyCsv::costs(doc).size()); });
     measure("CSV accounts", rounds,
             [&] { return static_cast<long long>(JourneyCsv::accounts(doc).size()); });
+
+    measure("report figures", rounds, [&] {
+        return static_cast<long long>(JourneyReport::fromJourney(doc, QString()).costs.size());
+    });
+    const JourneyReport report = JourneyReport::fromJourney(doc, QStringLiteral("bench.wfn"));
+    measure("report HTML", rounds, [&] { return static_cast<long long>(report.html().size()); });
+    measure("report PDF", rounds, [&] {
+        QBuffer buffer;
+        buffer.open(QIODevice::WriteOnly);
+        ReportWriter::writePdf(report, &buffer);
+        return static_cast<long long>(buffer.size());
+    });
+    // What the window and wayfern-check do: figures, PDF and HTML, onto the disk.
+    QTemporaryDir dir;
+    const QString pdf = dir.filePath(QStringLiteral("report.pdf"));
+    measure("report, both files", rounds, [&] {
+        const JourneyReport fresh = JourneyReport::fromJourney(doc, QStringLiteral("bench.wfn"));
+        if (!ReportWriter::write(fresh, pdf, nullptr))
+            return -1LL;
+        return static_cast<long long>(QFileInfo(pdf).size()
+                                      + QFileInfo(ReportWriter::htmlPathFor(pdf)).size());
+    });
     return 0;
 }

@@ -24,6 +24,9 @@ packages=(
   wget
   # desktop-file-validate, with which the install test checks the menu entry
   desktop-file-utils
+  # pdftotext and pdftoppm: the report tests read its PDF back as text, and the report's
+  # pictures for docs/ are rendered from it
+  poppler-utils
 )
 for extra in "$@"; do
   case "$extra" in

@@ -207,7 +207,7 @@ private slots:
         QCOMPARE(app.toolBar->windowTitle(), QStringLiteral("file operations"));
         const QList<QAction *> actions = app.toolBar->actions();
         // The end of a journey comes after the record actions.
-        QCOMPARE(actions.size(), 11);
+        QCOMPARE(actions.size(), 12);
         QCOMPARE(actions.at(0), app.fileNew);
         QCOMPARE(actions.at(1), app.fileOpen);
         QCOMPARE(actions.at(2), app.fileSave);
@@ -221,6 +221,7 @@ private slots:
         QVERIFY(actions.at(9)->isCheckable());
         QVERIFY(actions.at(9)->text().contains(QStringLiteral("What")));
         QCOMPARE(actions.at(10), app.settleUp);
+        QCOMPARE(actions.at(11), app.report);
         QVERIFY(!app.menuWidget());
     }
 

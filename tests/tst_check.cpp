@@ -7,6 +7,9 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <cerrno>
+#include <cstring>
+
 namespace {
 struct Run
 {
@@ -62,7 +65,8 @@ QString figuresOfCheckJourney()
 }
 QString usage()
 {
-    return QStringLiteral("usage: %1 [--settle | --csv costs|accounts] JOURNEY.wfn\n")
+    return QStringLiteral("usage: %1 [--settle | --csv costs|accounts] JOURNEY.wfn\n"
+                          "       %1 JOURNEY.wfn --report FILE.pdf\n")
         .arg(QStringLiteral(WAYFERN_CHECK));
 }
 } // namespace
@@ -80,6 +84,9 @@ private slots:
     void csvWritesTheCostsAndTheAccountsOnly();
     void csvOfAnUnknownKindPrintsUsage();
     void settleOfAMissingJourneySaysSoOnStandardError();
+    void reportWritesThePdfAndTheHtmlPage();
+    void reportWithoutAFileNamePrintsUsage();
+    void reportToAPlaceThatCannotBeWrittenFails();
 };
 
 void TestCheck::printsTotalPerDayAndBalancesOfTheWindow()
@@ -184,6 +191,49 @@ void TestCheck::settleOfAMissingJourneySaysSoOnStandardError()
     QCOMPARE(run.exitCode, 1);
     QCOMPARE(run.out, QString());
     QCOMPARE(run.err, QStringLiteral("wayfern-check: cannot read %1\n").arg(path));
+}
+
+void TestCheck::reportWritesThePdfAndTheHtmlPage()
+{
+    QTemporaryDir dir;
+    const QString pdf = dir.filePath(QStringLiteral("alpine.pdf"));
+    const QString html = dir.filePath(QStringLiteral("alpine.html"));
+    // No display is needed: the tool takes the offscreen platform itself.
+    qunsetenv("QT_QPA_PLATFORM");
+    const Run run =
+        runCheck({fixture(QStringLiteral("check-journey.wfn")), QStringLiteral("--report"), pdf});
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QCOMPARE(run.exitCode, 0);
+    QCOMPARE(run.out, QStringLiteral("report    : %1\nreport    : %2\n").arg(pdf, html));
+    QVERIFY(readBytes(pdf).startsWith("%PDF-"));
+    const QByteArray page = readBytes(html);
+    QVERIFY(page.contains("<h1>Alpine Loop</h1>"));
+    QVERIFY(page.contains("Total: 80.00 EUR in 4 costs"));
+    QVERIFY(page.contains("<li>CD pays AB 27.25 EUR</li>"));
+}
+
+void TestCheck::reportWithoutAFileNamePrintsUsage()
+{
+    const Run run =
+        runCheck({fixture(QStringLiteral("check-journey.wfn")), QStringLiteral("--report")});
+    QCOMPARE(run.exitCode, 2);
+    QCOMPARE(run.out, QString());
+    QVERIFY(run.err.endsWith(usage()));
+}
+
+void TestCheck::reportToAPlaceThatCannotBeWrittenFails()
+{
+    QTemporaryDir dir;
+    // A folder under a plain file: nobody, root neither, can write there.
+    const QString plain = dir.filePath(QStringLiteral("plain"));
+    QVERIFY(writeBytes(plain, "x"));
+    const QString pdf = plain + QStringLiteral("/r.pdf");
+    const Run run =
+        runCheck({fixture(QStringLiteral("check-journey.wfn")), QStringLiteral("--report"), pdf});
+    QCOMPARE(run.exitCode, 1);
+    QCOMPARE(run.out, QString());
+    QVERIFY(run.err.contains(QStringLiteral("wayfern-check: could not write the report %1: %2\n")
+                                 .arg(pdf, QString::fromLocal8Bit(strerror(ENOTDIR)))));
 }
 
 QTEST_GUILESS_MAIN(TestCheck)

@@ -5,6 +5,8 @@
 #include "dialogs/scqtfileedit.h"
 #include "forms/formsupport.h"
 #include "helpviewer/helpwindow.h"
+#include "report/journeyreport.h"
+#include "report/reportwriter.h"
 #include "shell/wayfernview.h"
 #include "wayfernversion.h"
 
@@ -188,6 +190,16 @@ void WayfernApp::initActions()
                               "can be booked as deposits and pay-offs."));
     connect(settleUp, &QAction::triggered, this, &WayfernApp::slotSettleUp);
 
+    report = new QAction(QIcon(QStringLiteral(":/shell/report.xpm")), tr("Report..."), this);
+    report->setObjectName(QStringLiteral("report"));
+    report->setToolTip(tr("Journey report"));
+    report->setStatusTip(tr("Writes the journey report as PDF and HTML"));
+    report->setWhatsThis(tr("Journey report\n\nWrites the journey's dates, totals, spending by\n"
+                            "category and by traveller, the balances, who pays\n"
+                            "whom and every cost into a PDF file, and the same\n"
+                            "as an HTML page beside it."));
+    connect(report, &QAction::triggered, this, &WayfernApp::slotReport);
+
     // The accelerators belong to the window, so they work with the toolbar hidden too.
     addActions({fileNew, fileOpen, fileSave, fileSaveAs, openBase, openCurr, openUser, openHelp,
                 fileQuit});
@@ -233,6 +245,7 @@ void WayfernApp::initToolBar()
     toolBar->addAction(openHelp);
     toolBar->addAction(QWhatsThis::createAction(toolBar));
     toolBar->addAction(settleUp);
+    toolBar->addAction(report);
 }
 
 void WayfernApp::initStatusBar()
@@ -468,6 +481,32 @@ void WayfernApp::slotOpenHelp()
 void WayfernApp::slotSettleUp()
 {
     view->openSettle();
+}
+
+void WayfernApp::slotReport()
+{
+    statusBar()->showMessage(tr("Writing the journey report..."));
+    QString path =
+        ScQtFileEdit::getSaveFileName(this, "", doc->config.datapath, QStringLiteral("*.pdf"));
+    if (path.isEmpty()) {
+        statusBar()->showMessage(tr("Report aborted"), 2000);
+        return;
+    }
+    if (!path.endsWith(QLatin1String(".pdf"), Qt::CaseInsensitive))
+        path += QStringLiteral(".pdf");
+    // A long journey's report takes seconds.
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    const JourneyReport figures = JourneyReport::fromJourney(*doc, fileName);
+    QString problem;
+    const bool written = ReportWriter::write(figures, path, &problem);
+    QApplication::restoreOverrideCursor();
+    if (!written) {
+        statusBar()->showMessage(tr("Writing the report failed"));
+        QMessageBox::warning(this, tr("Wayfern"), tr("Could not save %1\n\n%2").arg(path, problem));
+        return;
+    }
+    statusBar()->showMessage(
+        tr("Report written: %1 and %2").arg(path, ReportWriter::htmlPathFor(path)));
 }
 
 void WayfernApp::slotFileQuit()

@@ -43,6 +43,8 @@ public:
     QAction *fileQuit = nullptr;
     // Beyond the journey's records: the end of a journey.
     QAction *settleUp = nullptr;
+    // The journey report as PDF and HTML.
+    QAction *report = nullptr;
     QString fileName;
 
     // How the help viewer's process is made; replaceable so that a failing fork can be
@@ -62,6 +64,7 @@ public slots:
     void slotFileSaveAs();
     void slotFileQuit();
     void slotSettleUp();
+    void slotReport();
     void slotEditCut();
     void slotEditCopy();
     void slotEditPaste();

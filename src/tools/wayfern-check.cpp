@@ -2,25 +2,37 @@
 //   wayfern-check JOURNEY.wfn                   what the journey holds, with the reader's trace
 //   wayfern-check --settle JOURNEY.wfn          balances, kitty and who pays whom
 //   wayfern-check --csv costs|accounts JOURNEY.wfn    the costs or the accounts as CSV
+//   wayfern-check JOURNEY.wfn --report FILE.pdf the journey report as PDF and, beside it,
+//                                               as HTML (FILE.html)
 // With --settle and --csv only the answer goes to standard output, so scripts can use it.
 #include "data/journeycalc.h"
 #include "data/wayferndata.h"
 #include "export/journeycsv.h"
+#include "report/journeyreport.h"
+#include "report/reportwriter.h"
 #include "settle/settlement.h"
 #include "storage/scqtutil.h"
 #include "storage/wayfernio.h"
 
 #include <QCoreApplication>
+#include <QGuiApplication>
 
 #include <cstdio>
+#include <cstdlib>
+#include <cstring>
 #include <fcntl.h>
 #include <unistd.h>
+
+#include <memory>
 
 namespace {
 
 int usage(const char *program)
 {
-    fprintf(stderr, "usage: %s [--settle | --csv costs|accounts] JOURNEY.wfn\n", program);
+    fprintf(stderr,
+            "usage: %s [--settle | --csv costs|accounts] JOURNEY.wfn\n"
+            "       %s JOURNEY.wfn --report FILE.pdf\n",
+            program, program);
     return 2;
 }
 
@@ -88,12 +100,33 @@ void printSettlement(WayFernData &document)
 
 int main(int argc, char **argv)
 {
-    QCoreApplication app(argc, argv);
-    QStringList args = app.arguments();
+    // The report's pages need fonts, so a GUI application, but never a display.
+    bool report = false;
+    for (int i = 1; i < argc; ++i)
+        report = report || strcmp(argv[i], "--report") == 0;
+    std::unique_ptr<QCoreApplication> app;
+    if (report) {
+        setenv("QT_QPA_PLATFORM", "offscreen", 0);
+        app = std::make_unique<QGuiApplication>(argc, argv);
+    } else {
+        app = std::make_unique<QCoreApplication>(argc, argv);
+    }
+    QStringList args = app->arguments();
     args.removeFirst();
 
-    enum class Mode { Overview, Settle, CsvCosts, CsvAccounts } mode = Mode::Overview;
-    if (args.value(0) == QLatin1String("--settle")) {
+    enum class Mode { Overview, Settle, CsvCosts, CsvAccounts, Report } mode = Mode::Overview;
+    QString reportPath;
+    const qsizetype reportAt = args.indexOf(QStringLiteral("--report"));
+    if (reportAt >= 0) {
+        reportPath = args.value(reportAt + 1);
+        if (reportPath.isEmpty() || reportPath.startsWith(QLatin1String("--")))
+            return usage(argv[0]);
+        args.remove(reportAt, 2);
+        mode = Mode::Report;
+    }
+    if (mode == Mode::Report) {
+        // The report stands alone: no other mode with it.
+    } else if (args.value(0) == QLatin1String("--settle")) {
         mode = Mode::Settle;
         args.removeFirst();
     } else if (args.value(0) == QLatin1String("--csv")) {
@@ -126,6 +159,18 @@ int main(int argc, char **argv)
         return 0;
     }
     JourneyCalc::refreshFigures(document, ScQtUtil::lastDate);
+    if (mode == Mode::Report) {
+        const JourneyReport figures = JourneyReport::fromJourney(document, args.first());
+        QString problem;
+        if (!ReportWriter::write(figures, reportPath, &problem)) {
+            fprintf(stderr, "wayfern-check: could not write the report %s: %s\n",
+                    qPrintable(reportPath), qPrintable(problem));
+            return 1;
+        }
+        printf("report    : %s\n", qPrintable(reportPath));
+        printf("report    : %s\n", qPrintable(ReportWriter::htmlPathFor(reportPath)));
+        return 0;
+    }
     const QByteArray csv = mode == Mode::CsvCosts ? JourneyCsv::costs(document)
                                                   : JourneyCsv::accounts(document);
     fwrite(csv.constData(), 1, size_t(csv.size()), stdout);
