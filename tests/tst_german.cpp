@@ -17,6 +17,7 @@
 #include "editors/userktoedit.h"
 #include "editors/userlistedit.h"
 #include "editors/userpayedit.h"
+#include "helpviewer/helpwindow.h"
 #include "rates/synclistedit.h"
 #include "shell/translationloader.h"
 #include "shell/wayfernapp.h"
@@ -32,7 +33,9 @@
 #include <QMessageBox>
 #include <QTabWidget>
 #include <QTemporaryDir>
+#include <QPushButton>
 #include <QTest>
+#include <QTextBrowser>
 #include <QToolButton>
 #include <QTranslator>
 #include <QTreeWidget>
@@ -121,13 +124,19 @@ private slots:
     void theProgramLooksBesideItselfThenInTheInstalledPlaceThenInTheCurrentDirectory()
     {
         const QStringList dirs = TranslationLoader::programDirs();
-        QCOMPARE(dirs.size(), 3);
-        QCOMPARE(dirs.at(0),
-                 QCoreApplication::applicationDirPath() + QStringLiteral("/translations"));
-        QVERIFY2(dirs.at(1).endsWith(QStringLiteral("/wayfern/translations")),
-                 qPrintable(dirs.at(1)));
-        QVERIFY(QDir::isAbsolutePath(dirs.at(1)));
-        QCOMPARE(dirs.at(2), QStringLiteral("."));
+        QCOMPARE(dirs.size(), 4);
+        const QString program = QCoreApplication::applicationDirPath();
+        QCOMPARE(dirs.at(0), program + QStringLiteral("/translations"));
+        // The installed place as seen from the installed program (found wherever the tree
+        // was installed), then as configured.
+        const QString fromProgram = QDir(program).relativeFilePath(dirs.at(1));
+        QVERIFY2(fromProgram.startsWith(QStringLiteral("../"))
+                     && fromProgram.endsWith(QStringLiteral("/wayfern/translations")),
+                 qPrintable(fromProgram));
+        QVERIFY2(dirs.at(2).endsWith(QStringLiteral("/wayfern/translations")),
+                 qPrintable(dirs.at(2)));
+        QVERIFY(QDir::isAbsolutePath(dirs.at(2)));
+        QCOMPARE(dirs.at(3), QStringLiteral("."));
     }
 
     void theCurrentDirectoryServesTheNewAndTheOldName()
@@ -156,6 +165,16 @@ private slots:
         QVERIFY(QDir::setCurrent(before));
     }
 
+    void theHelpWindowSpeaksGerman()
+    {
+        HelpWindow help;
+        QCOMPARE(help.windowTitle(), QStringLiteral("Wayfern-Hilfe"));
+        QCOMPARE(help.closeButton->text(), QStringLiteral("Schließen"));
+        help.showPage(QStringLiteral("/nonexistent/help.html"));
+        QCOMPARE(help.browser->toPlainText(),
+                 QStringLiteral("Die Hilfeseite /nonexistent/help.html wurde nicht gefunden."));
+    }
+
     void theMainWindowSpeaksGerman()
     {
         ShellFixture fx({QStringLiteral("sample.wfn")});
@@ -165,6 +184,7 @@ private slots:
         QCOMPARE(app.fileSave->toolTip(), QStringLiteral("Datei speichern"));
         QCOMPARE(app.fileOpen->statusTip(), QStringLiteral("Öffnet ein vorhandenes Dokument"));
         QCOMPARE(app.settleUp->text(), QStringLiteral("Abrechnen"));
+        QCOMPARE(app.report->text(), QStringLiteral("Bericht..."));
         // The keys are the same in every language.
         QCOMPARE(app.fileSave->shortcut(), QKeySequence(QStringLiteral("Ctrl+S")));
         // The window keeps no menu: its actions are on the toolbar.

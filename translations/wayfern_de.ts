@@ -499,6 +499,140 @@ Währungen.</translation>
     </message>
 </context>
 <context>
+    <name>HelpWindow</name>
+    <message>
+        <source>Wayfern help</source>
+        <translation>Wayfern-Hilfe</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>The help page %1 was not found.</source>
+        <translation>Die Hilfeseite %1 wurde nicht gefunden.</translation>
+    </message>
+</context>
+<context>
+    <name>JourneyReport</name>
+    <message>
+        <source>Journey</source>
+        <translation>Reise</translation>
+    </message>
+    <message>
+        <source>(no type)</source>
+        <translation>(ohne Art)</translation>
+    </message>
+    <message>
+        <source>%1 pays %2 %3 %4</source>
+        <translation>%1 zahlt %2 %3 %4</translation>
+    </message>
+    <message>
+        <source>No costs yet.</source>
+        <translation>Noch keine Kosten.</translation>
+    </message>
+    <message>
+        <source>%1 to %2, 1 day</source>
+        <translation>%1 bis %2, 1 Tag</translation>
+    </message>
+    <message>
+        <source>%1 to %2, %3 days</source>
+        <translation>%1 bis %2, %3 Tage</translation>
+    </message>
+    <message>
+        <source>Total: %1 %2 in %3 costs</source>
+        <translation>Summe: %1 %2 in %3 Kosten</translation>
+    </message>
+    <message>
+        <source>Per day: %1 %2</source>
+        <translation>Pro Tag: %1 %2</translation>
+    </message>
+    <message>
+        <source>Left unbooked by the division of shared costs: %1 %2</source>
+        <translation>Bei der Teilung gemeinsamer Kosten nicht gebucht: %1 %2</translation>
+    </message>
+    <message>
+        <source>Spending by category</source>
+        <translation>Ausgaben nach Art</translation>
+    </message>
+    <message>
+        <source>category</source>
+        <translation>Art</translation>
+    </message>
+    <message>
+        <source>Spending by traveller</source>
+        <translation>Ausgaben nach Reisendem</translation>
+    </message>
+    <message>
+        <source>traveller</source>
+        <translation>Reisender</translation>
+    </message>
+    <message>
+        <source>name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>deposits</source>
+        <translation>Einzahlungen</translation>
+    </message>
+    <message>
+        <source>shares of costs</source>
+        <translation>Kostenanteile</translation>
+    </message>
+    <message>
+        <source>pay-offs</source>
+        <translation>Auszahlungen</translation>
+    </message>
+    <message>
+        <source>balance</source>
+        <translation>Saldo</translation>
+    </message>
+    <message>
+        <source>Balances</source>
+        <translation>Salden</translation>
+    </message>
+    <message>
+        <source>Settlement plan</source>
+        <translation>Abrechnungsplan</translation>
+    </message>
+    <message>
+        <source>Costs</source>
+        <translation>Kosten</translation>
+    </message>
+    <message>
+        <source>date</source>
+        <translation>Datum</translation>
+    </message>
+    <message>
+        <source>type</source>
+        <translation>Art</translation>
+    </message>
+    <message>
+        <source>comment</source>
+        <translation>Kommentar</translation>
+    </message>
+    <message>
+        <source>value</source>
+        <translation>Betrag</translation>
+    </message>
+    <message>
+        <source>shared</source>
+        <translation>geteilt</translation>
+    </message>
+    <message>
+        <source>yes</source>
+        <translation>ja</translation>
+    </message>
+    <message>
+        <source>kitty</source>
+        <translation>Kasse</translation>
+    </message>
+    <message>
+        <source>Nobody owes anybody anything.</source>
+        <translation>Niemand schuldet jemandem etwas.</translation>
+    </message>
+</context>
+<context>
     <name>MainDlg1</name>
     <message>
         <source>WayFern</source>
@@ -667,6 +801,17 @@ Tippliste ein (über dem gewählten Eintrag).</translation>
     <message>
         <source>quality</source>
         <translation>Qualität</translation>
+    </message>
+</context>
+<context>
+    <name>ReportWriter</name>
+    <message>
+        <source>page %1</source>
+        <translation>Seite %1</translation>
+    </message>
+    <message>
+        <source>The PDF could not be painted.</source>
+        <translation>Das PDF konnte nicht gezeichnet werden.</translation>
     </message>
 </context>
 <context>
@@ -1881,6 +2026,48 @@ Der Plan lässt sich als Ein- und Auszahlungen buchen.</translation>
     <message>
         <source>new file</source>
         <translation>neue Datei</translation>
+    </message>
+    <message>
+        <source>Report...</source>
+        <translation>Bericht...</translation>
+    </message>
+    <message>
+        <source>Journey report</source>
+        <translation>Reisebericht</translation>
+    </message>
+    <message>
+        <source>Writes the journey report as PDF and HTML</source>
+        <translation>Schreibt den Reisebericht als PDF und HTML</translation>
+    </message>
+    <message>
+        <source>Journey report
+
+Writes the journey&apos;s dates, totals, spending by
+category and by traveller, the balances, who pays
+whom and every cost into a PDF file, and the same
+as an HTML page beside it.</source>
+        <translation>Reisebericht
+
+Schreibt die Daten der Reise, die Summen, die Ausgaben
+nach Art und nach Reisendem, die Salden, wer wem
+zahlt und alle Kosten in eine PDF-Datei und dasselbe
+als HTML-Seite daneben.</translation>
+    </message>
+    <message>
+        <source>Writing the journey report...</source>
+        <translation>Der Reisebericht wird geschrieben...</translation>
+    </message>
+    <message>
+        <source>Report aborted</source>
+        <translation>Bericht abgebrochen</translation>
+    </message>
+    <message>
+        <source>Writing the report failed</source>
+        <translation>Der Bericht konnte nicht geschrieben werden</translation>
+    </message>
+    <message>
+        <source>Report written: %1 and %2</source>
+        <translation>Bericht geschrieben: %1 und %2</translation>
     </message>
 </context>
 <context>
