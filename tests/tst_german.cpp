@@ -31,9 +31,9 @@
 #include <QLabel>
 #include <QLibraryInfo>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QTabWidget>
 #include <QTemporaryDir>
-#include <QPushButton>
 #include <QTest>
 #include <QTextBrowser>
 #include <QToolButton>

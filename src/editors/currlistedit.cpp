@@ -22,8 +22,7 @@ currListEdit::currListEdit(QWidget *parent, const char *name, bool modal, WayFer
 
     currDlg = new currEdit(this, "Input currency", true, doc);
     currDlg->hide();
-    syncListDlg =
-        new syncListEdit(this, "exchange rate list", true, doc);
+    syncListDlg = new syncListEdit(this, "exchange rate list", true, doc);
     syncListDlg->hide();
     showMaximized();
     StatusTextLabel->setText(QStringLiteral(""));

@@ -34,9 +34,9 @@ void userCashEdit::prepare(QString type, QString date, UserData *u, KtoData *lin
         TextLabel->setText(cashDate);
     tmp = *line;
     // The stored word stays as it is; the caption shows it in the user's language.
-    const QString shownType = cashType == QLatin1String("deposit")   ? tr("deposit")
-                              : cashType == QLatin1String("pay off") ? tr("pay off")
-                                                                     : cashType;
+    const QString shownType = cashType == QLatin1String("deposit") ? tr("deposit")
+        : cashType == QLatin1String("pay off")                     ? tr("pay off")
+                                                                   : cashType;
     setWindowTitle(shownType + QLatin1Char('-') + user->short_);
 
     modified = false;

@@ -12,7 +12,8 @@ QStringList programDirs()
     const QString program = QCoreApplication::applicationDirPath();
     QStringList dirs{program + QStringLiteral("/translations")};
 #ifdef WAYFERN_TRANSLATIONS_FROM_PROGRAM
-    dirs.append(QDir::cleanPath(program + u'/' + QStringLiteral(WAYFERN_TRANSLATIONS_FROM_PROGRAM)));
+    dirs.append(
+        QDir::cleanPath(program + u'/' + QStringLiteral(WAYFERN_TRANSLATIONS_FROM_PROGRAM)));
 #endif
 #ifdef WAYFERN_TRANSLATIONS_DIR
     dirs.append(QStringLiteral(WAYFERN_TRANSLATIONS_DIR));

@@ -46,6 +46,4 @@ void UserData::clearKto()
 
 // The two types are stored words: the journey file holds them as they are, in every
 // language, and a currency is floating when its stored type is this word.
-CurrData::CurrData() : floating(QStringLiteral("floating")), fix(QStringLiteral("fix"))
-{
-}
+CurrData::CurrData() : floating(QStringLiteral("floating")), fix(QStringLiteral("fix")) {}
