@@ -1,6 +1,6 @@
 // The costs and accounts of a journey as CSV files for spreadsheets.
 
-#include "coretestutil.h"
+#include "journeyfixture.h"
 
 #include "data/journeycalc.h"
 #include "data/wayferndata.h"
@@ -14,15 +14,9 @@ class TestJourneyCsv : public QObject
 {
     Q_OBJECT
 
-    // The fixture journey as the window has it after opening it.
     bool readFixture(WayFernData &doc)
     {
-        StdoutCapture quiet;
-        WayfernIO io(&doc);
-        if (io.ReadFile(fixture(QStringLiteral("check-journey.wfn"))) != 0)
-            return false;
-        JourneyCalc::refreshFigures(doc, ScQtUtil::lastDate);
-        return true;
+        return readJourneyFixture(doc, QStringLiteral("check-journey.wfn"));
     }
 
 private slots:

@@ -1,6 +1,6 @@
 // The figures of the journey report and its HTML page.
 
-#include "coretestutil.h"
+#include "journeyfixture.h"
 
 #include "data/journeycalc.h"
 #include "data/wayferndata.h"
@@ -11,17 +11,6 @@
 #include <QtTest>
 
 namespace {
-
-// A journey of tests/data as the window has it after opening it.
-bool readJourney(WayFernData &doc, const QString &name)
-{
-    StdoutCapture quiet;
-    WayfernIO io(&doc);
-    if (io.ReadFile(fixture(name)) != 0)
-        return false;
-    JourneyCalc::refreshFigures(doc, ScQtUtil::lastDate);
-    return true;
-}
 
 QStringList barTexts(const QList<JourneyReport::Bar> &bars)
 {
@@ -43,7 +32,7 @@ private slots:
     void titleDatesDaysAndTotals()
     {
         WayFernData doc;
-        QVERIFY(readJourney(doc, QStringLiteral("check-journey.wfn")));
+        QVERIFY(readJourneyFixture(doc, QStringLiteral("check-journey.wfn")));
         const JourneyReport r = JourneyReport::fromJourney(doc, QStringLiteral("/x/alpine.wfn"));
         QCOMPARE(r.title, QStringLiteral("Alpine Loop"));
         QCOMPARE(r.fileName, QStringLiteral("/x/alpine.wfn"));
@@ -62,7 +51,7 @@ private slots:
     void categorySumsInTheOrderOfTheCostTypes()
     {
         WayFernData doc;
-        QVERIFY(readJourney(doc, QStringLiteral("check-journey.wfn")));
+        QVERIFY(readJourneyFixture(doc, QStringLiteral("check-journey.wfn")));
         const JourneyReport r = JourneyReport::fromJourney(doc, QString());
         // Food: 10.00 of the dinner and nothing of the unknown money.
         QCOMPARE(barTexts(r.categories), QStringList({"Food=10.00", "Hotel=45.50", "Train=24.50"}));
@@ -72,7 +61,7 @@ private slots:
     void aTypeThatIsNoCategoryStillGetsABar()
     {
         WayFernData doc;
-        QVERIFY(readJourney(doc, QStringLiteral("check-journey.wfn")));
+        QVERIFY(readJourneyFixture(doc, QStringLiteral("check-journey.wfn")));
         doc.costs.at(0)->type = QStringLiteral("Ferry");
         doc.costs.at(1)->type = QString();
         const JourneyReport r = JourneyReport::fromJourney(doc, QString());
@@ -85,7 +74,7 @@ private slots:
     void travellersDepositsSharesPayOffsAndBalances()
     {
         WayFernData doc;
-        QVERIFY(readJourney(doc, QStringLiteral("check-journey.wfn")));
+        QVERIFY(readJourneyFixture(doc, QStringLiteral("check-journey.wfn")));
         const JourneyReport r = JourneyReport::fromJourney(doc, QString());
         QCOMPARE(r.travellers.size(), 3);
         const JourneyReport::Traveller &ab = r.travellers.at(0);
@@ -110,7 +99,7 @@ private slots:
     void balancesWithTheKittyAndThePlan()
     {
         WayFernData doc;
-        QVERIFY(readJourney(doc, QStringLiteral("check-journey.wfn")));
+        QVERIFY(readJourneyFixture(doc, QStringLiteral("check-journey.wfn")));
         const JourneyReport r = JourneyReport::fromJourney(doc, QString());
         QStringList balances;
         for (const JourneyReport::Balance &b : r.balances)
@@ -125,7 +114,7 @@ private slots:
     void costRowsInDateOrder()
     {
         WayFernData doc;
-        QVERIFY(readJourney(doc, QStringLiteral("check-journey.wfn")));
+        QVERIFY(readJourneyFixture(doc, QStringLiteral("check-journey.wfn")));
         const JourneyReport r = JourneyReport::fromJourney(doc, QString());
         QCOMPARE(r.costs.size(), 4);
         QStringList rows;
@@ -143,7 +132,7 @@ private slots:
     void aJourneyWithoutNameIsTitledByItsFile()
     {
         WayFernData doc;
-        QVERIFY(readJourney(doc, QStringLiteral("check-journey.wfn")));
+        QVERIFY(readJourneyFixture(doc, QStringLiteral("check-journey.wfn")));
         doc.journeyname.clear();
         QCOMPARE(JourneyReport::fromJourney(doc, QStringLiteral("/trips/north.wfn")).title,
                  QStringLiteral("north"));
@@ -170,7 +159,7 @@ private slots:
     void theHtmlPageHoldsTheFigures()
     {
         WayFernData doc;
-        QVERIFY(readJourney(doc, QStringLiteral("check-journey.wfn")));
+        QVERIFY(readJourneyFixture(doc, QStringLiteral("check-journey.wfn")));
         const QString html = JourneyReport::fromJourney(doc, QString()).html();
         QVERIFY(html.startsWith(QStringLiteral("<!DOCTYPE html>")));
         QVERIFY(html.contains(QStringLiteral("<meta charset=\"utf-8\">")));
@@ -199,7 +188,7 @@ private slots:
     void markupInACommentIsEscaped()
     {
         WayFernData doc;
-        QVERIFY(readJourney(doc, QStringLiteral("check-journey.wfn")));
+        QVERIFY(readJourneyFixture(doc, QStringLiteral("check-journey.wfn")));
         doc.costs.at(0)->comment = QStringLiteral("<b>&\"");
         doc.journeyname = QStringLiteral("Tom & <Jerry>");
         const QString html = JourneyReport::fromJourney(doc, QString()).html();

@@ -1,7 +1,7 @@
 // The journey report on paper: the PDF's text read back with pdftotext, and the HTML page
 // written beside it.
 
-#include "coretestutil.h"
+#include "journeyfixture.h"
 
 #include "data/journeycalc.h"
 #include "data/wayferndata.h"
@@ -15,16 +15,6 @@
 #include <QtTest>
 
 namespace {
-
-bool readJourney(WayFernData &doc, const QString &name)
-{
-    StdoutCapture quiet;
-    WayfernIO io(&doc);
-    if (io.ReadFile(fixture(name)) != 0)
-        return false;
-    JourneyCalc::refreshFigures(doc, ScQtUtil::lastDate);
-    return true;
-}
 
 // The text of a PDF as `pdftotext -layout` lays it out; empty with `error` set when the
 // tool fails or is missing (poppler-utils).
@@ -86,7 +76,7 @@ private slots:
     void thePdfHoldsTitleTotalsCategoriesPlanAndCosts()
     {
         WayFernData doc;
-        QVERIFY(readJourney(doc, QStringLiteral("check-journey.wfn")));
+        QVERIFY(readJourneyFixture(doc, QStringLiteral("check-journey.wfn")));
         const JourneyReport report = JourneyReport::fromJourney(doc, QStringLiteral("alpine.wfn"));
         QTemporaryDir dir;
         const QString pdf = dir.filePath(QStringLiteral("alpine.pdf"));
@@ -123,7 +113,7 @@ private slots:
     void theHtmlPageIsWrittenBesideThePdf()
     {
         WayFernData doc;
-        QVERIFY(readJourney(doc, QStringLiteral("check-journey.wfn")));
+        QVERIFY(readJourneyFixture(doc, QStringLiteral("check-journey.wfn")));
         const JourneyReport report = JourneyReport::fromJourney(doc, QString());
         QTemporaryDir dir;
         const QString pdf = dir.filePath(QStringLiteral("alpine.pdf"));
@@ -157,7 +147,7 @@ private slots:
     void aJourneyWithOneTravellerGivesAValidPdf()
     {
         WayFernData doc;
-        QVERIFY(readJourney(doc, QStringLiteral("northern.wfn")));
+        QVERIFY(readJourneyFixture(doc, QStringLiteral("northern.wfn")));
         QCOMPARE(doc.users.count(), 1);
         const JourneyReport report = JourneyReport::fromJourney(doc, QString());
         QTemporaryDir dir;
@@ -178,7 +168,7 @@ private slots:
     void aLongCostListGoesOnOverPagesWithItsHeader()
     {
         WayFernData doc;
-        QVERIFY(readJourney(doc, QStringLiteral("check-journey.wfn")));
+        QVERIFY(readJourneyFixture(doc, QStringLiteral("check-journey.wfn")));
         JourneyReport report = JourneyReport::fromJourney(doc, QString());
         const JourneyReport::Cost model = report.costs.first();
         for (int i = 0; i < 300; ++i) {
@@ -214,7 +204,7 @@ private slots:
     void aPlaceThatCannotBeWrittenSaysWhyAndLeavesNothing()
     {
         WayFernData doc;
-        QVERIFY(readJourney(doc, QStringLiteral("check-journey.wfn")));
+        QVERIFY(readJourneyFixture(doc, QStringLiteral("check-journey.wfn")));
         const JourneyReport report = JourneyReport::fromJourney(doc, QString());
         QTemporaryDir dir;
         // Even root cannot make a folder of a plain file.
