@@ -2,7 +2,7 @@
 # The window served over VNC as the run command serves it: with the loopback library
 # preloaded the VNC server listens on the loopback address only and answers there; without
 # it, the same server listens on every interface (which is why the library is there).
-#   vncloopback_test.sh WAYFERN LOOPBACK_LIBRARY SOURCE_DIR
+#   vncloopback-check.sh WAYFERN LOOPBACK_LIBRARY SOURCE_DIR
 set -euo pipefail
 program="$1"
 library="$2"
