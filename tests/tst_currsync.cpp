@@ -582,7 +582,10 @@ void TestCurrSync::forkFailureShowsBoxAndStartsNothing()
 
 void TestCurrSync::destructorReapsEndedChildren()
 {
+    // Neither the reaper nor the page poll may look at the child before the destructor:
+    // either would reap it first.
     currSync::setReapInterval(3600000);
+    currSync::setIntervals(3600000, 3600000, 3600000);
     qputenv("FAKE_WGET_STATUS", "1");
     usePath(QStringLiteral(FAKE_WGET_DIR));
     makeGrabber();
