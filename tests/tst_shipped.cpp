@@ -15,6 +15,16 @@
 
 namespace {
 const QString share = QStringLiteral(WAYFERN_SHARE_DIR);
+
+// A user whose home is `home` and who has set neither directory: the preparation's defaults.
+QProcessEnvironment freshUser(const QTemporaryDir &home)
+{
+    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+    env.insert(QStringLiteral("HOME"), home.path());
+    env.remove(QStringLiteral("WAYFERNCFG"));
+    env.remove(QStringLiteral("WAYFERN_DATA"));
+    return env;
+}
 } // namespace
 
 class TestShipped : public QObject
@@ -110,10 +120,7 @@ void TestShipped::firstStartPreparesConfigurationAndJourneys()
 {
     QTemporaryDir home;
     QProcess prepare;
-    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-    env.insert(QStringLiteral("HOME"), home.path());
-    env.remove(QStringLiteral("WAYFERNCFG"));
-    env.remove(QStringLiteral("WAYFERN_DATA"));
+    QProcessEnvironment env = freshUser(home);
     env.insert(QStringLiteral("WAYFERN_HELPPROG"), QStringLiteral("/usr/bin/true"));
     prepare.setProcessEnvironment(env);
     prepare.start(QStringLiteral("bash"), {share + QStringLiteral("/../scripts/prepare-user.sh")});
@@ -138,10 +145,7 @@ void TestShipped::firstStartPreparesConfigurationAndJourneys()
 void TestShipped::laterStartKeepsUsersFiles()
 {
     QTemporaryDir home;
-    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-    env.insert(QStringLiteral("HOME"), home.path());
-    env.remove(QStringLiteral("WAYFERNCFG"));
-    env.remove(QStringLiteral("WAYFERN_DATA"));
+    QProcessEnvironment env = freshUser(home);
     const auto run = [&] {
         QProcess prepare;
         prepare.setProcessEnvironment(env);
@@ -171,10 +175,7 @@ void TestShipped::preparationTakesTheInstalledPlacesItIsGiven()
     const QString viewer = QStringLiteral("/opt/way fern/libexec/wayfern-help");
     const QString page = QStringLiteral("/opt/way fern/share/help/wayfern.html");
     QProcess prepare;
-    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-    env.insert(QStringLiteral("HOME"), home.path());
-    env.remove(QStringLiteral("WAYFERNCFG"));
-    env.remove(QStringLiteral("WAYFERN_DATA"));
+    QProcessEnvironment env = freshUser(home);
     env.insert(QStringLiteral("WAYFERN_HELPPROG"), QStringLiteral("/usr/bin/true"));
     prepare.setProcessEnvironment(env);
     prepare.start(QStringLiteral("bash"),
@@ -202,10 +203,7 @@ void TestShipped::preparationRefusesAnOptionWithoutValue()
 {
     QTemporaryDir home;
     QProcess prepare;
-    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-    env.insert(QStringLiteral("HOME"), home.path());
-    env.remove(QStringLiteral("WAYFERNCFG"));
-    env.remove(QStringLiteral("WAYFERN_DATA"));
+    QProcessEnvironment env = freshUser(home);
     prepare.setProcessEnvironment(env);
     prepare.start(
         QStringLiteral("bash"),
