@@ -474,7 +474,7 @@ const char *checkSplit(const QString &line)
         return nullptr;
     }
     EXPECT(result == 0, "split: whole record not 0");
-    EXPECT(!util.value.contains(u';'), "split: value holds ';'");
+    EXPECT(!util.rest.contains(u';'), "split: the value stops before the last ';'");
     EXPECT(util.key + util.sep + util.value + u';' + util.rest == line,
            "split: the parts do not make the line");
     return nullptr;

@@ -66,7 +66,7 @@ private slots:
     void emptyFactorReadsAsOne();
     void nullOrEmptyExchangeStaysAsWritten();
     void nullTextsAreWrittenEmpty();
-    void textWithSemicolonIsCutOnReading();
+    void textWithSemicolonSurvivesSaveAndOpen();
     void multiLineCommentLosesTheRestOfItsRecord();
     void equalShortNamesShareAccountSections();
     void customCountAboveLinesAtHandMergesNextSection();
@@ -636,18 +636,41 @@ void TestJourneyFile::nullTextsAreWrittenEmpty()
     QVERIFY(!bytes.contains("(null)"));
 }
 
-void TestJourneyFile::textWithSemicolonIsCutOnReading()
+void TestJourneyFile::textWithSemicolonSurvivesSaveAndOpen()
 {
     WayFernData doc;
     doc.journeyname = QStringLiteral("Lakes; and hills");
-    doc.costs.append()->comment = QStringLiteral("a=b; c");
+    CostsData *cost = doc.costs.append();
+    cost->comment = QStringLiteral("a=b; c;");
+    cost->id = 1;
+    TipData *tip = doc.tips.append();
+    tip->name = QStringLiteral("Inn; the old one");
+    tip->tiptype = QStringLiteral("Camping");
+    CustomData *custom = tip->customs.append();
+    custom->text = QStringLiteral("Pitch");
+    custom->content = QStringLiteral("12; by the lake");
+    UserData *user = doc.users.append();
+    user->short_ = QStringLiteral("AB");
+    user->street = QStringLiteral("Main St. 3; back door");
     WayfernIO io(&doc);
     const QString out = path(QStringLiteral("semi.wfn"));
     QCOMPARE(io.WriteFile(out), 0);
     WayFernData back;
     QCOMPARE(read(back, readBytes(out)), 0);
-    QCOMPARE(back.journeyname, QStringLiteral("Lakes"));
-    QCOMPARE(back.costs.at(0)->comment, QStringLiteral("a=b"));
+    QCOMPARE(back.journeyname, QStringLiteral("Lakes; and hills"));
+    QCOMPARE(back.costs.at(0)->comment, QStringLiteral("a=b; c;"));
+    QCOMPARE(back.tips.at(0)->name, QStringLiteral("Inn; the old one"));
+    QCOMPARE(back.tips.at(0)->customs.at(0)->content, QStringLiteral("12; by the lake"));
+    QCOMPARE(back.users.at(0)->street, QStringLiteral("Main St. 3; back door"));
+
+    // And a second save writes the same records again.
+    WayfernIO io2(&back);
+    const QString again = path(QStringLiteral("semi2.wfn"));
+    QCOMPARE(io2.WriteFile(again), 0);
+    const QList<QByteArray> a = undatedLines(readBytes(out));
+    const QList<QByteArray> b = undatedLines(readBytes(again));
+    QCOMPARE(a.mid(0, a.size() - 2), b.mid(0, b.size() - 2));
+    QVERIFY(a.contains("COMMENT=a=b; c;;"));
 }
 
 void TestJourneyFile::multiLineCommentLosesTheRestOfItsRecord()

@@ -34,7 +34,7 @@ private slots:
     void splitRecordTable_data();
     void splitRecordTable();
     void emptyValueKeepsKey();
-    void textBehindFirstSemicolonGoesToRest();
+    void valueRunsToLastSemicolon();
     void nullOrEmptyLineKeepsFields();
     void stringValueNeverNull();
     void readLineDropsLineEndings();
@@ -83,10 +83,14 @@ void TestScQtUtil::splitRecordTable_data()
                                      << "A"
                                      << "B=C"
                                      << "" << 0;
-    QTest::newRow("two records") << "A=B;C=D;"
-                                 << "A"
-                                 << "B"
-                                 << "C=D;" << 0;
+    QTest::newRow("semicolons in value") << "A=B;C=D;"
+                                         << "A"
+                                         << "B;C=D"
+                                         << "" << 0;
+    QTest::newRow("text behind last semicolon") << "A=B;C"
+                                                << "A"
+                                                << "B"
+                                                << "C" << 0;
     QTest::newRow("empty value") << "A=;"
                                  << "A"
                                  << ""
@@ -137,15 +141,15 @@ void TestScQtUtil::emptyValueKeepsKey()
     QCOMPARE(util.value, QStringLiteral(""));
 }
 
-void TestScQtUtil::textBehindFirstSemicolonGoesToRest()
+void TestScQtUtil::valueRunsToLastSemicolon()
 {
     ScQtUtil util;
     util.splitRecord(QStringLiteral("A=B;C=D;"));
-    QCOMPARE(util.value, QStringLiteral("B"));
-    QCOMPARE(util.rest, QStringLiteral("C=D;"));
-    // The reader goes by key and value alone: C=D is lost to it.
+    QCOMPARE(util.value, QStringLiteral("B;C=D"));
+    QCOMPARE(util.rest, QStringLiteral(""));
+    // The reader sees the whole value, ";" and all.
     RecordStream stream = streamOf(QStringLiteral("A=B;C=D;\n\n"));
-    QCOMPARE(walk(stream), QStringList{QStringLiteral("A|B")});
+    QCOMPARE(walk(stream), QStringList{QStringLiteral("A|B;C=D")});
 }
 
 void TestScQtUtil::nullOrEmptyLineKeepsFields()

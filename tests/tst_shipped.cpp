@@ -35,6 +35,7 @@ private slots:
     void templateReadsWithoutComplaint();
     void templateIsWrittenAsItStands();
     void templateHasCapitalisedCostTypes();
+    void templateStartsJourneysWithSharingOn();
     void configurationReadsWithoutComplaint();
     void firstStartPreparesConfigurationAndJourneys();
     void laterStartKeepsUsersFiles();
@@ -96,6 +97,15 @@ void TestShipped::templateHasCapitalisedCostTypes()
     // Every cost type shows a letter in the cost list.
     for (const CTypeData *row : doc.ctypes)
         QVERIFY2(*doc.firstCapital(row->type) != 0, qPrintable(row->type));
+}
+
+void TestShipped::templateStartsJourneysWithSharingOn()
+{
+    // Most journeys are made by several travellers: a new one shares its costs from the start.
+    WayFernData doc;
+    WayfernIO io(&doc);
+    QCOMPARE(io.ReadFile(share + QStringLiteral("/template.wfn")), 0);
+    QVERIFY(doc.userflag);
 }
 
 void TestShipped::configurationReadsWithoutComplaint()

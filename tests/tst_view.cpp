@@ -607,7 +607,7 @@ private slots:
         QVERIFY(!app.doc->isModified());
     }
 
-    void deleteAfterARefreshTakesTheRememberedRowAndYesRemovesItsAccountLines()
+    void deleteAfterARefreshTakesTheRememberedRowAndYesRemovesItsAccountLinesAndMarksTheJourney()
     {
         ShellFixture fx({QStringLiteral("sample.wfn")});
         fx.writeLast(QStringLiteral("sample.wfn"));
@@ -629,11 +629,11 @@ private slots:
         QCOMPARE(v->CostsListView->topLevelItemCount(), 4);
         // Each traveller's balance lost the 16.6667 of the boat.
         QCOMPARE(app.doc->users.at(1)->value, -48.0);
-        // Deleting does not mark the journey.
-        QVERIFY(!app.doc->isModified());
+        // A deletion is a change: Quit must ask before it is lost.
+        QVERIFY(app.doc->isModified());
     }
 
-    void aPastedCostStandsAboveTheSelectedOneOnlyOnTheSameDate()
+    void aPastedCostStandsAboveTheSelectedOneOnlyOnTheSameDateAndMarksTheJourney()
     {
         ShellFixture fx({QStringLiteral("sample.wfn")});
         fx.writeLast(QStringLiteral("sample.wfn"));
@@ -671,7 +671,7 @@ private slots:
         QCOMPARE(app.doc->costs.at(5)->type, QStringLiteral("Museum"));
         QCOMPARE(WidgetReaders::columnTexts(list, 0),
                  (QStringList{"30.05", "30.05", "30.05", "30.05", "31.05", "01.06", "02.06"}));
-        QVERIFY(!app.doc->isModified());
+        QVERIFY(app.doc->isModified());
     }
 
     void aCostCopiedIntoAJourneyWithoutItsCurrencyKeepsItAndShowsNoBaseAmount()

@@ -469,6 +469,7 @@ void WayfernView::slotCostsNew()
         doc->removeAllKto(id);
         doc->costs.remove(cost);
         actucost = doc->costs.first();
+        doc->setModified(true);
     }
     refreshView();
 }
@@ -506,6 +507,7 @@ void WayfernView::slotCostsDelete()
         doc->removeAllKto(cost->id);
         doc->costs.remove(cost);
         actucost = doc->costs.first();
+        doc->setModified(true);
     }
     refreshView();
 }
@@ -530,6 +532,7 @@ void WayfernView::slotCPaste()
     // A new cost of its own: the source's account lines stay with the source.
     cost->id = doc->nextCostId();
     cost->shared = false;
+    doc->setModified(true);
     refreshView();
 }
 
@@ -574,8 +577,10 @@ void WayfernView::slotTipDelete()
         + QStringLiteral("\n") + tip->name + QStringLiteral("\n\n") + tr("confirm with yes !");
     const auto answer = QMessageBox::information(this, tr("Delete item"), text,
                                                  QMessageBox::Yes | QMessageBox::Cancel);
-    if (answer == QMessageBox::Yes)
+    if (answer == QMessageBox::Yes) {
         doc->tips.remove(tip);
+        doc->setModified(true);
+    }
     // Whatever the answer, the first tip becomes the current one.
     actutip = doc->tips.first();
     fillTips();
@@ -598,5 +603,6 @@ void WayfernView::slotTPaste()
     TipData *tip = doc->tips.insert(doc->tips.indexOf(actutip));
     actutip = tip;
     tipInput->copyData(&tipBuffer, tip);
+    doc->setModified(true);
     refreshView();
 }

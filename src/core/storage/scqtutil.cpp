@@ -34,7 +34,9 @@ int ScQtUtil::splitRecord(QStringView line, RecordView &parts)
     parts.key = line.left(eq);
     parts.sep = line.mid(eq, 1);
     const QStringView remainder = line.mid(eq + 1);
-    const qsizetype semi = remainder.indexOf(u';');
+    // The value runs to the last ";": text with a ";" of its own comes back whole, and a
+    // line whose value holds none splits as it always did.
+    const qsizetype semi = remainder.lastIndexOf(u';');
     if (semi < 0)
         return -1;
     parts.value = remainder.left(semi);

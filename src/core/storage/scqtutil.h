@@ -27,8 +27,8 @@ public:
     // Parts of the record last split by splitRecord.
     QString key;
     QString sep;
-    QString value;
-    QString rest;
+    QString value; // up to the last ";" of the line
+    QString rest;  // behind it
 
     // The parts of one line as views into it.
     struct RecordView

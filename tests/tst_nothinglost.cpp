@@ -1,0 +1,239 @@
+// Through the main window: a change of any kind reaches the file. Deleting or pasting a
+// cost or a tip makes Quit ask, and Yes saves it; a text with ";" comes back whole after a
+// restart.
+
+#include "editortestutil.h"
+#include "modalhelper.h"
+#include "shellfixture.h"
+#include "widgetreaders.h"
+
+#include "data/wayferndata.h"
+#include "editors/tipedit.h"
+#include "shell/wayfernapp.h"
+#include "shell/wayfernview.h"
+
+#include <QFile>
+#include <QRegularExpression>
+#include <QTest>
+#include <QTreeWidget>
+
+#include <memory>
+
+namespace {
+
+QByteArray fileBytes(const QString &path)
+{
+    QFile f(path);
+    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray("<unreadable>");
+}
+
+// The file without its two dated comment lines, which differ from save to save.
+QByteArray undated(const QByteArray &bytes)
+{
+    QList<QByteArray> lines = bytes.split('\n');
+    lines.removeIf([](const QByteArray &line) {
+        return line.startsWith("# last modified :") || line.startsWith("#                 time =");
+    });
+    return lines.join('\n');
+}
+
+// The sample journey in a window, on the tab `tab` (1 costs, 2 tips), shown so that rows can
+// be tapped.
+struct Window
+{
+    explicit Window(const ShellFixture &fx, int tab)
+    {
+        fx.writeLast(QStringLiteral("sample.wfn"));
+        app = std::make_unique<WayfernApp>();
+        v = app->view;
+        doc = app->doc;
+        app->show();
+        v->TabWidget2->setCurrentIndex(tab);
+        QVERIFY(QTest::qWaitForWindowExposed(app.get()));
+    }
+    std::unique_ptr<WayfernApp> app;
+    WayfernView *v = nullptr;
+    WayFernData *doc = nullptr;
+};
+
+// Quit with Yes to the save question; false with a message when no question came.
+bool quitAndSave(WayfernApp &app, QString *error)
+{
+    ModalTicket question = ModalHelper::answerNextMessageBox(QMessageBox::Yes);
+    app.fileQuit->trigger();
+    if (!question->handled) {
+        *error = QStringLiteral("Quit asked nothing: ") + question->error;
+        return false;
+    }
+    if (question->title != QLatin1String("Quit ... ")
+        || question->text
+            != QLatin1String("You have modified the data!\nDo you want to save the changes ?")) {
+        *error = QStringLiteral("another question: ") + question->title + u'|' + question->text;
+        return false;
+    }
+    return true;
+}
+
+QStringList costComments(const WayFernData &doc)
+{
+    QStringList comments;
+    for (const CostsData *cost : doc.costs)
+        comments << cost->comment;
+    return comments;
+}
+
+QStringList tipNames(WayfernView *v)
+{
+    return WidgetReaders::columnTexts(v->TipListView, 1);
+}
+
+} // namespace
+
+class TestNothingLost : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init() { QTest::failOnWarning(QRegularExpression("Not implemented yet!")); }
+
+    void deletedCostMakesQuitAskAndYesSavesTheDeletion()
+    {
+        ShellFixture fx({QStringLiteral("sample.wfn")});
+        const QString sample = fx.dataFile(QStringLiteral("sample.wfn"));
+        {
+            Window w(fx, 1);
+            QVERIFY(ModalHelper::tapItem(w.v->CostsListView,
+                                         w.v->CostsListView->topLevelItem(3)));
+            QCOMPARE(w.v->actucost->comment, QStringLiteral("Boat"));
+            ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::Yes);
+            QTest::mouseClick(w.v->DeleteButton, Qt::LeftButton);
+            QVERIFY2(box->handled, qPrintable(box->error));
+            QCOMPARE(w.v->CostsListView->topLevelItemCount(), 4);
+            QString error;
+            QVERIFY2(quitAndSave(*w.app, &error), qPrintable(error));
+        }
+        QVERIFY(!fileBytes(sample).contains("COMMENT=Boat;"));
+        Window again(fx, 1);
+        QCOMPARE(again.doc->costs.count(), 4);
+        QVERIFY(!costComments(*again.doc).contains(QStringLiteral("Boat")));
+        QCOMPARE(again.v->CostsListView->topLevelItemCount(), 4);
+        QVERIFY(!again.doc->isModified());
+    }
+
+    void pastedCostMakesQuitAskAndYesSavesIt()
+    {
+        ShellFixture fx({QStringLiteral("sample.wfn")});
+        const QString sample = fx.dataFile(QStringLiteral("sample.wfn"));
+        {
+            Window w(fx, 1);
+            QVERIFY(ModalHelper::tapItem(w.v->CostsListView,
+                                         w.v->CostsListView->topLevelItem(3)));
+            QTest::mouseClick(w.v->CopyButton, Qt::LeftButton);
+            QTest::mouseClick(w.v->PasteButton, Qt::LeftButton);
+            QCOMPARE(w.v->CostsListView->topLevelItemCount(), 6);
+            QString error;
+            QVERIFY2(quitAndSave(*w.app, &error), qPrintable(error));
+        }
+        QCOMPARE(fileBytes(sample).count("COMMENT=Boat;"), 2);
+        Window again(fx, 1);
+        QCOMPARE(again.doc->costs.count(), 6);
+        QCOMPARE(costComments(*again.doc).count(QStringLiteral("Boat")), 2);
+        QCOMPARE(again.v->CostsListView->topLevelItemCount(), 6);
+    }
+
+    void deletedTipMakesQuitAskAndYesSavesTheDeletion()
+    {
+        ShellFixture fx({QStringLiteral("sample.wfn")});
+        const QString sample = fx.dataFile(QStringLiteral("sample.wfn"));
+        {
+            Window w(fx, 2);
+            QVERIFY(ModalHelper::tapItem(w.v->TipListView, w.v->TipListView->topLevelItem(2)));
+            ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::Yes);
+            QTest::mouseClick(w.v->TDeleteButton, Qt::LeftButton);
+            QVERIFY2(box->handled, qPrintable(box->error));
+            QCOMPARE(tipNames(w.v), (QStringList{"Lakeside hostel", "Zum Anker"}));
+            QString error;
+            QVERIFY2(quitAndSave(*w.app, &error), qPrintable(error));
+        }
+        QVERIFY(!fileBytes(sample).contains("NAME=Glacier garden;"));
+        Window again(fx, 2);
+        QCOMPARE(tipNames(again.v), (QStringList{"Lakeside hostel", "Zum Anker"}));
+    }
+
+    void pastedTipMakesQuitAskAndYesSavesIt()
+    {
+        ShellFixture fx({QStringLiteral("sample.wfn")});
+        const QString sample = fx.dataFile(QStringLiteral("sample.wfn"));
+        {
+            Window w(fx, 2);
+            QVERIFY(ModalHelper::tapItem(w.v->TipListView, w.v->TipListView->topLevelItem(2)));
+            QTest::mouseClick(w.v->TCopyButton, Qt::LeftButton);
+            QTest::mouseClick(w.v->TPasteButton, Qt::LeftButton);
+            QCOMPARE(tipNames(w.v).count(QStringLiteral("Glacier garden")), 2);
+            QString error;
+            QVERIFY2(quitAndSave(*w.app, &error), qPrintable(error));
+        }
+        QCOMPARE(fileBytes(sample).count("NAME=Glacier garden;"), 2);
+        Window again(fx, 2);
+        QCOMPARE(tipNames(again.v).count(QStringLiteral("Glacier garden")), 2);
+    }
+
+    void cancelledDeletionLeavesTheJourneyUnmodified()
+    {
+        ShellFixture fx({QStringLiteral("sample.wfn")});
+        Window w(fx, 1);
+        QVERIFY(ModalHelper::tapItem(w.v->CostsListView, w.v->CostsListView->topLevelItem(3)));
+        ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::Cancel);
+        QTest::mouseClick(w.v->DeleteButton, Qt::LeftButton);
+        QVERIFY2(box->handled, qPrintable(box->error));
+        QCOMPARE(w.doc->costs.count(), 5);
+        QVERIFY(!w.doc->isModified());
+    }
+
+    void tipCommentWithSemicolonComesBackWholeAfterARestart()
+    {
+        ShellFixture fx({QStringLiteral("sample.wfn")});
+        const QString sample = fx.dataFile(QStringLiteral("sample.wfn"));
+        const QString comment = QStringLiteral("Ask for the lake room; and the early breakfast");
+        QByteArray savedOnce;
+        {
+            Window w(fx, 2);
+            QVERIFY(ModalHelper::tapItem(w.v->TipListView, w.v->TipListView->topLevelItem(0)));
+            ModalTicket dialog = ModalHelper::onNextModal(
+                [](QWidget *widget) { return qobject_cast<tipEdit *>(widget) != nullptr; },
+                [comment](QWidget *widget, ModalOutcome &out) {
+                    auto *ed = static_cast<tipEdit *>(widget);
+                    QTreeWidgetItem *row = ed->util.findTreeItem(
+                        ed->ListView, QStringLiteral("common"), QStringLiteral("comment"), 0);
+                    if (!row) {
+                        out.error = QStringLiteral("no comment row");
+                        ed->reject();
+                        return;
+                    }
+                    row->parent()->setExpanded(true);
+                    if (!ModalHelper::tapItem(ed->ListView, row))
+                        out.error = QStringLiteral("can't tap the comment row");
+                    ed->LineEdit->clear();
+                    QTest::keyClicks(ed->LineEdit, comment);
+                    ed->OkButton->click();
+                });
+            QTest::mouseClick(w.v->TChangeButton, Qt::LeftButton);
+            QVERIFY2(dialog->handled && dialog->error.isEmpty(), qPrintable(dialog->error));
+            QCOMPARE(w.doc->tips.at(0)->comment, comment);
+            QVERIFY(w.app->fileSave->isEnabled());
+            w.app->fileSave->trigger();
+            QVERIFY(!w.doc->isModified());
+            savedOnce = fileBytes(sample);
+            QVERIFY(savedOnce.contains("COMMENT=" + comment.toLatin1() + ';'));
+        }
+        // A new start reads the whole comment, and saving it again writes the same records.
+        Window again(fx, 2);
+        QCOMPARE(again.doc->tips.at(0)->comment, comment);
+        again.doc->setModified(true);
+        again.app->fileSave->trigger();
+        QCOMPARE(undated(fileBytes(sample)), undated(savedOnce));
+    }
+};
+
+QTEST_MAIN(TestNothingLost)
+#include "tst_nothinglost.moc"
