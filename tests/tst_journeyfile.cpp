@@ -642,6 +642,8 @@ void TestJourneyFile::textWithSemicolonSurvivesSaveAndOpen()
     doc.journeyname = QStringLiteral("Lakes; and hills");
     CostsData *cost = doc.costs.append();
     cost->comment = QStringLiteral("a=b; c;");
+    cost->fval = QStringLiteral("12.50");
+    cost->exchange = QStringLiteral("1.0");
     cost->id = 1;
     TipData *tip = doc.tips.append();
     tip->name = QStringLiteral("Inn; the old one");

@@ -15,6 +15,7 @@
 #include <QFile>
 #include <QRegularExpression>
 #include <QTest>
+#include <QTimer>
 #include <QTreeWidget>
 
 #include <memory>
@@ -56,11 +57,17 @@ struct Window
     WayFernData *doc = nullptr;
 };
 
-// Quit with Yes to the save question; false with a message when no question came.
+// Quit with Yes to the save question, inside the application's event loop as a user quits;
+// false with a message when no question came or the program did not end.
 bool quitAndSave(WayfernApp &app, QString *error)
 {
     ModalTicket question = ModalHelper::answerNextMessageBox(QMessageBox::Yes);
-    app.fileQuit->trigger();
+    QTimer limit;
+    limit.setSingleShot(true);
+    QObject::connect(&limit, &QTimer::timeout, [] { QCoreApplication::exit(42); });
+    limit.start(5000);
+    QTimer::singleShot(0, &app, [&app] { app.fileQuit->trigger(); });
+    const int ended = QCoreApplication::exec();
     if (!question->handled) {
         *error = QStringLiteral("Quit asked nothing: ") + question->error;
         return false;
@@ -69,6 +76,10 @@ bool quitAndSave(WayfernApp &app, QString *error)
         || question->text
             != QLatin1String("You have modified the data!\nDo you want to save the changes ?")) {
         *error = QStringLiteral("another question: ") + question->title + u'|' + question->text;
+        return false;
+    }
+    if (ended != 0) {
+        *error = QStringLiteral("the program did not end");
         return false;
     }
     return true;
@@ -103,7 +114,7 @@ private slots:
         {
             Window w(fx, 1);
             QVERIFY(ModalHelper::tapItem(w.v->CostsListView,
-                                         w.v->CostsListView->topLevelItem(3)));
+                                         w.v->CostsListView->topLevelItem(2)));
             QCOMPARE(w.v->actucost->comment, QStringLiteral("Boat"));
             ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::Yes);
             QTest::mouseClick(w.v->DeleteButton, Qt::LeftButton);
@@ -127,7 +138,7 @@ private slots:
         {
             Window w(fx, 1);
             QVERIFY(ModalHelper::tapItem(w.v->CostsListView,
-                                         w.v->CostsListView->topLevelItem(3)));
+                                         w.v->CostsListView->topLevelItem(2)));
             QTest::mouseClick(w.v->CopyButton, Qt::LeftButton);
             QTest::mouseClick(w.v->PasteButton, Qt::LeftButton);
             QCOMPARE(w.v->CostsListView->topLevelItemCount(), 6);
@@ -182,7 +193,7 @@ private slots:
     {
         ShellFixture fx({QStringLiteral("sample.wfn")});
         Window w(fx, 1);
-        QVERIFY(ModalHelper::tapItem(w.v->CostsListView, w.v->CostsListView->topLevelItem(3)));
+        QVERIFY(ModalHelper::tapItem(w.v->CostsListView, w.v->CostsListView->topLevelItem(2)));
         ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::Cancel);
         QTest::mouseClick(w.v->DeleteButton, Qt::LeftButton);
         QVERIFY2(box->handled, qPrintable(box->error));
