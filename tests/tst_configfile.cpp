@@ -38,7 +38,7 @@ class TestConfigFile : public QObject
 private slots:
     void workingFileFillsEveryField();
     void unsetVariableReadsCurrentDirectory();
-    void valueWithSemicolonIsCut();
+    void valueWithSemicolonRunsToTheLastSemicolon();
     void valueWithEqualsSignIsWhole();
     void emptySyncSectionIsNoFailure();
     void missingSyncSectionKeepsHeaderValues();
@@ -116,14 +116,14 @@ void TestConfigFile::unsetVariableReadsCurrentDirectory()
              QStringLiteral("\nWayfernIOCfg::ReadFile - file not found (./wayfern.cfg)\n"));
 }
 
-void TestConfigFile::valueWithSemicolonIsCut()
+void TestConfigFile::valueWithSemicolonRunsToTheLastSemicolon()
 {
     WayFernData doc;
     QString printed;
     QByteArray cfg = workingConfig;
     cfg.replace("POSTFIX=&format=html;", "POSTFIX=&a=1;b=2;");
     QCOMPARE(read(doc, cfg, &printed), 0);
-    QCOMPARE(doc.config.postfix, QStringLiteral("&a=1"));
+    QCOMPARE(doc.config.postfix, QStringLiteral("&a=1;b=2"));
 }
 
 void TestConfigFile::valueWithEqualsSignIsWhole()
