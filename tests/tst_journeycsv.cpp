@@ -116,6 +116,16 @@ private slots:
                  QByteArray("traveller,date,type,change,running total\r\n"
                             "Zo\xc3\xab,01.02.2003,deposit,10.00,10.00\r\n"));
     }
+
+    void theAccountsFileStandsBesideTheCostsFile()
+    {
+        QCOMPARE(JourneyCsv::accountsPathFor(QStringLiteral("/x/trip.csv")),
+                 QStringLiteral("/x/trip-accounts.csv"));
+        QCOMPARE(JourneyCsv::accountsPathFor(QStringLiteral("/x/trip.CSV")),
+                 QStringLiteral("/x/trip-accounts.csv"));
+        QCOMPARE(JourneyCsv::accountsPathFor(QStringLiteral("trip")),
+                 QStringLiteral("trip-accounts.csv"));
+    }
 };
 
 QTEST_GUILESS_MAIN(TestJourneyCsv)

@@ -66,11 +66,12 @@ private slots:
         QVERIFY(!app.settleUp->icon().isNull());
         QVERIFY(app.settleUp->whatsThis().startsWith(QStringLiteral("Settle up\n\n")));
         const QList<QAction *> actions = app.toolBar->actions();
-        // Only the report comes after it.
-        QCOMPARE(actions.at(actions.count() - 2), app.settleUp);
-        QCOMPARE(actions.last(), app.report);
+        // Only the report and the CSV export come after it.
+        QCOMPARE(actions.at(actions.count() - 3), app.settleUp);
+        QCOMPARE(actions.at(actions.count() - 2), app.report);
+        QCOMPARE(actions.last(), app.exportCsv);
         // What stood there before keeps its place: help, then what's this.
-        QCOMPARE(actions.at(actions.count() - 4), app.openHelp);
+        QCOMPARE(actions.at(actions.count() - 5), app.openHelp);
     }
 
     void theFormCarriesItsNamesTextsAndTips()

@@ -3,6 +3,7 @@
 #include "data/wayferndata.h"
 #include "dialogs/savechangesquestion.h"
 #include "dialogs/scqtfileedit.h"
+#include "export/journeycsv.h"
 #include "forms/formsupport.h"
 #include "helpviewer/helpwindow.h"
 #include "report/journeyreport.h"
@@ -200,6 +201,16 @@ void WayfernApp::initActions()
                             "as an HTML page beside it."));
     connect(report, &QAction::triggered, this, &WayfernApp::slotReport);
 
+    exportCsv = new QAction(QIcon(QStringLiteral(":/shell/exportcsv.xpm")), tr("Export CSV..."),
+                            this);
+    exportCsv->setObjectName(QStringLiteral("exportCsv"));
+    exportCsv->setToolTip(tr("Export CSV"));
+    exportCsv->setStatusTip(tr("Writes the costs and the accounts as CSV files"));
+    exportCsv->setWhatsThis(tr("Export CSV\n\nWrites every cost into a CSV file for a\n"
+                               "spreadsheet, and every account line into a\n"
+                               "second file beside it, NAME-accounts.csv."));
+    connect(exportCsv, &QAction::triggered, this, &WayfernApp::slotExportCsv);
+
     // The accelerators belong to the window, so they work with the toolbar hidden too.
     addActions({fileNew, fileOpen, fileSave, fileSaveAs, openBase, openCurr, openUser, openHelp,
                 fileQuit});
@@ -246,6 +257,7 @@ void WayfernApp::initToolBar()
     toolBar->addAction(QWhatsThis::createAction(toolBar));
     toolBar->addAction(settleUp);
     toolBar->addAction(report);
+    toolBar->addAction(exportCsv);
 }
 
 void WayfernApp::initStatusBar()
@@ -507,6 +519,29 @@ void WayfernApp::slotReport()
     }
     statusBar()->showMessage(
         tr("Report written: %1 and %2").arg(path, ReportWriter::htmlPathFor(path)));
+}
+
+void WayfernApp::slotExportCsv()
+{
+    statusBar()->showMessage(tr("Writing the CSV files..."));
+    QString path =
+        ScQtFileEdit::getSaveFileName(this, "", doc->config.datapath, QStringLiteral("*.csv"));
+    if (path.isEmpty()) {
+        statusBar()->showMessage(tr("Export aborted"), 2000);
+        return;
+    }
+    if (!path.endsWith(QLatin1String(".csv"), Qt::CaseInsensitive))
+        path += QStringLiteral(".csv");
+    QString problem;
+    QString failed;
+    if (!JourneyCsv::writeFiles(*doc, path, &problem, &failed)) {
+        statusBar()->showMessage(tr("Writing the CSV files failed"));
+        QMessageBox::warning(this, tr("Wayfern"),
+                             tr("Could not save %1\n\n%2").arg(failed, problem));
+        return;
+    }
+    statusBar()->showMessage(
+        tr("CSV written: %1 and %2").arg(path, JourneyCsv::accountsPathFor(path)));
 }
 
 void WayfernApp::slotFileQuit()

@@ -45,6 +45,8 @@ public:
     QAction *settleUp = nullptr;
     // The journey report as PDF and HTML.
     QAction *report = nullptr;
+    // The costs and the accounts as CSV files for spreadsheets.
+    QAction *exportCsv = nullptr;
     QString fileName;
 
     // How the help viewer's process is made; replaceable so that a failing fork can be
@@ -65,6 +67,7 @@ public slots:
     void slotFileQuit();
     void slotSettleUp();
     void slotReport();
+    void slotExportCsv();
     void slotEditCut();
     void slotEditCopy();
     void slotEditPaste();

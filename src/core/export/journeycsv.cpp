@@ -4,9 +4,11 @@
 #include "settle/sharelines.h"
 
 #include <QRegularExpression>
+#include <QSaveFile>
 
 #include <cstdio>
 #include <cstring>
+#include <utility>
 
 namespace {
 
@@ -126,4 +128,29 @@ QByteArray JourneyCsv::accounts(const WayFernData &doc)
         }
     }
     return out;
+}
+
+QString JourneyCsv::accountsPathFor(const QString &costsPath)
+{
+    QString base = costsPath;
+    if (base.endsWith(QLatin1String(".csv"), Qt::CaseInsensitive))
+        base.chop(4);
+    return base + QStringLiteral("-accounts.csv");
+}
+
+bool JourneyCsv::writeFiles(const WayFernData &doc, const QString &costsPath, QString *problem,
+                            QString *failedPath)
+{
+    const std::pair<QString, QByteArray> files[] = {{costsPath, costs(doc)},
+                                                    {accountsPathFor(costsPath), accounts(doc)}};
+    for (const auto &[path, bytes] : files) {
+        QSaveFile file(path);
+        if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size()
+            || !file.commit()) {
+            *problem = file.errorString();
+            *failedPath = path;
+            return false;
+        }
+    }
+    return true;
 }

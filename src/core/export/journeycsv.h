@@ -22,4 +22,12 @@ QByteArray accounts(const WayFernData &doc);
 // One text field, guarded and quoted as needed.
 QString textField(const QString &text);
 
+// Where the accounts go beside the costs: "trip.csv" gives "trip-accounts.csv".
+QString accountsPathFor(const QString &costsPath);
+// Writes the costs to `costsPath` and the accounts to accountsPathFor(costsPath), each file
+// whole or not at all. False when one could not be written; `problem` then says why, and
+// `failedPath` which file it was.
+bool writeFiles(const WayFernData &doc, const QString &costsPath, QString *problem,
+                QString *failedPath);
+
 } // namespace JourneyCsv
