@@ -21,5 +21,8 @@ if [ -z "${QT_QPA_PLATFORM:-}" ] && [ -z "${DISPLAY:-}" ] && [ -z "${WAYLAND_DIS
   echo "Wayfern: connect a VNC viewer to localhost:$port (e.g. 'vncviewer localhost:$port');"
   echo "Wayfern: from elsewhere through SSH: 'ssh -L $port:localhost:$port USER@HOST', then the same."
 fi
+# A journey named relative to where this was started is found from there (the program
+# reads this folder), though the program runs in the journey directory.
+export WAYFERN_START_DIR="$PWD"
 cd "$WAYFERN_DATA"
 exec "$build/src/wayfern" "$@"

@@ -22,8 +22,10 @@ packages=(
   # fetches the exchange rate pages (the program starts it; its tests run it against a
   # loopback server)
   wget
-  # desktop-file-validate, with which the install test checks the menu entry
-  desktop-file-utils
+  # desktop-file-validate, appstreamcli, xdg-mime with update-mime-database and gio under
+  # it: the install test checks the menu entry, the software-centre description and the
+  # journey's file type with them
+  desktop-file-utils appstream xdg-utils shared-mime-info libglib2.0-bin
   # pdftotext and pdftoppm: the report tests read its PDF back as text, and the report's
   # pictures for docs/ are rendered from it
   poppler-utils

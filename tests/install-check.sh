@@ -69,6 +69,8 @@ data=("$datadir/wayfern.cfg:share/wayfern.cfg"
       "$datadir/template.wfn:share/template.wfn"
       "$datadir/help/wayfern.html:share/help/wayfern.html"
       "$sharedir/applications/wayfern.desktop:share/wayfern.desktop"
+      "$sharedir/mime/packages/wayfern.xml:share/wayfern-mime.xml"
+      "$sharedir/metainfo/org.wayfern.Wayfern.metainfo.xml:share/org.wayfern.Wayfern.metainfo.xml"
       "$sharedir/icons/hicolor/scalable/apps/wayfern.svg:icons/hicolor/scalable/apps/wayfern.svg")
 for n in "${sizes[@]}"; do
   data+=("$sharedir/icons/hicolor/${n}x${n}/apps/wayfern.png:icons/hicolor/${n}x${n}/apps/wayfern.png")
@@ -104,6 +106,37 @@ if [ -f "$desktop" ]; then
   grep -qx 'Icon=wayfern' "$desktop" || fail "the menu entry's icon is not wayfern"
   grep -qx 'Terminal=false' "$desktop" || fail "the menu entry asks for a terminal"
   grep -qx 'Name=Wayfern' "$desktop" || fail "the menu entry is not named Wayfern"
+  [ "$exec_line" = 'wayfern %f' ] || fail "the menu entry hands no file to wayfern: '$exec_line'"
+  grep -qx 'MimeType=application/x-wayfern;' "$desktop" ||
+    fail "the menu entry does not open journeys"
+fi
+
+# The software centre's description.
+metainfo="$prefix/$sharedir/metainfo/org.wayfern.Wayfern.metainfo.xml"
+if [ -f "$metainfo" ] &&
+    ! appstreamcli validate --no-net "$metainfo" >"$work/appstream.log" 2>&1; then
+  cat "$work/appstream.log" >&2
+  fail "appstreamcli does not accept the metainfo"
+fi
+
+# The journey's file type, as a desktop sees it: the installed package in a data folder of
+# its own (the database made from it stays out of the prefix), asked through xdg-mime, which
+# a desktop's file manager answers alike. By name, and by content for a file without the
+# extension.
+xdg="$work/xdg"
+mkdir -p "$xdg/mime/packages" "$work/files"
+if cp "$prefix/$sharedir/mime/packages/wayfern.xml" "$xdg/mime/packages/" 2>/dev/null &&
+    update-mime-database "$xdg/mime" >"$work/mime.log" 2>&1; then
+  cp "$source/tests/data/shell/sample.wfn" "$work/files/trip.wfn"
+  cp "$source/tests/data/shell/sample.wfn" "$work/files/trip-without-extension"
+  for f in trip.wfn trip-without-extension; do
+    type="$(env -i PATH=/usr/bin:/bin HOME="$work/home" XDG_CURRENT_DESKTOP=GNOME \
+      XDG_DATA_HOME="$xdg" XDG_DATA_DIRS=/usr/share xdg-mime query filetype "$work/files/$f")"
+    [ "$type" = application/x-wayfern ] || fail "xdg-mime calls $f '$type'"
+  done
+else
+  cat "$work/mime.log" >&2 || true
+  fail "the MIME package does not make a MIME database"
 fi
 
 # The icons: PNG files whose width and height are the size that their folder names.
@@ -149,6 +182,30 @@ else
   [ "$(readlink "/proc/$pid/cwd")" = "$journeys" ] ||
     fail "the program runs in $(readlink "/proc/$pid/cwd"), not in the journey directory"
 fi
+if kill -0 "$pid" 2>/dev/null; then
+  kill "$pid"
+  wait "$pid" 2>/dev/null || true
+fi
+pid=
+
+# Opening from a file manager: the launcher with a journey named relative to where it was
+# started. The program opens it (not the last journey) and remembers it by its full path.
+mkdir -p "$work/files"
+cp "$source/tests/data/shell/sample.wfn" "$work/files/trip.wfn"
+(cd "$work" && exec env -i HOME="$home" WAYFERNCFG="$cfgdir" WAYFERN_DATA="$journeys" \
+  PATH=/usr/bin:/bin QT_QPA_PLATFORM=offscreen "$prefix/$bindir/wayfern" files/trip.wfn) \
+  >"$work/open.log" 2>&1 &
+pid=$!
+opened="LASTFILE=$work/files/trip.wfn;"
+for _ in $(seq 600); do
+  grep -qF "$opened" "$journeys/wayfern.last" 2>/dev/null && break
+  kill -0 "$pid" 2>/dev/null || break
+  sleep 0.1
+done
+grep -qF "$opened" "$journeys/wayfern.last" 2>/dev/null || {
+  cat "$work/open.log" >&2
+  fail "the launcher did not open the journey named on its command line"
+}
 if kill -0 "$pid" 2>/dev/null; then
   kill "$pid"
   wait "$pid" 2>/dev/null || true

@@ -207,7 +207,7 @@ private slots:
         QCOMPARE(app.toolBar->windowTitle(), QStringLiteral("file operations"));
         const QList<QAction *> actions = app.toolBar->actions();
         // The end of a journey comes after the record actions.
-        QCOMPARE(actions.size(), 12);
+        QCOMPARE(actions.size(), 13);
         QCOMPARE(actions.at(0), app.fileNew);
         QCOMPARE(actions.at(1), app.fileOpen);
         QCOMPARE(actions.at(2), app.fileSave);
@@ -222,6 +222,7 @@ private slots:
         QVERIFY(actions.at(9)->text().contains(QStringLiteral("What")));
         QCOMPARE(actions.at(10), app.settleUp);
         QCOMPARE(actions.at(11), app.report);
+        QCOMPARE(actions.at(12), app.exportCsv);
         QVERIFY(!app.menuWidget());
     }
 
@@ -243,7 +244,7 @@ private slots:
         QTest::newRow("fileOpen") << "fileOpen"
                                   << "Open File"
                                   << "&Open..."
-                                  << ""
+                                  << "Ctrl+O"
                                   << "Opens an existing document"
                                   << "Open File\n\nOpens an existing document" << true;
         QTest::newRow("fileSave") << "fileSave"
@@ -322,6 +323,21 @@ private slots:
         QCOMPARE(action->isCheckable(), !icon);
         if (!icon)
             QVERIFY(action->isChecked());
+    }
+
+    void ctrlOOpensTheFileDialogOfOpen()
+    {
+        ShellFixture fx({QStringLiteral("sample.wfn")});
+        fx.writeLast(QStringLiteral("sample.wfn"));
+        WayfernApp app;
+        app.show();
+        QVERIFY(QTest::qWaitForWindowActive(&app));
+        app.view->CostsListView->setFocus();
+        ModalTicket dialog = ModalHelper::cancelNextFileDialog();
+        QTest::keyClick(app.view->CostsListView, Qt::Key_O, Qt::ControlModifier);
+        QVERIFY2(dialog->handled, qPrintable(dialog->error));
+        QCOMPARE(app.statusBar()->currentMessage(), QStringLiteral("Opening aborted"));
+        QCOMPARE(app.doc->journeyname, QStringLiteral("Lakes and Passes"));
     }
 
     void ctrlCOpensTheCurrencyDialogNotACopy()

@@ -30,7 +30,8 @@
 
 pid_t (*WayfernApp::forkProcess)() = &::fork;
 
-WayfernApp::WayfernApp(QWidget *parent, const char *name, Qt::WindowFlags flags)
+WayfernApp::WayfernApp(QWidget *parent, const char *name, Qt::WindowFlags flags,
+                       const QString &journey)
     : QMainWindow(parent, flags)
 {
     // The actions' pictures come from the same resource file as the main form's.
@@ -44,24 +45,14 @@ WayfernApp::WayfernApp(QWidget *parent, const char *name, Qt::WindowFlags flags)
     initDoc();
     initView();
 
+    // A journey named on the command line comes first; one that cannot be read is named in
+    // the warning box, and the window then starts as if no file had been named.
+    const bool opened = !journey.isEmpty() && openJourney(journey);
+    if (!journey.isEmpty() && !opened)
+        showFileFailure(tr("Could not open %1\n\n%2"), journey);
     QString startProblem;
-    if (!doc->lastfile.isEmpty()) {
-        const QString path = journeyPath(doc->lastfile);
-        if (view->loadView(path)) {
-            setWindowTitle(QFileInfo(path).fileName());
-            fileName = path;
-        } else {
-            // Start as on a first start. The last-state file is not written here, so the
-            // journey opens again once it can be read (a disk that was missing, say).
-            startProblem =
-                tr("Could not read the last journey %1: %2").arg(path, view->fileProblem);
-            fileName = QStringLiteral("");
-            slotFileNew();
-        }
-    } else {
-        fileName = QStringLiteral("");
-        slotFileNew();
-    }
+    if (!opened)
+        startProblem = openLastJourney();
 
     viewToolBar->setChecked(true);
     viewStatusBar->setChecked(true);
@@ -107,7 +98,7 @@ void WayfernApp::initActions()
         {&fileNew, QT_TR_NOOP("New File"), QT_TR_NOOP("&New"), QT_TR_NOOP("Ctrl+N"),
          QT_TR_NOOP("Creates a new document"), QT_TR_NOOP("New File\n\nCreates a new document"),
          ":/shell/filenew.xpm"},
-        {&fileOpen, QT_TR_NOOP("Open File"), QT_TR_NOOP("&Open..."), nullptr,
+        {&fileOpen, QT_TR_NOOP("Open File"), QT_TR_NOOP("&Open..."), QT_TR_NOOP("Ctrl+O"),
          QT_TR_NOOP("Opens an existing document"),
          QT_TR_NOOP("Open File\n\nOpens an existing document"), ":/shell/fileopen.xpm"},
         {&fileSave, QT_TR_NOOP("Save File"), QT_TR_NOOP("&Save"), QT_TR_NOOP("Ctrl+S"),
@@ -347,16 +338,44 @@ void WayfernApp::slotFileOpen()
         statusBar()->showMessage(tr("Opening aborted"), 2000);
         return;
     }
-    if (!view->loadView(path)) {
+    if (!openJourney(path)) {
         statusBar()->showMessage(tr("Opening failed"));
         showFileFailure(tr("Could not open %1\n\n%2"), path);
         return;
     }
+    statusBar()->showMessage(tr("Loaded document: ") + path, 2000);
+}
+
+QString WayfernApp::openLastJourney()
+{
+    fileName = QStringLiteral("");
+    if (doc->lastfile.isEmpty()) {
+        slotFileNew();
+        return QString();
+    }
+    const QString path = journeyPath(doc->lastfile);
+    if (view->loadView(path)) {
+        setWindowTitle(QFileInfo(path).fileName());
+        fileName = path;
+        return QString();
+    }
+    // Start as on a first start. The last-state file is not written here, so the journey
+    // opens again once it can be read (a disk that was missing, say).
+    const QString problem =
+        tr("Could not read the last journey %1: %2").arg(path, view->fileProblem);
+    slotFileNew();
+    return problem;
+}
+
+bool WayfernApp::openJourney(const QString &path)
+{
+    if (!view->loadView(path))
+        return false;
     doc->lastfile = lastStateName(path);
     setWindowTitle(QFileInfo(path).fileName());
     fileName = path;
     view->saveLast();
-    statusBar()->showMessage(tr("Loaded document: ") + path, 2000);
+    return true;
 }
 
 void WayfernApp::slotFileSave()

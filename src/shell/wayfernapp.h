@@ -19,8 +19,10 @@ class WayfernApp : public QMainWindow
     Q_OBJECT
 
 public:
+    // `journey`, when given, is opened instead of the last one: a file named on the command
+    // line, as a file manager does.
     explicit WayfernApp(QWidget *parent = nullptr, const char *name = nullptr,
-                        Qt::WindowFlags flags = {});
+                        Qt::WindowFlags flags = {}, const QString &journey = QString());
     ~WayfernApp() override;
 
     bool queryModified(const QString &caption);
@@ -86,6 +88,12 @@ private:
     QString journeyPath(const QString &lastName) const;
     // A warning box that names the file that could not be read or written and why.
     void showFileFailure(const QString &text, const QString &path);
+    // Loads `path` as the journey of the window and remembers it for the next start; false
+    // (and nothing changed) when it cannot be read.
+    bool openJourney(const QString &path);
+    // The start without a named journey: the last one, or a new one from the template. What
+    // went wrong, for the status bar; empty when nothing did.
+    QString openLastJourney();
 
     // Why New could not read the template; empty when it could.
     QString templateProblem;
