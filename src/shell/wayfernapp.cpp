@@ -19,6 +19,7 @@
 #include <QGuiApplication>
 #include <QIcon>
 #include <QKeySequence>
+#include <QLockFile>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QStatusBar>
@@ -47,9 +48,11 @@ WayfernApp::WayfernApp(QWidget *parent, const char *name, Qt::WindowFlags flags,
 
     // A journey named on the command line comes first; one that cannot be read is named in
     // the warning box, and the window then starts as if no file had been named.
-    const bool opened = !journey.isEmpty() && openJourney(journey);
+    QString openProblem;
+    const bool opened = !journey.isEmpty() && openJourney(journey, &openProblem);
     if (!journey.isEmpty() && !opened)
-        showFileFailure(tr("Could not open %1\n\n%2"), journey);
+        QMessageBox::warning(this, tr("Wayfern"),
+                             tr("Could not open %1\n\n%2").arg(journey, openProblem));
     QString startProblem;
     if (!opened)
         startProblem = openLastJourney();
@@ -321,6 +324,7 @@ void WayfernApp::slotFileNew()
     }
     fileName = QStringLiteral("");
     doc->lastfile = QStringLiteral("");
+    adoptLock(nullptr, QString());
     setWindowTitle(tr("new file"));
     statusBar()->showMessage(tr("Loaded document: new file"), 2000);
     // The journey is empty then: the bar says why rather than "Ready.".
@@ -338,9 +342,11 @@ void WayfernApp::slotFileOpen()
         statusBar()->showMessage(tr("Opening aborted"), 2000);
         return;
     }
-    if (!openJourney(path)) {
+    QString problem;
+    if (!openJourney(path, &problem)) {
         statusBar()->showMessage(tr("Opening failed"));
-        showFileFailure(tr("Could not open %1\n\n%2"), path);
+        QMessageBox::warning(this, tr("Wayfern"),
+                             tr("Could not open %1\n\n%2").arg(path, problem));
         return;
     }
     statusBar()->showMessage(tr("Loaded document: ") + path, 2000);
@@ -354,23 +360,34 @@ QString WayfernApp::openLastJourney()
         return QString();
     }
     const QString path = journeyPath(doc->lastfile);
-    if (view->loadView(path)) {
-        setWindowTitle(QFileInfo(path).fileName());
-        fileName = path;
-        return QString();
+    std::unique_ptr<QLockFile> lock;
+    QString problem = tryLock(path, lock);
+    if (problem.isEmpty()) {
+        if (view->loadView(path)) {
+            adoptLock(std::move(lock), path);
+            setWindowTitle(QFileInfo(path).fileName());
+            fileName = path;
+            return QString();
+        }
+        problem = view->fileProblem;
     }
     // Start as on a first start. The last-state file is not written here, so the journey
     // opens again once it can be read (a disk that was missing, say).
-    const QString problem =
-        tr("Could not read the last journey %1: %2").arg(path, view->fileProblem);
     slotFileNew();
-    return problem;
+    return tr("Could not read the last journey %1: %2").arg(path, problem);
 }
 
-bool WayfernApp::openJourney(const QString &path)
+bool WayfernApp::openJourney(const QString &path, QString *problem)
 {
-    if (!view->loadView(path))
+    std::unique_ptr<QLockFile> lock;
+    *problem = tryLock(path, lock);
+    if (!problem->isEmpty())
         return false;
+    if (!view->loadView(path)) {
+        *problem = view->fileProblem;
+        return false;
+    }
+    adoptLock(std::move(lock), path);
     doc->lastfile = lastStateName(path);
     setWindowTitle(QFileInfo(path).fileName());
     fileName = path;
@@ -414,6 +431,14 @@ bool WayfernApp::saveJourneyAs()
         statusBar()->showMessage(tr("Saving aborted"), 2000);
         return true;
     }
+    std::unique_ptr<QLockFile> lock;
+    const QString held = tryLock(path, lock);
+    if (!held.isEmpty()) {
+        // Another window works on that file: writing over it would lose its work.
+        statusBar()->showMessage(tr("Saving failed"));
+        QMessageBox::warning(this, tr("Wayfern"), tr("Could not save %1\n\n%2").arg(path, held));
+        return false;
+    }
     if (!view->saveView(path)) {
         // Nothing took the new name: the journey keeps its own and stays as modified as it
         // was.
@@ -421,12 +446,58 @@ bool WayfernApp::saveJourneyAs()
         showFileFailure(tr("Could not save %1\n\n%2"), path);
         return false;
     }
+    adoptLock(std::move(lock), path);
     doc->lastfile = lastStateName(path);
     doc->setModified(false);
     view->saveLast();
     setWindowTitle(QFileInfo(path).fileName());
     fileName = path;
     return true;
+}
+
+namespace {
+
+// Beside the journey and hidden, so that it stays out of the way in a file manager.
+QString lockPathFor(const QString &journey)
+{
+    const QFileInfo file(journey);
+    return QDir::cleanPath(file.absolutePath()) + QStringLiteral("/.") + file.fileName()
+        + QStringLiteral(".lock");
+}
+
+} // namespace
+
+QString WayfernApp::tryLock(const QString &path, std::unique_ptr<QLockFile> &lock) const
+{
+    const QString lockPath = lockPathFor(path);
+    if (journeyLock && lockedJourney == lockPath)
+        return QString(); // this window's own journey again
+    lock = std::make_unique<QLockFile>(lockPath);
+    // A journey stays open for hours: only a lock whose process is gone is stale.
+    lock->setStaleLockTime(0);
+    if (lock->tryLock(0))
+        return QString();
+    qint64 pid = 0;
+    QString host;
+    QString application;
+    if (lock->error() == QLockFile::LockFailedError
+        && lock->getLockInfo(&pid, &host, &application)) {
+        lock.reset();
+        return tr("The journey is open in another Wayfern window: process %1 on %2.")
+            .arg(pid)
+            .arg(host);
+    }
+    // A folder that takes no lock file (a read-only disk, say) is no reason not to read.
+    lock.reset();
+    return QString();
+}
+
+void WayfernApp::adoptLock(std::unique_ptr<QLockFile> lock, const QString &path)
+{
+    if (!lock && !path.isEmpty() && lockedJourney == lockPathFor(path))
+        return; // the window's own journey again: its lock stays
+    journeyLock = std::move(lock);
+    lockedJourney = journeyLock ? lockPathFor(path) : QString();
 }
 
 QString WayfernApp::lastStateName(const QString &path) const

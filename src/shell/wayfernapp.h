@@ -8,6 +8,7 @@
 
 class HelpWindow;
 class QAction;
+class QLockFile;
 class QToolBar;
 class WayFernData;
 class WayfernView;
@@ -88,9 +89,18 @@ private:
     QString journeyPath(const QString &lastName) const;
     // A warning box that names the file that could not be read or written and why.
     void showFileFailure(const QString &text, const QString &path);
-    // Loads `path` as the journey of the window and remembers it for the next start; false
-    // (and nothing changed) when it cannot be read.
-    bool openJourney(const QString &path);
+    // Loads `path` as the journey of the window, locks it and remembers it for the next
+    // start; false (and nothing changed) when it cannot be read or another window holds it.
+    // `problem` then says why.
+    bool openJourney(const QString &path, QString *problem);
+    // Takes the lock of the journey at `path` for this window, so that no second window
+    // writes over its work; a stale lock of a crashed process is taken over. Empty when the
+    // journey is this window's now (or its folder takes no lock file, as on a read-only
+    // disk), else which process on which host holds it. The lock is kept in `lock` until
+    // adoptLock() makes it the window's.
+    QString tryLock(const QString &path, std::unique_ptr<QLockFile> &lock) const;
+    void adoptLock(std::unique_ptr<QLockFile> lock, const QString &path);
+
     // The start without a named journey: the last one, or a new one from the template. What
     // went wrong, for the status bar; empty when nothing did.
     QString openLastJourney();
@@ -109,4 +119,8 @@ private:
     bool saveJourneyAs();
 
     std::unique_ptr<WayFernData> document;
+    // The lock of the journey in the window, and the path of its file; none for a journey
+    // that has no file yet.
+    std::unique_ptr<QLockFile> journeyLock;
+    QString lockedJourney;
 };
