@@ -8,6 +8,7 @@
 #include "helpviewer/helpwindow.h"
 #include "report/journeyreport.h"
 #include "report/reportwriter.h"
+#include "shell/journeyrecovery.h"
 #include "shell/wayfernview.h"
 #include "wayfernversion.h"
 
@@ -19,6 +20,7 @@
 #include <QGuiApplication>
 #include <QIcon>
 #include <QKeySequence>
+#include <QLocale>
 #include <QLockFile>
 #include <QMenuBar>
 #include <QMessageBox>
@@ -45,6 +47,7 @@ WayfernApp::WayfernApp(QWidget *parent, const char *name, Qt::WindowFlags flags,
     initStatusBar();
     initDoc();
     initView();
+    recovery = std::make_unique<JourneyRecovery>(doc);
 
     // A journey named on the command line comes first; one that cannot be read is named in
     // the warning box, and the window then starts as if no file had been named.
@@ -56,6 +59,7 @@ WayfernApp::WayfernApp(QWidget *parent, const char *name, Qt::WindowFlags flags,
     QString startProblem;
     if (!opened)
         startProblem = openLastJourney();
+    const QString recovered = offerRecovery();
 
     viewToolBar->setChecked(true);
     viewStatusBar->setChecked(true);
@@ -65,6 +69,8 @@ WayfernApp::WayfernApp(QWidget *parent, const char *name, Qt::WindowFlags flags,
         problems << startProblem;
     if (!templateProblem.isEmpty())
         problems << templateProblem;
+    if (!recovered.isEmpty())
+        problems << recovered;
     if (!problems.isEmpty())
         statusBar()->showMessage(problems.join(QStringLiteral(" ")));
 
@@ -312,6 +318,8 @@ void WayfernApp::slotFileNew()
 {
     if (!queryModified(tr("New file ... ")))
         return;
+    // What was not saved was given up with the answer.
+    recovery->discard();
     statusBar()->showMessage(tr("Creating new file..."));
     doc->clearAll();
     const QString templatePath = doc->config.datapath + QStringLiteral("/") + doc->config.template_;
@@ -325,6 +333,7 @@ void WayfernApp::slotFileNew()
     fileName = QStringLiteral("");
     doc->lastfile = QStringLiteral("");
     adoptLock(nullptr, QString());
+    recovery->follow(doc->config.datapath, fileName);
     setWindowTitle(tr("new file"));
     statusBar()->showMessage(tr("Loaded document: new file"), 2000);
     // The journey is empty then: the bar says why rather than "Ready.".
@@ -352,6 +361,30 @@ void WayfernApp::slotFileOpen()
     statusBar()->showMessage(tr("Loaded document: ") + path, 2000);
 }
 
+QString WayfernApp::offerRecovery()
+{
+    const QString path = recovery->path();
+    if (!QFileInfo(path).isFile())
+        return QString();
+    const QString journey =
+        fileName.isEmpty() ? tr("new file") : QFileInfo(fileName).fileName();
+    const QString when =
+        QLocale().toString(QFileInfo(path).lastModified(), QLocale::ShortFormat);
+    const auto answer = QMessageBox::question(
+        this, tr("Recovery"),
+        tr("Wayfern was not ended properly.\nRestore the unsaved changes of %1 from %2?")
+            .arg(journey, when),
+        QMessageBox::Yes | QMessageBox::No, QMessageBox::Yes);
+    if (answer == QMessageBox::Yes && view->loadView(path)) {
+        // The journey keeps its own file: the changes are back, but not saved yet.
+        doc->setModified(true);
+        return tr("Restored the unsaved changes of %1.").arg(journey);
+    }
+    // Nothing is deleted without asking: the file goes aside under its date.
+    const QString aside = JourneyRecovery::keepAside(path);
+    return aside.isEmpty() ? QString() : tr("The unsaved changes were kept in %1.").arg(aside);
+}
+
 QString WayfernApp::openLastJourney()
 {
     fileName = QStringLiteral("");
@@ -367,6 +400,7 @@ QString WayfernApp::openLastJourney()
             adoptLock(std::move(lock), path);
             setWindowTitle(QFileInfo(path).fileName());
             fileName = path;
+            recovery->follow(doc->config.datapath, fileName);
             return QString();
         }
         problem = view->fileProblem;
@@ -388,9 +422,11 @@ bool WayfernApp::openJourney(const QString &path, QString *problem)
         return false;
     }
     adoptLock(std::move(lock), path);
+    recovery->discard();
     doc->lastfile = lastStateName(path);
     setWindowTitle(QFileInfo(path).fileName());
     fileName = path;
+    recovery->follow(doc->config.datapath, fileName);
     view->saveLast();
     return true;
 }
@@ -412,6 +448,7 @@ bool WayfernApp::saveJourney()
         return false;
     }
     doc->setModified(false);
+    recovery->discard();
     statusBar()->showMessage(tr("Ready."));
     return true;
 }
@@ -449,9 +486,11 @@ bool WayfernApp::saveJourneyAs()
     adoptLock(std::move(lock), path);
     doc->lastfile = lastStateName(path);
     doc->setModified(false);
+    recovery->discard();
     view->saveLast();
     setWindowTitle(QFileInfo(path).fileName());
     fileName = path;
+    recovery->follow(doc->config.datapath, fileName);
     return true;
 }
 
@@ -639,6 +678,8 @@ void WayfernApp::slotFileQuit()
     statusBar()->showMessage(tr("Exiting application..."));
     if (doc->isModified()) {
         if (queryModified(tr("Quit ... "))) {
+            // Saved, or given up with No: nothing is left to recover.
+            recovery->discard();
             view->saveLast();
             // exit() ends the event loop without asking the windows to close again, which
             // would come back here.

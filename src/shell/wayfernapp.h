@@ -7,6 +7,7 @@
 #include <sys/types.h>
 
 class HelpWindow;
+class JourneyRecovery;
 class QAction;
 class QLockFile;
 class QToolBar;
@@ -55,6 +56,8 @@ public:
     // How the help viewer's process is made; replaceable so that a failing fork can be
     // exercised.
     static pid_t (*forkProcess)();
+    // The unsaved state of the journey, kept on disk against a crash.
+    std::unique_ptr<JourneyRecovery> recovery;
     // Where the window is served over VNC the help is shown here instead of by the viewer.
     std::unique_ptr<HelpWindow> helpWindow;
 
@@ -101,6 +104,9 @@ private:
     QString tryLock(const QString &path, std::unique_ptr<QLockFile> &lock) const;
     void adoptLock(std::unique_ptr<QLockFile> lock, const QString &path);
 
+    // At the start: a recovery file of the journey in the window is offered back. What
+    // became of it, for the status bar.
+    QString offerRecovery();
     // The start without a named journey: the last one, or a new one from the template. What
     // went wrong, for the status bar; empty when nothing did.
     QString openLastJourney();

@@ -40,6 +40,7 @@ public:
     RecordList<QTypeData> qtypes;
 
     bool modified = false;
+    quint64 changes = 0;
 
     // Lookups walk from the last record to the first: among equal keys the last one wins.
     UserData *findUser(const QString &key) const;
@@ -73,7 +74,14 @@ public:
     void swapTips(TipData *a, TipData *b);
 
     bool isModified() const { return modified; }
-    void setModified(bool m) { modified = m; }
+    void setModified(bool m)
+    {
+        modified = m;
+        if (m)
+            ++changes;
+    }
+    // Counts the changes, so that a keeper of copies sees whether there was one since.
+    quint64 changeCount() const { return changes; }
 
     void clearAll();
     void clearUsers();
