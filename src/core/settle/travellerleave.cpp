@@ -21,6 +21,13 @@ QHash<int, const CostsData *> costsById(const WayFernData &doc)
     return byId;
 }
 
+// The base value as the cost list and the share dialog show it.
+qint64 valueCents(const CostsData &cost)
+{
+    return cost.bval.isEmpty() ? Settlement::toCents(cost.bvalue)
+                               : Settlement::toCents(cost.bval.toDouble());
+}
+
 } // namespace
 
 TravellerLeave TravellerLeave::of(const WayFernData &doc, const UserData *user)
@@ -57,8 +64,8 @@ TravellerLeave TravellerLeave::of(const WayFernData &doc, const UserData *user)
         if (!sharedIds.contains(cost->id) || byId.value(cost->id) != cost)
             continue;
         const KtoData *line = user->findKto(cost->id);
-        leave.costs.append(Cost{cost, Settlement::toCents(cost->bvalue),
-                                ShareDivision::shareOfChange(line->change)});
+        leave.costs.append(
+            Cost{cost, valueCents(*cost), ShareDivision::shareOfChange(line->change)});
     }
     return leave;
 }

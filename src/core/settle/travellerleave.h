@@ -17,7 +17,7 @@ public:
     struct Cost
     {
         const CostsData *cost = nullptr;
-        qint64 valueCents = 0; // the cost's base value
+        qint64 valueCents = 0; // the cost's base value as shown (bval)
         qint64 shareCents = 0; // the leaving traveller's share of it
     };
 
