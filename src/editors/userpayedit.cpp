@@ -162,17 +162,6 @@ void userPayEdit::setTick(QTreeWidgetItem *item, bool ticked)
     item->setData(0, Qt::DecorationRole, ticked ? *selPixmap : *unselPixmap);
 }
 
-int userPayEdit::countSelected()
-{
-    int n = 0;
-    for (const UserData *tmpUser : tmpUsers) {
-        QTreeWidgetItem *row = util.findItem(ListView, tmpUser->short_, 1);
-        if (row && isTicked(row))
-            ++n;
-    }
-    return n;
-}
-
 void userPayEdit::slotClicked(QTreeWidgetItem *item, int column)
 {
     if (column != 0 || !item)

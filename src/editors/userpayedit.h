@@ -51,7 +51,6 @@ private:
     void clearTmp();
     void copyActuToTmp();
     void fillList();
-    int countSelected();
     void recalcShares();
     // Divides the amount anew among the lines' sharers when their shares do not add up to it.
     void divideChangedAmount();
