@@ -81,6 +81,7 @@ private slots:
     void missingJourneyPrintsReadersLineAndFails();
     void withoutJourneyPrintsUsage();
     void settlePrintsBalancesKittyAndTransfersOnly();
+    void settleNamesTheCostsWhoseSharesDoNotAddUp();
     void csvWritesTheCostsAndTheAccountsOnly();
     void csvOfAnUnknownKindPrintsUsage();
     void settleOfAMissingJourneySaysSoOnStandardError();
@@ -160,6 +161,32 @@ void TestCheck::settlePrintsBalancesKittyAndTransfersOnly()
                             "transfer  : CD pays AB 27.25 EUR\n"
                             "transfer  : kitty pays EF 20.00 EUR\n"
                             "transfer  : kitty pays AB 5.50 EUR\n"));
+}
+
+void TestCheck::settleNamesTheCostsWhoseSharesDoNotAddUp()
+{
+    // The journey as another program might write it: CD's share of the 10.00 dinner is 4.00.
+    QByteArray text = readBytes(fixture(QStringLiteral("check-journey.wfn")));
+    const QByteArray cdShare = "[CD_0]\nDATE=05.06.2002;\nTYPE=share;\nMAGIC=1;\n"
+                               "PERCENTAGE=50.00;\nCHANGE=-5.0000;";
+    QVERIFY(text.contains(cdShare));
+    text.replace(cdShare, QByteArray(cdShare).replace("CHANGE=-5.0000", "CHANGE=-4.0000"));
+    QTemporaryDir dir;
+    const QString path = dir.filePath(QStringLiteral("open.wfn"));
+    QVERIFY(writeBytes(path, text));
+    const Run run = runCheck({QStringLiteral("--settle"), path});
+    QCOMPARE(run.exitCode, 0);
+    QCOMPARE(run.err, QString());
+    QCOMPARE(run.out,
+             QStringLiteral("balance   : AB 32.75 EUR\n"
+                            "balance   : CD -26.25 EUR\n"
+                            "balance   : EF 20.00 EUR\n"
+                            "balance   : kitty -26.50 EUR\n"
+                            "unbooked  : 1.00 EUR\n"
+                            "open cost : 05.06.2002 F 10.00, shares 9.00\n"
+                            "transfer  : kitty pays AB 26.50 EUR\n"
+                            "transfer  : CD pays EF 20.00 EUR\n"
+                            "transfer  : CD pays AB 6.25 EUR\n"));
 }
 
 void TestCheck::csvWritesTheCostsAndTheAccountsOnly()

@@ -94,7 +94,7 @@ private slots:
     void init() { QTest::failOnWarning(QRegularExpression("Not implemented yet!")); }
     void cleanup() { ModalHelper::cancelPending(); }
 
-    void oneNewCostSharedByThreeFromTheInsertButtonToTheSavedFile()
+    void oneNewCostSharedByThreeInWholeCentsFromTheInsertButtonToTheSavedFile()
     {
         ShellFixture fx;
         {
@@ -192,15 +192,15 @@ private slots:
                               "comment|Boat trip"}));
 
         // The share dialog: the amount in the base currency, the cost's date, the rows
-        // unticked at first; each tick shares evenly among the ticked rows. Three rows each
-        // show -33.33 and 33.3: -99.99 is booked in all.
+        // unticked at first; each tick shares evenly among the ticked rows, in whole cents
+        // that add up to the amount: the odd cent goes to the first row.
         QCOMPARE(shareValue, QStringLiteral("100.00 EUR"));
         QCOMPARE(shareDate, QStringLiteral("12.06.2002"));
         QCOMPARE(shareSteps,
                  (QStringList{"-|AB|0.0|0.00| -|CD|0.0|0.00| -|EF|0.0|0.00|",
                               "x|AB|100.0|-100.00| -|CD|0.0|0.00| -|EF|0.0|0.00|",
                               "x|AB|50.0|-50.00| x|CD|50.0|-50.00| -|EF|0.0|0.00|",
-                              "x|AB|33.3|-33.33| x|CD|33.3|-33.33| x|EF|33.3|-33.33|"}));
+                              "x|AB|33.3|-33.34| x|CD|33.3|-33.33| x|EF|33.3|-33.33|"}));
 
         // The document: the cost, shared, with one line per traveller.
         QCOMPARE(app.doc->costs.count(), 1);
@@ -213,7 +213,7 @@ private slots:
             QCOMPARE(user->kto.count(), 1);
             booked += user->kto.first()->change;
         }
-        QCOMPARE(QString::asprintf("%.2f", booked), QStringLiteral("-99.99"));
+        QCOMPARE(QString::asprintf("%.2f", booked), QStringLiteral("-100.00"));
 
         // The cost list: one row, selected and current, with the shared picture.
         QTreeWidget *list = v->CostsListView;
@@ -228,7 +228,7 @@ private slots:
                  (QStringList{"common|", "  base currency|EUR", "  journey|Three on a lake",
                               "costs|", "  total|100.00", "  perday|100.00", "costs by category|",
                               "  Food|0.00", "  Hotel|100.00", "  Transport|0.00", "user account|",
-                              "  AB|-33.33", "  CD|-33.33", "  EF|-33.33"}));
+                              "  AB|-33.34", "  CD|-33.33", "  EF|-33.33"}));
 
         // Save writes the cost and the three accounts.
         app.fileSave->trigger();
@@ -245,6 +245,8 @@ private slots:
             {"0", "AB", "Berg", "Anna"}, {"1", "CD", "Dahl", "Carl"}, {"2", "EF", "Falk", "Eva"}};
         for (const auto &t : travellers) {
             const QString s = QString::fromLatin1(t[1]);
+            const QString share = s == QLatin1String("AB") ? QStringLiteral("-33.3400")
+                                                           : QStringLiteral("-33.3300");
             QCOMPARE(linesFrom(lines, QStringLiteral("[USER_%1]").arg(QLatin1String(t[0])), 26),
                      (QStringList{QStringLiteral("[USER_%1]").arg(QLatin1String(t[0])),
                                   "DATE=20.05.2002;",
@@ -261,7 +263,7 @@ private slots:
                                   "BANK=;",
                                   "BLZ=;",
                                   "ACOUNT=;",
-                                  "VALUE=-33.3300;",
+                                  "VALUE=" + share + ";",
                                   "COUNT=1;",
                                   "",
                                   "[" + s + "_0]",
@@ -269,7 +271,7 @@ private slots:
                                   "TYPE=share;",
                                   "MAGIC=1;",
                                   "PERCENTAGE=33.30;",
-                                  "CHANGE=-33.3300;",
+                                  "CHANGE=" + share + ";",
                                   "",
                                   ""}));
         }

@@ -106,9 +106,29 @@ private slots:
             balances << b.name + QLatin1Char(' ') + JourneyReport::centsText(b.cents);
         QCOMPARE(balances, QStringList({"AB 32.75", "CD -27.25", "EF 20.00", "kitty -25.50"}));
         QCOMPARE(r.unbooked, 0);
+        QVERIFY(r.openCosts.isEmpty());
+        QCOMPARE(r.unbookedLine(),
+                 QStringLiteral("Left unbooked by the division of shared costs: 0.00 EUR"));
         QCOMPARE(r.plan,
                  QStringList({"CD pays AB 27.25 EUR", "kitty pays EF 20.00 EUR",
                               "kitty pays AB 5.50 EUR"}));
+    }
+
+    void costsWhoseSharesDoNotAddUpAreNamed()
+    {
+        WayFernData doc;
+        QVERIFY(readJourneyFixture(doc, QStringLiteral("check-journey.wfn")));
+        // The dinner (10.00) booked as 5.00 and 4.00 in a file from elsewhere.
+        QCOMPARE(doc.users.at(1)->short_, QStringLiteral("CD"));
+        doc.users.at(1)->findKto(1)->change = -4.0;
+        const JourneyReport r = JourneyReport::fromJourney(doc, QString());
+        QCOMPARE(r.unbooked, 100);
+        QCOMPARE(r.openCosts, QStringList({"05.06.2002 F 10.00, shares 9.00"}));
+        QCOMPARE(r.unbookedLine(),
+                 QStringLiteral("Left unbooked because the shares of these costs do not add up "
+                                "to them: 1.00 EUR"));
+        QVERIFY(
+            r.html().contains(QStringLiteral("<li>05.06.2002 F 10.00, shares 9.00</li>\n</ul>\n")));
     }
 
     void costRowsInDateOrder()

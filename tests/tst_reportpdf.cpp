@@ -110,6 +110,27 @@ private slots:
         QVERIFY(!text.contains(QStringLiteral("page 2")));
     }
 
+    void thePdfNamesTheCostsWhoseSharesDoNotAddUp()
+    {
+        WayFernData doc;
+        QVERIFY(readJourneyFixture(doc, QStringLiteral("check-journey.wfn")));
+        // CD's share of the 10.00 dinner booked as 4.00 by another program.
+        doc.users.at(1)->findKto(1)->change = -4.0;
+        const JourneyReport report = JourneyReport::fromJourney(doc, QStringLiteral("alpine.wfn"));
+        QTemporaryDir dir;
+        const QString pdf = dir.filePath(QStringLiteral("alpine.pdf"));
+        QString problem;
+        QVERIFY2(ReportWriter::write(report, pdf, &problem), qPrintable(problem));
+        QString error;
+        const QString text = pdfText(pdf, &error);
+        QVERIFY2(error.isEmpty(), qPrintable(error));
+        QVERIFY(!linesWith(text,
+                           {QStringLiteral("Left unbooked because the shares of these"),
+                            QStringLiteral("1.00 EUR")})
+                     .isEmpty());
+        QVERIFY(text.contains(QStringLiteral("05.06.2002 F 10.00, shares 9.00")));
+    }
+
     void theHtmlPageIsWrittenBesideThePdf()
     {
         WayFernData doc;

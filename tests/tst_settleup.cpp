@@ -1,5 +1,5 @@
 // Settling up from the window: the action after the existing ones, the dialog with the
-// balances, the kitty, the unbooked cents and the plan, and booking the plan.
+// balances, the kitty, what is unbooked and why, and the plan, and booking the plan.
 
 #include "formcheck.h"
 #include "modalhelper.h"
@@ -90,9 +90,12 @@ private slots:
         QCOMPARE(d->BookButton->text(), QStringLiteral("Book the plan"));
         QCOMPARE(d->CloseButton->text(), QStringLiteral("Close"));
         QCOMPARE(d->BookButton->toolTip(), QStringLiteral("BookButton"));
+        QCOMPARE(d->UnbookedLabel->whatsThis(),
+                 QStringLiteral("What the shares of shared costs\nleave to nobody. Shares add up "
+                                "to their cost;\ncosts whose shares do not are listed here."));
     }
 
-    void theDialogShowsBalancesKittyUnbookedCentsAndThePlan()
+    void theDialogShowsBalancesKittyTheCostWhoseSharesDoNotAddUpAndThePlan()
     {
         ShellFixture fx({QStringLiteral("sample.wfn")});
         fx.writeLast(QStringLiteral("sample.wfn"));
@@ -112,9 +115,11 @@ private slots:
         QCOMPARE(names, QStringList({"AB", "CD", "EF", "kitty"}));
         // 100.00 and 12.50 paid in, 64.67 spent by each: the kitty lacks 81.51.
         QCOMPARE(balances, QStringList({"35.33 EUR", "-64.67 EUR", "-52.17 EUR", "81.51 EUR"}));
-        // Three shares of 16.67 booked for a cost of 50.00: one cent too many.
+        // Three shares of 16.67 booked for a cost of 50.00 in a file from elsewhere: one cent
+        // too many, named with its cost.
         QCOMPARE(unbooked,
-                 QStringLiteral("Left unbooked by the division of shared costs: -0.01 EUR"));
+                 QStringLiteral("Left unbooked because the shares of these costs do not add up "
+                                "to them: -0.01 EUR\n31.05.2002 T 50.00, shares 50.01"));
         QCOMPARE(plan,
                  QStringList({"CD pays kitty 64.67 EUR", "EF pays AB 35.33 EUR",
                               "EF pays kitty 16.84 EUR"}));

@@ -373,7 +373,7 @@ private slots:
         QCOMPARE(over.count(), 1);
     }
 
-    void deleteAsksAndYesRemovesTheUserButLeavesTheCosts()
+    void deleteAsksNamingBalanceAndCostsAndYesDividesHisShareAmongTheOthers()
     {
         Fixture f;
         QVERIFY(f.tap("CD"));
@@ -384,7 +384,12 @@ private slots:
         f.list.DeleteButton->click();
         QVERIFY2(box->handled && box->error.isEmpty(), qPrintable(box->error));
         QCOMPARE(box->title, QStringLiteral("Delete item"));
-        QCOMPARE(box->text, QStringLiteral("Delete user entry\nCarl\nDorn\n\nconfirm with yes !"));
+        QCOMPARE(box->text,
+                 QStringLiteral("Delete user entry\nCarl\nDorn\n\n"
+                                "Balance: -10.00 EUR\n"
+                                "Shared costs divided again among the others: 1\n"
+                                "  03.06.2002 30.00\n\n"
+                                "confirm with yes !"));
         QCOMPARE(box->buttons, QMessageBox::Yes | QMessageBox::Cancel);
         QCOMPARE(box->icon, QMessageBox::Information);
         // The signal goes out while the traveller is still there.
@@ -392,13 +397,75 @@ private slots:
         QCOMPARE(f.doc.users.count(), 2);
         QCOMPARE(WidgetReaders::columnTexts(f.list.ListView), (QStringList{"AB", "EF"}));
         QCOMPARE(f.list.currentUser, f.doc.users.first());
-        // The cost stays shared and the others keep their lines as they were.
+        // The cost stays shared and fully booked: the two left share it.
         QVERIFY(f.doc.costs.first()->shared);
         for (UserData *user : f.doc.users) {
             QCOMPARE(user->kto.count(), 1);
-            QCOMPARE(user->kto.at(0)->change, -10.0);
-            QCOMPARE(user->kto.at(0)->percentage, 33.3333);
+            QCOMPARE(user->kto.at(0)->change, -15.0);
+            QCOMPARE(user->kto.at(0)->percentage, 50.0);
+            QCOMPARE(user->value, -15.0);
         }
+        QCOMPARE(WidgetReaders::columnTexts(f.list.ListView, 3), (QStringList{"-15.00", "-15.00"}));
+        // A deletion is a change of the journey.
+        QVERIFY(f.doc.isModified());
+    }
+
+    void aTravellerWithoutAccountLinesIsAskedThePlainQuestion()
+    {
+        Fixture f;
+        UserData *gus = f.doc.users.append();
+        gus->short_ = QStringLiteral("GH");
+        gus->firstname = QStringLiteral("Gus");
+        gus->name = QStringLiteral("Hale");
+        f.list.prepare(&f.calendar);
+        QVERIFY(f.tap("GH"));
+        ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::Yes);
+        f.list.DeleteButton->click();
+        QVERIFY2(box->handled && box->error.isEmpty(), qPrintable(box->error));
+        QCOMPARE(box->title, QStringLiteral("Delete item"));
+        QCOMPARE(box->text, QStringLiteral("Delete user entry\nGus\nHale\n\nconfirm with yes !"));
+        QCOMPARE(f.doc.users.count(), 3);
+        for (UserData *user : f.doc.users)
+            QCOMPARE(user->kto.at(0)->change, -10.0);
+        QVERIFY(f.doc.isModified());
+    }
+
+    void aLongListOfSharedCostsIsCutShortInTheQuestion()
+    {
+        Fixture f;
+        for (int id = 8; id < 14; ++id) {
+            CostsData *cost = f.doc.costs.append();
+            cost->date = QStringLiteral("%1.06.2002").arg(id, 2, 10, QLatin1Char('0'));
+            cost->typeletter = QStringLiteral("F");
+            cost->bval = QStringLiteral("%1.00").arg(id);
+            cost->id = id;
+            for (UserData *user : f.doc.users)
+                user->addKto(id)->change = user->short_ == QLatin1String("AB") ? -double(id) : 0.0;
+        }
+        KtoData *payOff = f.doc.users.at(0)->addKto(-3);
+        payOff->change = -20.0;
+        KtoData *deposit = f.doc.users.at(0)->addKto(-2);
+        deposit->change = 100.0;
+        f.doc.recalcUsers();
+        f.list.prepare(&f.calendar);
+        QVERIFY(f.tap("AB"));
+        ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::Cancel);
+        f.list.DeleteButton->click();
+        QVERIFY2(box->handled && box->error.isEmpty(), qPrintable(box->error));
+        QCOMPARE(box->text,
+                 QStringLiteral("Delete user entry\nAnna\nBerg\n\n"
+                                "Balance: 7.00 EUR\n"
+                                "Deposits leaving with the traveller: 100.00 EUR (1)\n"
+                                "Pay-offs leaving with the traveller: 20.00 EUR (1)\n"
+                                "Shared costs divided again among the others: 7\n"
+                                "  03.06.2002 30.00\n"
+                                "  08.06.2002 F 8.00\n"
+                                "  09.06.2002 F 9.00\n"
+                                "  10.06.2002 F 10.00\n"
+                                "  and 3 more\n\n"
+                                "confirm with yes !"));
+        QCOMPARE(f.doc.users.count(), 3);
+        QVERIFY(!f.doc.isModified());
     }
 
     void cancelInTheDeleteQuestionKeepsTheUser()
@@ -599,7 +666,13 @@ private slots:
         ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::Yes);
         f.list.DeleteButton->click();
         QVERIFY2(box->handled, qPrintable(box->error));
-        QCOMPARE(box->text, QStringLiteral("Delete user entry\nEva\nFell\n\nconfirm with yes !"));
+        QCOMPARE(box->text,
+                 QStringLiteral("Delete user entry\nEva\nFell\n\n"
+                                "Balance: -5.00 EUR\n"
+                                "Deposits leaving with the traveller: 5.00 EUR (1)\n"
+                                "Shared costs divided again among the others: 1\n"
+                                "  03.06.2002 30.00\n\n"
+                                "confirm with yes !"));
         QCOMPARE(f.doc.users.count(), 2);
         QCOMPARE(f.doc.users.at(0)->firstname, QStringLiteral("Anna"));
     }

@@ -1,5 +1,5 @@
-// The cost sharing dialog: the temporary list of travellers, the ticks, the even division,
-// the share button, typed values and what reaches the accounts.
+// The cost sharing dialog: the temporary list of travellers, the ticks, the division in
+// whole cents, the share button, typed values and what reaches the accounts.
 
 #include "data/wayferndata.h"
 #include "dialogs/calenderedit.h"
@@ -259,20 +259,24 @@ private slots:
     void selectButtonOpensTheCalendarWithTheShareDate();
 
     // Ticks and the even division.
-    void hundredSharedByThreeShowsMinus33_33AndBooksMinus99_99_data();
-    void hundredSharedByThreeShowsMinus33_33AndBooksMinus99_99();
+    void hundredSharedByThreeGivesTheOddCentToTheFirstAndBooksTheWholeAmount_data();
+    void hundredSharedByThreeGivesTheOddCentToTheFirstAndBooksTheWholeAmount();
     void tickingOneRowGivesItTheWholeAmount();
+    void ninetyTwo63AmongThreeAddsUpWithTheOddCentsInListOrder();
+    void aRefundIsDividedInWholeCentsThatAddUp();
+    void aChangedAmountIsDividedAgainInTheSameProportionsWhenTheShareOpens();
+    void sharesThatAddUpOpenAsStored();
     void untickingTheLastTickedRowSetsEveryRowToZeroWithoutDivision();
     void tapOutsideTheTickColumnTicksNothing();
     void zeroAmountGivesNegatedZeroShownAsMinus0_00AndReopensUnticked();
     void reopeningShowsTheTicksItWasLeftWith();
-    void handEnteredZeroShowsUntickedAtReopening();
+    void handEnteredZeroShowsUntickedAtReopeningWhileTheOthersCarryTheAmount();
 
     // The share button.
     void shareButtonAsksBeforeSharing();
     void shareButtonCancelOrEscapeChangesNothing();
     void shareButtonDividesAmongAllUsersAndTicksEveryRow();
-    void shareButtonDividesByTheDocumentsUsersEvenWithFewerRows();
+    void shareButtonDividesAmongTheRowsShownSoTheSharesAddUp();
     void shareButtonWithNoUsersDoesNothing();
 
     // The edit line.
@@ -283,15 +287,15 @@ private slots:
     void typedValueWithoutMinusIsBookedAsACredit();
     void aLaterTickOverwritesHandEnteredValuesOfAllRows();
     void tenThousandCharacterValueIsBookedWithoutCrash();
-    void typedTextThatIsNoNumberIsBookedAsZero();
-    void typedMinusZeroIsBookedAsANegatedZeroAndReopensUnticked();
+    void typedTextThatIsNoNumberIsBookedAsZeroAndTheOtherSharerCarriesTheAmountAtReopening();
+    void typedMinusZeroIsBookedAsANegatedZeroAndItsSharerCarriesTheAmountAtReopening();
 
     // Odd journeys.
     void noUsersLeavesTheListEmptyAndOkAcceptsWithoutChange();
     void duplicateShortNamesMapOntoTheFirstRow();
     void travellerWithoutLineEndsTheRows();
     void travellerAddedAfterSharingLeavesOthersWithTheirLastLine();
-    void travellerDeletedAfterSharingLeavesTheOthersRows();
+    void travellerDeletedAfterSharingLeavesTheOthersRowsSharingTheWholeAmount();
     void travellerDeletedWhileTheDialogIsOpenBooksTheOthers();
 
     // OK, Cancel and closing.
@@ -303,7 +307,7 @@ private slots:
     void cancelQuestionNoLeavesTheAccountsAndRejects();
     void cancelQuestionCancelOrEscapeKeepsTheDialogAndTheTemporaryList();
     void closingTheWindowAsksAndAnswersAsCancelDoes();
-    void oldLineWithMoreDigitsCountsAsAChange();
+    void oldLineWithMoreDigitsIsDividedInWholeCentsAndCountsAsAChange();
 
     // The account list behind slotKonto.
     void kontoShowsTheAccountOfTheSelectedRow();
@@ -512,7 +516,7 @@ void TestUserPay::preparePrintsTheSharedLinesAsStored()
     QCOMPARE(printed,
              QStringLiteral("\nuserPayEdit::prepare - shareval = -7.5000"
                             "\n                       ID = 12")
-                 + copyTrace("Zo\u00eb", s.line(0, 12), "-33.3300", "33.3000", "24.12.2002")
+                 + copyTrace("Zo\u00eb", s.line(0, 12), "-33.3400", "33.3000", "24.12.2002")
                  + copyTrace("CD", s.line(1, 12), "-33.3300", "33.3000", "24.12.2002")
                  + copyTrace("EF", s.line(2, 12), "-33.3300", "33.3000", "24.12.2002"));
     QCOMPARE(s.dlg.ValTextLabel->text(), QString("-7.50 EUR"));
@@ -585,14 +589,14 @@ void TestUserPay::selectButtonOpensTheCalendarWithTheShareDate()
     QCOMPARE(s.line(0, 1)->date, QString("09.05.2002"));
 }
 
-void TestUserPay::hundredSharedByThreeShowsMinus33_33AndBooksMinus99_99_data()
+void TestUserPay::hundredSharedByThreeGivesTheOddCentToTheFirstAndBooksTheWholeAmount_data()
 {
     QTest::addColumn<bool>("shareButton");
     QTest::newRow("ticked one by one") << false;
     QTest::newRow("share button") << true;
 }
 
-void TestUserPay::hundredSharedByThreeShowsMinus33_33AndBooksMinus99_99()
+void TestUserPay::hundredSharedByThreeGivesTheOddCentToTheFirstAndBooksTheWholeAmount()
 {
     QFETCH(bool, shareButton);
     PaySetup s({"AB", "CD", "EF"});
@@ -607,27 +611,103 @@ void TestUserPay::hundredSharedByThreeShowsMinus33_33AndBooksMinus99_99()
     }
     QCOMPARE(pictures(s.dlg.ListView), QStringList({"tick", "tick", "tick"}));
     QCOMPARE(rowTexts(s.dlg.ListView),
-             QStringList({"AB|33.3|-33.33|", "CD|33.3|-33.33|", "EF|33.3|-33.33|"}));
+             QStringList({"AB|33.3|-33.34|", "CD|33.3|-33.33|", "EF|33.3|-33.33|"}));
     QTest::mouseClick(s.dlg.OkButton, Qt::LeftButton);
     QVERIFY(!s.dlg.isVisible());
     QCOMPARE(s.dlg.result(), 1);
     double booked = 0.0;
     double balances = 0.0;
     for (int i = 0; i < 3; ++i) {
+        const double share = i == 0 ? -33.34 : -33.33;
         const KtoData *line = s.line(i, 4);
-        QCOMPARE(line->change, -33.33);
+        QCOMPARE(line->change, share);
         QCOMPARE(line->percentage, 33.3);
         QCOMPARE(line->type, QString("share"));
         QCOMPARE(line->date, QString("03.05.2002"));
         QCOMPARE(line->magic, 4);
-        QCOMPARE(s.doc.users.at(i)->value, -33.33);
+        QCOMPARE(s.doc.users.at(i)->value, share);
         booked += line->change;
         balances += s.doc.users.at(i)->value;
     }
-    // The cent left over stays unbooked.
-    QCOMPARE(QString::asprintf("%.2f", booked), QString("-99.99"));
-    QCOMPARE(QString::asprintf("%.2f", balances), QString("-99.99"));
+    // No cent is left over: the shares add up to the amount.
+    QCOMPARE(QString::asprintf("%.2f", booked), QString("-100.00"));
+    QCOMPARE(QString::asprintf("%.2f", balances), QString("-100.00"));
     QVERIFY(s.doc.isModified());
+}
+
+void TestUserPay::ninetyTwo63AmongThreeAddsUpWithTheOddCentsInListOrder()
+{
+    PaySetup s({"AB", "CD", "EF"});
+    s.open(92.63, 1);
+    QVERIFY(s.tick({2, 0, 1}));
+    QCOMPARE(rowTexts(s.dlg.ListView),
+             QStringList({"AB|33.3|-30.88|", "CD|33.3|-30.88|", "EF|33.3|-30.87|"}));
+    // Two ticked: 46.32 and 46.31, the odd cent to the first in the list.
+    QVERIFY(s.tap(0));
+    QCOMPARE(rowTexts(s.dlg.ListView),
+             QStringList({"AB|0.0|0.00|", "CD|50.0|-46.32|", "EF|50.0|-46.31|"}));
+    QVERIFY(s.tap(0));
+    QTest::mouseClick(s.dlg.OkButton, Qt::LeftButton);
+    QCOMPARE(s.line(0, 1)->change + s.line(1, 1)->change + s.line(2, 1)->change, -92.63);
+    QCOMPARE(s.line(2, 1)->change, -30.87);
+}
+
+void TestUserPay::aRefundIsDividedInWholeCentsThatAddUp()
+{
+    PaySetup s({"AB", "CD", "EF"});
+    s.open(-10.0, 1);
+    QVERIFY(s.tick({0, 1, 2}));
+    // A refund is a credit for each: minus a negative share. The percentage is the part
+    // of each share, 3.34 of 10.00.
+    QCOMPARE(rowTexts(s.dlg.ListView),
+             QStringList({"AB|33.4|3.34|", "CD|33.3|3.33|", "EF|33.3|3.33|"}));
+    QTest::mouseClick(s.dlg.OkButton, Qt::LeftButton);
+    QCOMPARE(s.doc.users.at(0)->value, 3.34);
+    QCOMPARE(s.doc.users.at(1)->value, 3.33);
+}
+
+void TestUserPay::aChangedAmountIsDividedAgainInTheSameProportionsWhenTheShareOpens()
+{
+    PaySetup s({"AB", "CD", "EF"});
+    s.open(100.0, 1);
+    QVERIFY(s.tick({0, 1}));
+    // AB takes 75.00 by hand, CD 25.00; EF has no part.
+    QVERIFY(s.typeInRow(0, "-75.00"));
+    QVERIFY(s.typeInRow(1, "-25.00"));
+    QTest::mouseClick(s.dlg.OkButton, Qt::LeftButton);
+
+    // The cost became 150.01: 3 : 1, the odd cent to the larger remainder.
+    s.reopen(150.01, 1);
+    QCOMPARE(s.dlg.ValTextLabel->text(), QString("150.01 EUR"));
+    QCOMPARE(rowTexts(s.dlg.ListView),
+             QStringList({"AB|75.0|-112.51|", "CD|25.0|-37.50|", "EF|0.0|0.00|"}));
+    QCOMPARE(pictures(s.dlg.ListView), QStringList({"tick", "tick", "box"}));
+    // What is shown is a change of the stored shares: Cancel asks, Yes stores it.
+    s.cancelAnswering(QMessageBox::Yes);
+    QCOMPARE(s.line(0, 1)->change, -112.51);
+    QCOMPARE(s.line(1, 1)->change, -37.5);
+    QCOMPARE(s.line(2, 1)->change, 0.0);
+    QCOMPARE(s.line(0, 1)->percentage, 75.0);
+
+    // A refund of the whole: the same proportions, as credits.
+    s.reopen(-40.0, 1);
+    QCOMPARE(rowTexts(s.dlg.ListView),
+             QStringList({"AB|75.0|30.00|", "CD|25.0|10.00|", "EF|0.0|0.00|"}));
+}
+
+void TestUserPay::sharesThatAddUpOpenAsStored()
+{
+    PaySetup s({"AB", "CD"});
+    s.open(10.0, 1);
+    QVERIFY(s.tick({0, 1}));
+    QVERIFY(s.typeInRow(0, "-9.99"));
+    QVERIFY(s.typeInRow(1, "-0.01"));
+    QTest::mouseClick(s.dlg.OkButton, Qt::LeftButton);
+    s.reopen(10.0, 1);
+    QCOMPARE(rowTexts(s.dlg.ListView), QStringList({"AB|50.0|-9.99|", "CD|50.0|-0.01|"}));
+    // Nothing changed: Cancel asks nothing.
+    QTest::mouseClick(s.dlg.CancelButton, Qt::LeftButton);
+    QCOMPARE(s.dlg.result(), 0);
 }
 
 void TestUserPay::tickingOneRowGivesItTheWholeAmount()
@@ -696,7 +776,7 @@ void TestUserPay::reopeningShowsTheTicksItWasLeftWith()
              QStringList({"AB|50.0|-45.00|", "CD|0.0|0.00|", "EF|50.0|-45.00|"}));
 }
 
-void TestUserPay::handEnteredZeroShowsUntickedAtReopening()
+void TestUserPay::handEnteredZeroShowsUntickedAtReopeningWhileTheOthersCarryTheAmount()
 {
     PaySetup s({"AB", "CD"});
     s.open(40.0, 1);
@@ -707,7 +787,9 @@ void TestUserPay::handEnteredZeroShowsUntickedAtReopening()
     QTest::mouseClick(s.dlg.OkButton, Qt::LeftButton);
     s.reopen(40.0, 1);
     QCOMPARE(pictures(s.dlg.ListView), QStringList({"tick", "box"}));
-    QCOMPARE(rowTexts(s.dlg.ListView), QStringList({"AB|50.0|-20.00|", "CD|50.0|0.00|"}));
+    // The 20.00 booked do not add up to the 40.00 of the cost: the traveller who still has
+    // a share takes the whole amount, and the row typed over with 0 stays without a share.
+    QCOMPARE(rowTexts(s.dlg.ListView), QStringList({"AB|100.0|-40.00|", "CD|50.0|0.00|"}));
 }
 
 void TestUserPay::shareButtonAsksBeforeSharing()
@@ -758,7 +840,7 @@ void TestUserPay::shareButtonDividesAmongAllUsersAndTicksEveryRow()
         QCOMPARE(s.line(i, 1)->change, -12.5);
 }
 
-void TestUserPay::shareButtonDividesByTheDocumentsUsersEvenWithFewerRows()
+void TestUserPay::shareButtonDividesAmongTheRowsShownSoTheSharesAddUp()
 {
     PaySetup s({"AB", "CD", "EF"});
     s.doc.addAllKto(1);
@@ -769,7 +851,7 @@ void TestUserPay::shareButtonDividesByTheDocumentsUsersEvenWithFewerRows()
     ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::Yes);
     QTest::mouseClick(s.dlg.ShareButton, Qt::LeftButton);
     QVERIFY2(box->handled && box->error.isEmpty(), qPrintable(box->error));
-    QCOMPARE(rowTexts(s.dlg.ListView), QStringList({"AB|33.3|-30.00|"}));
+    QCOMPARE(rowTexts(s.dlg.ListView), QStringList({"AB|100.0|-90.00|"}));
 }
 
 void TestUserPay::shareButtonWithNoUsersDoesNothing()
@@ -897,7 +979,8 @@ void TestUserPay::tenThousandCharacterValueIsBookedWithoutCrash()
     QCOMPARE(s.line(0, 2)->change, -0.5555555555555556);
 }
 
-void TestUserPay::typedTextThatIsNoNumberIsBookedAsZero()
+void TestUserPay::
+    typedTextThatIsNoNumberIsBookedAsZeroAndTheOtherSharerCarriesTheAmountAtReopening()
 {
     PaySetup s({"AB", "CD"});
     s.open(10.0, 1);
@@ -909,13 +992,14 @@ void TestUserPay::typedTextThatIsNoNumberIsBookedAsZero()
     QCOMPARE(s.line(0, 1)->percentage, 50.0);
     QCOMPARE(s.doc.users.at(0)->value, 0.0);
     QCOMPARE(s.line(1, 1)->change, -5.0);
-    // Booked as 0.0, the row shows no tick when the share opens again.
+    // Booked as 0.0, the row shows no tick when the share opens again, and the other
+    // sharer carries the whole amount, so that the shares add up to it.
     s.reopen(10.0, 1);
     QCOMPARE(pictures(s.dlg.ListView), QStringList({"box", "tick"}));
-    QCOMPARE(rowTexts(s.dlg.ListView), QStringList({"AB|50.0|0.00|", "CD|50.0|-5.00|"}));
+    QCOMPARE(rowTexts(s.dlg.ListView), QStringList({"AB|50.0|0.00|", "CD|100.0|-10.00|"}));
 }
 
-void TestUserPay::typedMinusZeroIsBookedAsANegatedZeroAndReopensUnticked()
+void TestUserPay::typedMinusZeroIsBookedAsANegatedZeroAndItsSharerCarriesTheAmountAtReopening()
 {
     PaySetup s({"AB", "CD"});
     s.open(10.0, 1);
@@ -926,9 +1010,11 @@ void TestUserPay::typedMinusZeroIsBookedAsANegatedZeroAndReopensUnticked()
     QCOMPARE(s.line(0, 1)->change, 0.0);
     QCOMPARE(s.line(0, 1)->percentage, 100.0);
     QCOMPARE(s.doc.users.at(0)->value, 0.0);
+    // Nothing of the 10.00 is booked; the negated zero still marks AB as the sharer, so he
+    // takes the amount when the share opens again.
     s.reopen(10.0, 1);
-    QCOMPARE(pictures(s.dlg.ListView), QStringList({"box", "box"}));
-    QCOMPARE(rowTexts(s.dlg.ListView), QStringList({"AB|100.0|-0.00|", "CD|0.0|0.00|"}));
+    QCOMPARE(pictures(s.dlg.ListView), QStringList({"tick", "box"}));
+    QCOMPARE(rowTexts(s.dlg.ListView), QStringList({"AB|100.0|-10.00|", "CD|0.0|0.00|"}));
 }
 
 void TestUserPay::noUsersLeavesTheListEmptyAndOkAcceptsWithoutChange()
@@ -1018,18 +1104,18 @@ void TestUserPay::travellerAddedAfterSharingLeavesOthersWithTheirLastLine()
     QCOMPARE(s.line(0, 1)->change, -10.0);
     QCOMPARE(s.line(0, 2)->change, -60.0);
 
-    // The share button counts EF, though he has no row.
+    // The share button divides among the rows shown; EF has none.
     s.reopen(20.0, 1);
     ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::Yes);
     QTest::mouseClick(s.dlg.ShareButton, Qt::LeftButton);
     QVERIFY2(box->handled && box->error.isEmpty(), qPrintable(box->error));
-    QCOMPARE(rowTexts(s.dlg.ListView), QStringList({"AB|33.3|-6.67|", "CD|33.3|-6.67|"}));
+    QCOMPARE(rowTexts(s.dlg.ListView), QStringList({"AB|50.0|-10.00|", "CD|50.0|-10.00|"}));
     s.cancelAnswering(QMessageBox::No);
     QCOMPARE(s.line(0, 2)->change, -60.0);
     QCOMPARE(s.line(1, 2)->change, 0.0);
 }
 
-void TestUserPay::travellerDeletedAfterSharingLeavesTheOthersRows()
+void TestUserPay::travellerDeletedAfterSharingLeavesTheOthersRowsSharingTheWholeAmount()
 {
     PaySetup s({"AB", "CD", "EF"});
     s.open(90.0, 1);
@@ -1040,9 +1126,10 @@ void TestUserPay::travellerDeletedAfterSharingLeavesTheOthersRows()
     s.doc.recalcUsers();
 
     s.reopen(90.0, 1);
-    QCOMPARE(rowTexts(s.dlg.ListView), QStringList({"AB|33.3|-30.00|", "EF|33.3|-30.00|"}));
+    // The 60.00 left booked do not add up to the cost: the two left share all of it.
+    QCOMPARE(rowTexts(s.dlg.ListView), QStringList({"AB|50.0|-45.00|", "EF|50.0|-45.00|"}));
     QCOMPARE(pictures(s.dlg.ListView), QStringList({"tick", "tick"}));
-    // A tap divides the whole amount anew among the rows left.
+    // A tap divides the whole amount anew among the rows left, as before.
     QVERIFY(s.tap(1));
     QVERIFY(s.tap(1));
     QCOMPARE(rowTexts(s.dlg.ListView), QStringList({"AB|50.0|-45.00|", "EF|50.0|-45.00|"}));
@@ -1209,7 +1296,7 @@ void TestUserPay::closingTheWindowAsksAndAnswersAsCancelDoes()
     QVERIFY(s.doc.isModified());
 }
 
-void TestUserPay::oldLineWithMoreDigitsCountsAsAChange()
+void TestUserPay::oldLineWithMoreDigitsIsDividedInWholeCentsAndCountsAsAChange()
 {
     PaySetup s({"AB", "CD", "EF"});
     s.doc.addAllKto(1);
@@ -1221,11 +1308,13 @@ void TestUserPay::oldLineWithMoreDigitsCountsAsAChange()
         line->date = "03.05.2002";
     }
     s.reopen(100.0, 1);
+    // 3 x 33.33 in whole cents do not add up to 100.00: divided again, evenly.
     QCOMPARE(rowTexts(s.dlg.ListView),
-             QStringList({"AB|33.3|-33.33|", "CD|33.3|-33.33|", "EF|33.3|-33.33|"}));
+             QStringList({"AB|33.3|-33.34|", "CD|33.3|-33.33|", "EF|33.3|-33.33|"}));
     s.cancelAnswering(QMessageBox::Yes);
-    // Yes stores the rounded texts.
-    QCOMPARE(s.line(0, 1)->change, -33.33);
+    // Yes stores the texts shown.
+    QCOMPARE(s.line(0, 1)->change, -33.34);
+    QCOMPARE(s.line(1, 1)->change, -33.33);
     QCOMPARE(s.line(0, 1)->percentage, 33.3);
 }
 

@@ -4,6 +4,7 @@
 
 #include <QDate>
 #include <QMessageBox>
+#include <QStringList>
 
 settleEdit::settleEdit(QWidget *parent, const char *name, bool modal, WayFernData *document)
     : SettleDlg(parent, name, modal), document(document)
@@ -40,8 +41,24 @@ void settleEdit::fillBalances()
         rows.last()->setTextAlignment(1, Qt::AlignRight | Qt::AlignVCenter);
     }
     BalanceListView->addTopLevelItems(rows);
-    UnbookedLabel->setText(tr("Left unbooked by the division of shared costs: %1 %2")
-                               .arg(Settlement::centsText(settlement.unbookedCents()), base));
+    const QList<Settlement::OpenCost> &open = settlement.openCosts();
+    if (open.isEmpty()) {
+        UnbookedLabel->setText(tr("Left unbooked by the division of shared costs: %1 %2")
+                                   .arg(Settlement::centsText(settlement.unbookedCents()), base));
+        return;
+    }
+    // Shares that do not add up to their cost are no rounding: they are named, so that the
+    // person can open those costs and share them again.
+    QStringList lines{
+        tr("Left unbooked because the shares of these costs do not add up to them: %1 %2")
+            .arg(Settlement::centsText(settlement.unbookedCents()), base)};
+    const QString pattern = tr("%1 %2 %3, shares %4");
+    constexpr int shown = 5; // a small screen
+    for (int i = 0; i < open.size() && i < shown; ++i)
+        lines << Settlement::openCostText(open.at(i), pattern);
+    if (open.size() > shown)
+        lines << tr("and %1 more").arg(open.size() - shown);
+    UnbookedLabel->setText(lines.join(QLatin1Char('\n')));
 }
 
 void settleEdit::fillPlan()

@@ -5,9 +5,9 @@
 
 class WayFernData;
 
-// Settling up at the end of a journey: shows the balances with the kitty, the cents that
-// the division of shared costs left unbooked and the plan of transfers, and books the plan
-// as deposits and pay-offs on request.
+// Settling up at the end of a journey: shows the balances with the kitty, what the shares
+// of shared costs leave unbooked (with the costs whose shares do not add up) and the plan of
+// transfers, and books the plan as deposits and pay-offs on request.
 class settleEdit : public SettleDlg
 {
     Q_OBJECT

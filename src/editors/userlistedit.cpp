@@ -5,9 +5,11 @@
 #include "editors/usercashedit.h"
 #include "editors/useredit.h"
 #include "editors/userktoedit.h"
+#include "settle/settlement.h"
 
 #include <QList>
 #include <QMessageBox>
+#include <QStringList>
 #include <QTreeWidgetItem>
 
 userListEdit::userListEdit(QWidget *parent, const char *name, bool modal, WayFernData *doc)
@@ -128,6 +130,39 @@ void userListEdit::slotDoubleClicked(QTreeWidgetItem *)
     slotChange();
 }
 
+QString userListEdit::leaveText(const TravellerLeave &leave) const
+{
+    const QString &base = document->basecurrency;
+    const auto money = [&base](qint64 cents) {
+        return Settlement::centsText(cents) + QLatin1Char(' ') + base;
+    };
+    QStringList lines;
+    lines << tr("Balance: %1").arg(money(leave.balanceCents));
+    if (leave.deposits > 0)
+        lines << tr("Deposits leaving with the traveller: %1 (%2)")
+                     .arg(money(leave.depositCents))
+                     .arg(leave.deposits);
+    if (leave.payOffs > 0)
+        lines << tr("Pay-offs leaving with the traveller: %1 (%2)")
+                     .arg(money(leave.payOffCents))
+                     .arg(leave.payOffs);
+    if (!leave.costs.isEmpty()) {
+        lines << tr("Shared costs divided again among the others: %1").arg(leave.costs.size());
+        // A handful of them by name; the box must stay readable on a small screen.
+        constexpr int shown = 4;
+        for (int i = 0; i < leave.costs.size() && i < shown; ++i) {
+            const CostsData *cost = leave.costs.at(i).cost;
+            QStringList parts{cost->date, cost->typeletter,
+                              Settlement::centsText(leave.costs.at(i).valueCents)};
+            parts.removeAll(QString());
+            lines << QStringLiteral("  ") + parts.join(QLatin1Char(' '));
+        }
+        if (leave.costs.size() > shown)
+            lines << QStringLiteral("  ") + tr("and %1 more").arg(leave.costs.size() - shown);
+    }
+    return lines.join(QLatin1Char('\n'));
+}
+
 void userListEdit::slotDelete()
 {
     QTreeWidgetItem *row = ListView->currentItem();
@@ -136,15 +171,22 @@ void userListEdit::slotDelete()
     currentUser = findByItem(row);
     if (!currentUser)
         return;
-    const QString text = tr("Delete user entry") + QLatin1Char('\n') + currentUser->firstname
-        + QLatin1Char('\n') + currentUser->name + QStringLiteral("\n\n") + tr("confirm with yes !");
+    const TravellerLeave leave = TravellerLeave::of(*document, currentUser);
+    QString text = tr("Delete user entry") + QLatin1Char('\n') + currentUser->firstname
+        + QLatin1Char('\n') + currentUser->name + QStringLiteral("\n\n");
+    // With an account, the question says what leaves with the traveller and what the
+    // others take over.
+    if (leave.hasLines)
+        text += leaveText(leave) + QStringLiteral("\n\n");
+    text += tr("confirm with yes !");
     const auto answer = QMessageBox::information(this, tr("Delete item"), text,
                                                  QMessageBox::Yes | QMessageBox::Cancel);
     if (answer == QMessageBox::Yes) {
-        // Listeners see the traveller still present. The costs keep their shares: his part
-        // leaves the books with him.
+        // Listeners see the traveller still present. His shares of costs go to those who
+        // shared them with him, so every shared cost stays fully booked; his deposits and
+        // pay-offs leave with him.
         emit overChanged();
-        document->users.remove(currentUser);
+        TravellerLeave::remove(*document, currentUser);
         usersSeen = document->users.generation();
         currentUser = document->users.first();
     }

@@ -2,6 +2,7 @@
 
 #include "dialogs/scqtwidgetutil.h"
 #include "forms/userlistdlg.h"
+#include "settle/travellerleave.h"
 
 #include <QString>
 
@@ -53,6 +54,8 @@ private:
     // A deposit (magic -2) or a pay-off (magic -3) for the selected traveller.
     void bookCash(int magic, const QString &type);
     void setRowButtons(bool on);
+    // What the delete question adds for a traveller with account lines.
+    QString leaveText(const TravellerLeave &leave) const;
 
     ScQtWidgetUtil util;
     // The users list's generation after the last change made or seen here.

@@ -6,6 +6,8 @@
 #include "dialogs/savechangesquestion.h"
 #include "editors/numbertext.h"
 #include "editors/userktoedit.h"
+#include "settle/settlement.h"
+#include "settle/sharedivision.h"
 #include "storage/printline.h"
 
 #include <QCloseEvent>
@@ -94,6 +96,7 @@ void userPayEdit::prepare(double shareval, QString date, calenderEdit *cal, int 
 
     clearTmp();
     copyActuToTmp();
+    divideChangedAmount();
     fillList();
 
     modified = false;
@@ -159,17 +162,6 @@ void userPayEdit::setTick(QTreeWidgetItem *item, bool ticked)
     item->setData(0, Qt::DecorationRole, ticked ? *selPixmap : *unselPixmap);
 }
 
-int userPayEdit::countSelected()
-{
-    int n = 0;
-    for (const UserData *tmpUser : tmpUsers) {
-        QTreeWidgetItem *row = util.findItem(ListView, tmpUser->short_, 1);
-        if (row && isTicked(row))
-            ++n;
-    }
-    return n;
-}
-
 void userPayEdit::slotClicked(QTreeWidgetItem *item, int column)
 {
     if (column != 0 || !item)
@@ -178,25 +170,71 @@ void userPayEdit::slotClicked(QTreeWidgetItem *item, int column)
     recalcShares();
 }
 
-void userPayEdit::recalcShares()
+void userPayEdit::divideChangedAmount()
 {
-    const int n = countSelected();
+    const qint64 cents = Settlement::toCents(shareVal);
+    QList<double> changes;
+    qint64 booked = 0;
+    for (const UserData *tmpUser : tmpUsers) {
+        // Rows that show another cost's line (a lookup that stopped at a traveller without
+        // a line) are no shares of this cost: nothing to divide.
+        if (tmpUser->temp.magic != costId)
+            return;
+        changes.append(tmpUser->temp.change);
+        booked += ShareDivision::shareOfChange(tmpUser->temp.change);
+    }
+    if (booked == cents)
+        return;
+    // The amount, currency or rate changed since the cost was shared: the same travellers
+    // share the new amount in the same proportions, so that what is shown and stored
+    // belongs to the cost as it is now.
+    const QList<qint64> weights = ShareDivision::proportionsOfChanges(changes);
+    if (ShareDivision::sum(weights) == 0)
+        return;
+    const QList<qint64> parts = ShareDivision::byWeights(cents, weights);
+    const QList<double> percent = ShareDivision::percentages(parts, cents, weights);
+    for (int i = 0; i < tmpUsers.count(); ++i) {
+        if (weights.at(i) == 0)
+            continue;
+        tmpUsers.at(i)->temp.change = ShareDivision::changeOfShare(parts.at(i));
+        tmpUsers.at(i)->temp.percentage = percent.at(i);
+    }
+}
+
+void userPayEdit::divideAmong(const QList<QTreeWidgetItem *> &rows, const QList<qint64> &weights)
+{
+    const qint64 cents = Settlement::toCents(shareVal);
+    const QList<qint64> parts = ShareDivision::byWeights(cents, weights);
+    const QList<double> percent = ShareDivision::percentages(parts, cents, weights);
     for (int i = tmpUsers.count() - 1; i >= 0; --i) {
-        UserData *tmpUser = tmpUsers.at(i);
-        QTreeWidgetItem *row = util.findItem(ListView, tmpUser->short_, 1);
+        QTreeWidgetItem *row = rows.at(i);
         if (!row)
             continue;
-        if (isTicked(row)) {
-            tmpUser->temp.change = -(shareVal / double(n));
-            tmpUser->temp.percentage = 100.0 / double(n);
+        UserData *tmpUser = tmpUsers.at(i);
+        if (weights.at(i) != 0) {
+            tmpUser->temp.change = ShareDivision::changeOfShare(parts.at(i));
+            tmpUser->temp.percentage = percent.at(i);
         } else {
             tmpUser->temp.change = 0.0;
             tmpUser->temp.percentage = 0.0;
         }
         row->setText(3, amountText(tmpUser->temp.change));
         row->setText(2, percentText(tmpUser->temp.percentage));
-        modified = false;
     }
+}
+
+void userPayEdit::recalcShares()
+{
+    // The ticked rows share the amount alike, in whole cents that add up to it.
+    QList<QTreeWidgetItem *> rows;
+    QList<qint64> weights;
+    for (const UserData *tmpUser : tmpUsers) {
+        QTreeWidgetItem *row = util.findItem(ListView, tmpUser->short_, 1);
+        rows.append(row);
+        weights.append(row && isTicked(row) ? 1 : 0);
+    }
+    divideAmong(rows, weights);
+    modified = false;
 }
 
 void userPayEdit::slotShare()
@@ -206,20 +244,20 @@ void userPayEdit::slotShare()
         QMessageBox::Yes | QMessageBox::Cancel);
     if (answer != QMessageBox::Yes)
         return;
-    const int n = document->users.count();
-    if (n == 0)
+    if (document->users.isEmpty())
         return;
-    for (int i = tmpUsers.count() - 1; i >= 0; --i) {
-        UserData *tmpUser = tmpUsers.at(i);
+    // Everybody with a row shares alike: the rows are what is booked, so the shares add up
+    // to the amount.
+    QList<QTreeWidgetItem *> rows;
+    QList<qint64> weights;
+    for (const UserData *tmpUser : tmpUsers) {
         QTreeWidgetItem *row = util.findItem(ListView, tmpUser->short_, 1);
-        if (!row)
-            continue;
-        tmpUser->temp.change = -(shareVal / double(n));
-        tmpUser->temp.percentage = 100.0 / double(n);
-        setTick(row, true);
-        row->setText(3, amountText(tmpUser->temp.change));
-        row->setText(2, percentText(tmpUser->temp.percentage));
+        rows.append(row);
+        weights.append(row ? 1 : 0);
+        if (row)
+            setTick(row, true);
     }
+    divideAmong(rows, weights);
     modified = false;
 }
 

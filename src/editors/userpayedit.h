@@ -4,6 +4,7 @@
 #include "dialogs/scqtwidgetutil.h"
 #include "forms/userpaydlg.h"
 
+#include <QList>
 #include <QString>
 
 #include <memory>
@@ -16,7 +17,8 @@ class calenderEdit;
 class userKtoEdit;
 struct UserData;
 
-// Divides the base amount of one cost among the travellers. It works on a temporary list
+// Divides the base amount of one cost among the travellers, in whole cents that add up to
+// it. It works on a temporary list
 // of travellers; their account lines (magic = the cost's id) change only on confirmation.
 // A row counts as ticked when its picture in column 0 is the tick pixmap.
 class userPayEdit : public UserPayDlg
@@ -49,8 +51,12 @@ private:
     void clearTmp();
     void copyActuToTmp();
     void fillList();
-    int countSelected();
     void recalcShares();
+    // Divides the amount anew among the lines' sharers when their shares do not add up to it.
+    void divideChangedAmount();
+    // The amount in proportion to `weights` (one per temporary traveller) into the lines
+    // and their rows (null where a traveller has no row); weight 0 books nothing.
+    void divideAmong(const QList<QTreeWidgetItem *> &rows, const QList<qint64> &weights);
     void readShares();
     void checkShares();
     void copyTmpToActu();

@@ -486,6 +486,8 @@ void paintReport(const JourneyReport &r, QPdfWriter &writer, QPainter &p)
     }
     page.gap(3);
     page.line(r.unbookedLine(), body);
+    for (const QString &line : r.openCosts)
+        page.line(QStringLiteral("\u2022 ") + line, body);
 
     page.heading(JourneyReport::tr("Settlement plan"));
     if (r.plan.isEmpty())

@@ -92,6 +92,9 @@ void printSettlement(WayFernData &document)
                qPrintable(Settlement::centsText(party.cents)), qPrintable(base));
     printf("unbooked  : %s %s\n", qPrintable(Settlement::centsText(settlement.unbookedCents())),
            qPrintable(base));
+    // What is unbooked comes from costs whose shares do not add up to them.
+    for (const Settlement::OpenCost &cost : settlement.openCosts())
+        printf("open cost : %s\n", qPrintable(Settlement::openCostText(cost)));
     for (const Settlement::Transfer &transfer : settlement.fewestTransfers())
         printf("transfer  : %s\n", qPrintable(Settlement::transferText(transfer, base)));
 }

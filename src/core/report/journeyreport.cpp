@@ -140,6 +140,9 @@ JourneyReport JourneyReport::fromJourney(const WayFernData &doc, const QString &
             r.travellers[party.user].balance = party.cents;
     }
     r.unbooked = settlement.unbookedCents();
+    const QString openPattern = tr("%1 %2 %3, shares %4");
+    for (const Settlement::OpenCost &cost : settlement.openCosts())
+        r.openCosts.append(Settlement::openCostText(cost, openPattern));
     const QString pattern = tr("%1 pays %2 %3 %4");
     for (const Settlement::Transfer &transfer : settlement.fewestTransfers())
         r.plan.append(Settlement::transferText(transfer, r.currency, pattern));
@@ -167,6 +170,9 @@ QString JourneyReport::perDayLine() const
 
 QString JourneyReport::unbookedLine() const
 {
+    if (!openCosts.isEmpty())
+        return tr("Left unbooked because the shares of these costs do not add up to them: %1 %2")
+            .arg(centsText(unbooked), currency);
     return tr("Left unbooked by the division of shared costs: %1 %2")
         .arg(centsText(unbooked), currency);
 }
@@ -241,6 +247,12 @@ QString JourneyReport::html() const
         out += QStringLiteral("<tr><td>%1</td><td class=\"num\">%2 %3</td></tr>\n")
                    .arg(esc(b.name), centsText(b.cents), cur);
     out += QStringLiteral("</table>\n<p>%1</p>\n").arg(esc(unbookedLine()));
+    if (!openCosts.isEmpty()) {
+        out += QStringLiteral("<ul>\n");
+        for (const QString &line : openCosts)
+            out += QStringLiteral("<li>%1</li>\n").arg(esc(line));
+        out += QStringLiteral("</ul>\n");
+    }
 
     out += QStringLiteral("<h2>%1</h2>\n").arg(esc(tr("Settlement plan")));
     if (plan.isEmpty()) {

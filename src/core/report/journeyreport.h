@@ -68,6 +68,8 @@ public:
     QList<Traveller> travellers;
     QList<Balance> balances; // travellers, then the kitty
     qint64 unbooked = 0;
+    // The shared costs whose shares do not add up to them: "12.06.2002 H 75.40, shares 70.00".
+    QStringList openCosts;
     QStringList plan; // "XY pays AB 12.30 EUR"
     QList<Cost> costs;
 
@@ -76,6 +78,7 @@ public:
     QString datesText() const;
     QString totalLine() const;
     QString perDayLine() const;
+    // What is unbooked, and why when it is not nothing: the costs follow in openCosts.
     QString unbookedLine() const;
     static QString nobodyOwesText() { return tr("Nobody owes anybody anything."); }
     static QString centsText(qint64 cents);

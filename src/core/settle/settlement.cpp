@@ -40,6 +40,15 @@ QString Settlement::transferText(const Transfer &transfer, const QString &curren
     return pattern.arg(transfer.fromName, transfer.toName, centsText(transfer.cents), currency);
 }
 
+QString Settlement::openCostText(const OpenCost &cost, const QString &pattern)
+{
+    QString text = pattern.arg(cost.date, cost.letter, centsText(cost.valueCents),
+                               centsText(cost.sharesCents));
+    if (cost.letter.isEmpty())
+        text.replace(QStringLiteral("  "), QStringLiteral(" "));
+    return text.trimmed();
+}
+
 Settlement Settlement::fromBalances(const QList<Party> &travellers, const QString &kittyName)
 {
     Settlement s;
@@ -75,8 +84,13 @@ Settlement Settlement::fromJourney(const WayFernData &doc, const QString &kittyN
                 shared = true;
             }
         }
-        if (shared)
-            s.unbooked += toCents(cost->bvalue) - booked;
+        if (!shared)
+            continue;
+        const qint64 value = toCents(cost->bvalue);
+        if (value == booked)
+            continue;
+        s.unbooked += value - booked;
+        s.open.append(OpenCost{cost->date, cost->typeletter, value, booked});
     }
     return s;
 }

@@ -44,10 +44,25 @@ public:
     // Travellers in list order, then the kitty.
     const QList<Party> &parties() const { return all; }
     qint64 kittyCents() const { return all.isEmpty() ? 0 : all.last().cents; }
-    // Shared costs minus what their shares booked: the cents that an even division (or a
-    // share edited by hand, or a traveller deleted since) left to nobody. Not in any
-    // balance, so shown apart.
+    // A shared cost whose shares do not add up to its base value.
+    struct OpenCost
+    {
+        QString date;
+        QString letter;         // the cost's type letter
+        qint64 valueCents = 0;  // its base value
+        qint64 sharesCents = 0; // what its shares booked
+    };
+
+    // Shared costs minus what their shares booked: what is in no balance, so shown apart.
+    // Shares add up to their cost, so anything but 0 comes from costs listed by openCosts():
+    // a journey written elsewhere, or a cost changed since it was shared.
     qint64 unbookedCents() const { return unbooked; }
+    // Those costs, in the order of the list.
+    const QList<OpenCost> &openCosts() const { return open; }
+    // "12.06.2002 H 75.40, shares 70.00", or the four pieces (date, letter, value, shares)
+    // put into `pattern`; a missing letter leaves no gap.
+    static QString openCostText(const OpenCost &cost,
+                                const QString &pattern = QStringLiteral("%1 %2 %3, shares %4"));
 
     // The fewest transfers found by letting the largest debtor pay the largest creditor,
     // ties broken by name: at most one transfer less than there are parties owing or owed.
@@ -72,4 +87,5 @@ public:
 private:
     QList<Party> all;
     qint64 unbooked = 0;
+    QList<OpenCost> open;
 };
