@@ -3,6 +3,7 @@
 #include "data/wayferndata.h"
 #include "editors/curredit.h"
 #include "rates/currsync.h"
+#include "rates/syncfailure.h"
 #include "rates/synclistedit.h"
 
 #include <QCloseEvent>
@@ -187,6 +188,7 @@ void currListEdit::slotSyncList()
     // A walk that is running gives way: the grabber serves one request at a time.
     if (synccurr) {
         synccurr = nullptr;
+        noRate.clear();
         SyncButton->setEnabled(!base.isEmpty());
     }
     // The page comes without blocking the window; the catalogue opens when it is in.
@@ -197,6 +199,27 @@ void currListEdit::slotSyncList()
         fetchingCatalogue = false;
         openCatalogue();
     }
+}
+
+void currListEdit::openFetchedCatalogue()
+{
+    syncListDlg->fillList();
+    if (syncListDlg->ListView->topLevelItemCount() == 0) {
+        // An empty list would only hide that the page held no catalogue.
+        SyncFailure failure;
+        failure.kind = SyncFailure::Kind::NoCatalogue;
+        grabber->noteFailure(failure);
+        showCatalogueFailure();
+        return;
+    }
+    openCatalogue();
+}
+
+void currListEdit::showCatalogueFailure()
+{
+    SyncListButton->setEnabled(true);
+    QMessageBox::warning(this, tr("exchange rate list"), currSync::describe(grabber->failure()),
+                         QMessageBox::Ok);
 }
 
 void currListEdit::openCatalogue()
@@ -228,6 +251,7 @@ CurrData *currListEdit::nextAfter(const CurrData *curr) const
 void currListEdit::slotSynchronize()
 {
     SyncButton->setEnabled(false);
+    noRate.clear();
     synccurr = document->currencies.first();
     slotSyncOne();
 }
@@ -253,7 +277,7 @@ void currListEdit::slotGrabSuccess()
 {
     if (fetchingCatalogue) {
         fetchingCatalogue = false;
-        openCatalogue();
+        openFetchedCatalogue();
         return;
     }
     // A record deleted while its rate was on the way ends the walk: there is nothing to
@@ -269,6 +293,8 @@ void currListEdit::slotGrabSuccess()
         curr->factorvalue = value;
         curr->factor = QString::asprintf("%.4f", value);
         changed = true;
+    } else {
+        noRate.append(curr->short_);
     }
     synccurr = nextAfter(curr);
     if (synccurr)
@@ -280,11 +306,32 @@ void currListEdit::slotGrabSuccess()
 void currListEdit::slotNoSuccess()
 {
     if (fetchingCatalogue) {
+        // The catalogue would open empty: the grabber's words say why instead.
         fetchingCatalogue = false;
-        openCatalogue();
+        showCatalogueFailure();
         return;
     }
     synccurr = nullptr;
     fillList();
     SyncButton->setEnabled(true);
+    reportWalk();
+}
+
+void currListEdit::reportWalk()
+{
+    // A failed request ends the walk and says why; currencies passed over for want of a
+    // rate are named as well, so that the line tells everything that went wrong.
+    QStringList words;
+    const SyncFailure &failure = grabber->failure();
+    if (failure.failed() && failure.kind != SyncFailure::Kind::NoRate)
+        words.append(currSync::describe(failure));
+    if (!noRate.isEmpty()) {
+        SyncFailure missing;
+        missing.kind = SyncFailure::Kind::NoRate;
+        missing.currency = noRate.join(QStringLiteral(", "));
+        words.append(currSync::describe(missing));
+    }
+    noRate.clear();
+    if (!words.isEmpty())
+        grabber->keepStatus(words.join(QStringLiteral("; ")));
 }

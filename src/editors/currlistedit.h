@@ -4,6 +4,7 @@
 #include "forms/currlistdlg.h"
 
 #include <QString>
+#include <QStringList>
 
 #include <memory>
 
@@ -61,8 +62,15 @@ private:
     // The record after `curr` in the list, or null.
     CurrData *nextAfter(const CurrData *curr) const;
     void openCatalogue();
+    // After the catalogue's own page was fetched: opens the catalogue, or says why not.
+    void openFetchedCatalogue();
+    void showCatalogueFailure();
+    // At the end of a walk: what went wrong in it stays in the status line.
+    void reportWalk();
 
     // The grabber fetches the catalogue's page before the catalogue opens: its signals then
     // end that fetch, not a step of the walk.
     bool fetchingCatalogue = false;
+    // The currencies of the running walk whose answer held no rate.
+    QStringList noRate;
 };
