@@ -563,6 +563,40 @@ private slots:
         QVERIFY(f.list->SyncButton->isEnabled());
     }
 
+    void catalogueWithoutItsOwnAddressAfterAFailedWalkSaysTheSame()
+    {
+        Fixture f;
+        f.server.setStatusRoute(target("EUR", "CHF"), 404, "no such pair");
+        f.list->SyncButton->click();
+        QTRY_VERIFY_WITH_TIMEOUT(f.walkEnded(), waitLimit);
+        const QString words = QStringLiteral("did not get data ... the server refused the request ")
+            + f.address("EUR", "CHF");
+        QCOMPARE(f.status(), words);
+        ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::Ok, waitLimit);
+        f.list->SyncListButton->click();
+        QVERIFY2(box->handled && box->error.isEmpty(), qPrintable(box->error));
+        QCOMPARE(box->title, QStringLiteral("exchange rate list"));
+        QCOMPARE(box->text, words);
+        QCOMPARE(f.catalogueShown.shown, 0);
+        QVERIFY(f.list->SyncListButton->isEnabled());
+        // Nothing was fetched for it: the catalogue has no address of its own.
+        QCOMPARE(f.server.targets(), QStringList{target("EUR", "CHF")});
+    }
+
+    void catalogueWithoutItsOwnAddressAfterAGoodWalkReadsItsPage()
+    {
+        Fixture f;
+        f.rate(QStringLiteral("CHF"), QStringLiteral("1.6"));
+        // USD's answer is the page the catalogue reads: it lists nothing, and opens so.
+        f.server.setRoute(target("EUR", "USD"), answer("EUR", "USD", "0.95"), "application/json");
+        f.list->SyncButton->click();
+        QTRY_VERIFY_WITH_TIMEOUT(f.walkEnded(), waitLimit);
+        ModalTicket cat = ModalHelper::rejectNextDialog({}, "syncListEdit", waitLimit);
+        f.list->SyncListButton->click();
+        QVERIFY2(cat->handled && cat->error.isEmpty(), qPrintable(cat->error));
+        QCOMPARE(f.catalogueShown.shown, 1);
+    }
+
     void catalogueThatArrivesStillOpens()
     {
         Fixture f;

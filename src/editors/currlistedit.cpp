@@ -7,6 +7,7 @@
 #include "rates/synclistedit.h"
 
 #include <QCloseEvent>
+#include <QFile>
 #include <QList>
 #include <QMessageBox>
 #include <QTreeWidgetItem>
@@ -182,7 +183,12 @@ void currListEdit::slotSyncList()
 {
     const QString address = document->config.catalogue;
     if (address.isEmpty()) {
-        openCatalogue();
+        // The catalogue reads the page of the last request; when that request failed, its
+        // page was removed, and the reason tells more than an empty list would.
+        if (grabber->failure().failed() && !QFile::exists(grabber->pageFile()))
+            showCatalogueFailure();
+        else
+            openCatalogue();
         return;
     }
     // A walk that is running gives way: the grabber serves one request at a time.
