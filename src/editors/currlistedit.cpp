@@ -218,7 +218,7 @@ void currListEdit::openFetchedCatalogue()
         showCatalogueFailure();
         return;
     }
-    openCatalogue();
+    openCatalogue(false);
 }
 
 void currListEdit::showCatalogueFailure()
@@ -228,10 +228,11 @@ void currListEdit::showCatalogueFailure()
                          QMessageBox::Ok);
 }
 
-void currListEdit::openCatalogue()
+void currListEdit::openCatalogue(bool fill)
 {
     SyncListButton->setEnabled(true);
-    syncListDlg->fillList();
+    if (fill)
+        syncListDlg->fillList();
     syncListDlg->exec();
     syncListDlg->hide();
     // The last currency dialog decides, not the catalogue: the catalogue marks the journey

@@ -61,7 +61,8 @@ private:
     CurrData *walkRecord() const;
     // The record after `curr` in the list, or null.
     CurrData *nextAfter(const CurrData *curr) const;
-    void openCatalogue();
+    // Reads the page file into the catalogue unless `fill` is false (read already), opens it.
+    void openCatalogue(bool fill = true);
     // After the catalogue's own page was fetched: opens the catalogue, or says why not.
     void openFetchedCatalogue();
     void showCatalogueFailure();
