@@ -95,6 +95,12 @@ void LoopbackHttp::setBrokenRoute(const QString &target, const QByteArray &part,
     routes[target].kind = Kind::Broken;
 }
 
+void LoopbackHttp::setStalledRoute(const QString &target, const QByteArray &part)
+{
+    setSlowRoute(target, part, 0);
+    routes[target].kind = Kind::Stalled;
+}
+
 void LoopbackHttp::removeRoute(const QString &target)
 {
     routes.remove(target);
@@ -151,11 +157,13 @@ void LoopbackHttp::answer(QTcpSocket *socket, const QString &target)
     const qint64 length = route.kind == Kind::Complete ? qint64(route.body.size())
                                                        : route.announcedLength;
     QByteArray reply = "HTTP/1.1 " + QByteArray::number(route.status) + ' ' + reason(route.status)
-        + "\r\nContent-Type: " + route.contentType + "\r\nContent-Length: "
-        + QByteArray::number(length) + "\r\nConnection: close\r\n\r\n" + route.body;
+        + "\r\nContent-Type: " + route.contentType + "\r\n";
+    if (route.kind != Kind::Stalled)
+        reply += "Content-Length: " + QByteArray::number(length) + "\r\n";
+    reply += "Connection: close\r\n\r\n" + route.body;
     socket->write(reply);
     socket->flush();
-    if (route.kind != Kind::Slow)
+    if (route.kind != Kind::Slow && route.kind != Kind::Stalled)
         socket->disconnectFromHost(); // after what is written has gone out
 }
 

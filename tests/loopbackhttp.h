@@ -49,6 +49,9 @@ public:
     void setSlowRoute(const QString &target, const QByteArray &part, qint64 announcedLength);
     // Announces `announcedLength` bytes, sends `part` and closes the connection half way.
     void setBrokenRoute(const QString &target, const QByteArray &part, qint64 announcedLength);
+    // Sends the head without a length and `part` of the body, then nothing more: the client
+    // reads until the connection closes, which it does not until stop() or the server's end.
+    void setStalledRoute(const QString &target, const QByteArray &part);
     void removeRoute(const QString &target);
 
     // The targets of the requests received so far, in order of arrival.
@@ -61,7 +64,7 @@ signals:
     void requested(const QString &target);
 
 private:
-    enum class Kind { Complete, Slow, Broken };
+    enum class Kind { Complete, Slow, Broken, Stalled };
     struct Route
     {
         Kind kind = Kind::Complete;

@@ -15,6 +15,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QFile>
 #include <QFrame>
 #include <QHeaderView>
 #include <QLabel>
@@ -628,17 +629,25 @@ private slots:
         QVERIFY(f.list.SyncButton->isEnabled());
     }
 
-    void aCatalogueFetchThatFailsStillOpensTheCatalogue()
+    void aCatalogueFetchThatFailsSaysWhyInsteadOfOpeningTheCatalogue()
     {
         Fixture f;
         f.server.setStatusRoute(QStringLiteral("/v1/currencies"), 404, "not here");
         f.doc.config.catalogue = f.server.address() + QStringLiteral("/v1/currencies");
-        ModalTicket cat = ModalHelper::rejectNextDialog({}, "syncListEdit", walkTimeout);
+        ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::Ok, walkTimeout);
         f.list.SyncListButton->click();
-        QTRY_VERIFY_WITH_TIMEOUT(cat->handled, walkTimeout);
-        QVERIFY2(cat->error.isEmpty(), qPrintable(cat->error));
+        QTRY_VERIFY_WITH_TIMEOUT(box->handled, walkTimeout);
+        QVERIFY2(box->error.isEmpty(), qPrintable(box->error));
+        QCOMPARE(box->title, QStringLiteral("exchange rate list"));
+        const QString reason =
+            QStringLiteral("did not get data ... the server refused the request ")
+            + f.doc.config.catalogue;
+        QCOMPARE(box->text, reason);
+        QCOMPARE(f.list.StatusTextLabel->text(), reason);
+        QVERIFY(f.list.syncListDlg->isHidden());
         QVERIFY(f.list.SyncListButton->isEnabled());
         QCOMPARE(f.rows().size(), 3);
+        QVERIFY(!QFile::exists(f.dir.filePath(QStringLiteral("sync.html"))));
     }
 
     void theCatalogueFetchedWhileAWalkRunsEndsTheWalk()

@@ -99,11 +99,11 @@ private slots:
     void chainFromInsideSignalReadsEachRate();
     void tableTagWithAttributesGivesNoRate();
     void shortPageCountsWhenWgetEndedWell();
-    void shortPageWhileWgetStillRunsTimesOut();
-    void shortPageWhenWgetFailedTimesOut();
-    void emptyPageWhenWgetEndedWellTimesOut();
-    void missingPageTimesOut();
-    void slowPageThatNeverCompletesTimesOut();
+    void shortPageWhileWgetStillRunsTimesOutAndIsRemoved();
+    void shortPageWhenWgetFailedEndsAtOnceAndIsRemoved();
+    void emptyPageWhenWgetEndedWellEndsAtOnceAsAnEmptyAnswer();
+    void missingPageEndsAtOnceAsRefusedWithTheAddress();
+    void slowPageThatNeverCompletesTimesOutAndKeepsTheReason();
     void pageCutOffHalfWayTimesOut();
     void tableLineAfterLine40MayNotBeThereYet();
     void secondRequestWhileWaitingDeletesPageAndRestartsTimers();
@@ -113,11 +113,11 @@ private slots:
     void statusTimerStartedAfterSignalWipesNextRequestText();
     void readRateUsesCurrencyOfLastRequest();
     void requestPageFetchesFullAddress();
-    void missingWgetTimesOutWithoutCrash();
+    void missingWgetEndsAtOnceAsNotStartedWithoutCrash();
     void forkFailureShowsBoxAndStartsNothing();
     void destructorReapsEndedChildren();
     void childrenOfDestroyedGrabberAreReapedByNextOne();
-    void realIntervalsPollTimeOutAndClearing();
+    void realIntervalsPollTimeOutClearingAndKeptReason();
 
 private:
     void makeGrabber();
@@ -295,26 +295,26 @@ void TestCurrSync::shortPageCountsWhenWgetEndedWell()
     QCOMPARE(sync->readRate(), 11.45);
 }
 
-void TestCurrSync::shortPageWhileWgetStillRunsTimesOut()
+void TestCurrSync::shortPageWhileWgetStillRunsTimesOutAndIsRemoved()
 {
     currSync::setIntervals(50, 1500, 300);
     makeGrabber();
     const QByteArray part = lines(10);
     server->setSlowRoute(QStringLiteral("/v1/latest?from=EUR&to=NOK"), part, 100000);
     QVERIFY(sync->requestRate(QStringLiteral("EUR"), QStringLiteral("NOK")));
+    // wget writes what it gets; it is not enough and wget does not end.
+    QTRY_COMPARE_WITH_TIMEOUT(QFileInfo(pagePath()).size(), qint64(part.size()), 20000);
     QTRY_COMPARE_WITH_TIMEOUT(failure->count(), 1, 20000);
     QCOMPARE(success->count(), 0);
-    QCOMPARE(label.text(), QStringLiteral("did not get data ..."));
-    // wget did write what it got; it was not enough and wget had not ended.
-    QFile page(pagePath());
-    QVERIFY(page.open(QIODevice::ReadOnly));
-    QCOMPARE(page.readAll(), part);
+    QCOMPARE(label.text(), QStringLiteral("did not get data ... no answer within 1.5 seconds"));
+    QVERIFY(!QFile::exists(pagePath()));
     QCOMPARE(sync->unreapedChildren(), 1);
 }
 
-void TestCurrSync::shortPageWhenWgetFailedTimesOut()
+void TestCurrSync::shortPageWhenWgetFailedEndsAtOnceAndIsRemoved()
 {
-    currSync::setIntervals(50, 1500, 300);
+    // The time limit lies far beyond the wait: the request ends because wget did.
+    currSync::setIntervals(50, 600000, 300);
     const QString page = scratch.filePath(QStringLiteral("short.html"));
     QFile pageFile(page);
     QVERIFY(pageFile.open(QIODevice::WriteOnly));
@@ -327,43 +327,52 @@ void TestCurrSync::shortPageWhenWgetFailedTimesOut()
     QVERIFY(sync->requestRate(QStringLiteral("EUR"), QStringLiteral("NOK")));
     QTRY_COMPARE_WITH_TIMEOUT(failure->count(), 1, 20000);
     QCOMPARE(success->count(), 0);
-    QCOMPARE(QFileInfo(pagePath()).size(), lines(5).size());
+    QCOMPARE(label.text(), QStringLiteral("did not get data ... wget ended with status 1"));
+    QVERIFY(!QFile::exists(pagePath()));
 }
 
-void TestCurrSync::emptyPageWhenWgetEndedWellTimesOut()
+void TestCurrSync::emptyPageWhenWgetEndedWellEndsAtOnceAsAnEmptyAnswer()
 {
-    currSync::setIntervals(50, 1500, 300);
+    currSync::setIntervals(50, 600000, 300);
     makeGrabber();
     server->setRoute(QStringLiteral("/v1/latest?from=EUR&to=NOK"), QByteArray());
     QVERIFY(sync->requestRate(QStringLiteral("EUR"), QStringLiteral("NOK")));
     QTRY_COMPARE_WITH_TIMEOUT(failure->count(), 1, 20000);
     QCOMPARE(success->count(), 0);
     QCOMPARE(server->targets().size(), 1);
-    QVERIFY(QFile::exists(pagePath()));
-    QCOMPARE(QFileInfo(pagePath()).size(), 0);
+    QCOMPARE(label.text(),
+             QStringLiteral("did not get data ... the server sent an empty answer to ")
+                 + server->address() + QStringLiteral("/v1/latest?from=EUR&to=NOK"));
+    QVERIFY(!QFile::exists(pagePath()));
 }
 
-void TestCurrSync::missingPageTimesOut()
+void TestCurrSync::missingPageEndsAtOnceAsRefusedWithTheAddress()
 {
-    currSync::setIntervals(50, 1500, 300);
+    currSync::setIntervals(50, 600000, 300);
     makeGrabber();
     // No route: the server answers 404 and wget ends with a failure status.
     QVERIFY(sync->requestRate(QStringLiteral("EUR"), QStringLiteral("XXX")));
     QTRY_COMPARE_WITH_TIMEOUT(failure->count(), 1, 20000);
     QCOMPARE(success->count(), 0);
     QCOMPARE(server->targets(), QStringList{QStringLiteral("/v1/latest?from=EUR&to=XXX")});
-    QCOMPARE(label.text(), QStringLiteral("did not get data ..."));
+    QCOMPARE(label.text(),
+             QStringLiteral("did not get data ... the server refused the request ")
+                 + server->address() + QStringLiteral("/v1/latest?from=EUR&to=XXX"));
+    QVERIFY(!QFile::exists(pagePath()));
 }
 
-void TestCurrSync::slowPageThatNeverCompletesTimesOut()
+void TestCurrSync::slowPageThatNeverCompletesTimesOutAndKeepsTheReason()
 {
     currSync::setIntervals(50, 2000, 300);
     makeGrabber();
     server->setSlowRoute(QStringLiteral("/v1/latest?from=EUR&to=NOK"), "<html>\n<body>\n", 1000000);
     QVERIFY(sync->requestRate(QStringLiteral("EUR"), QStringLiteral("NOK")));
     QTRY_COMPARE_WITH_TIMEOUT(failure->count(), 1, 20000);
-    QCOMPARE(label.text(), QStringLiteral("did not get data ..."));
-    QTRY_COMPARE(label.text(), QString());
+    const QString reason = QStringLiteral("did not get data ... no answer within 2 seconds");
+    QCOMPARE(label.text(), reason);
+    // Well past the clearing interval, the reason is still there.
+    QTest::qWait(1000);
+    QCOMPARE(label.text(), reason);
     QCOMPARE(success->count(), 0);
     QCOMPARE(sync->readRate(), -1.0);
     // The child is neither waited for nor killed: it still hangs on the open connection.
@@ -405,9 +414,8 @@ void TestCurrSync::secondRequestWhileWaitingDeletesPageAndRestartsTimers()
     QCOMPARE(failure->count(), 0);
     QTRY_VERIFY(sync->failures() > 1);
 
-    // The second child writes nothing and fails at once; the first one hangs on.
-    qputenv("FAKE_WGET_STATUS", "1");
-    usePath(QStringLiteral(FAKE_WGET_DIR));
+    // The second child hangs on as well, before anything of its page has come.
+    server->setSlowRoute(QStringLiteral("/v1/latest?from=EUR&to=CZK"), QByteArray(), 1000000);
     QElapsedTimer clock;
     clock.start();
     QVERIFY(sync->requestRate(QStringLiteral("EUR"), QStringLiteral("CZK")));
@@ -418,18 +426,18 @@ void TestCurrSync::secondRequestWhileWaitingDeletesPageAndRestartsTimers()
     // The time-out counted from the second request (a coarse timer may be 5 % early).
     QVERIFY2(clock.elapsed() >= timeout * 9 / 10, qPrintable(QString::number(clock.elapsed())));
     QCOMPARE(success->count(), 0);
-    // The first child was left alone: its connection is still open. The second is reaped.
-    QCOMPARE(server->openConnections(), 1);
-    QTRY_COMPARE(sync->unreapedChildren(), 1);
+    // The first child was left alone: its connection is still open, beside the second's.
+    QCOMPARE(server->openConnections(), 2);
+    QCOMPARE(sync->unreapedChildren(), 2);
     QVERIFY(!QFile::exists(pagePath()));
-    // cleanup() closes the connection and waits until the first child is reaped as well.
+    // cleanup() closes the connections and waits until both children are reaped.
 }
 
 void TestCurrSync::failedPollCountOfAnySizeBehavesLikeOne()
 {
     currSync::setIntervals(3600000, 3600000, 3600000);
-    qputenv("FAKE_WGET_STATUS", "1");
-    usePath(QStringLiteral(FAKE_WGET_DIR));
+    // wget hangs on the connection: the polls only count, none ends the request.
+    server->setSlowRoute(QStringLiteral("/v1/latest?from=EUR&to=NOK"), QByteArray(), 100000);
     makeGrabber();
     QVERIFY(sync->requestRate(QStringLiteral("EUR"), QStringLiteral("NOK")));
     QCOMPARE(sync->failures(), 1);
@@ -439,7 +447,7 @@ void TestCurrSync::failedPollCountOfAnySizeBehavesLikeOne()
     sync->slotGetResult();
     QCOMPARE(failure->count(), 1);
     QCOMPARE(success->count(), 0);
-    QCOMPARE(label.text(), QStringLiteral("did not get data ..."));
+    QCOMPARE(label.text(), QStringLiteral("did not get data ... no answer within 3600 seconds"));
 
     // A request that is ended at once, with the count at 1, ends the same way.
     QVERIFY(sync->requestRate(QStringLiteral("EUR"), QStringLiteral("NOK")));
@@ -451,13 +459,16 @@ void TestCurrSync::failedPollCountOfAnySizeBehavesLikeOne()
 void TestCurrSync::successfulPollResetsFailedCount()
 {
     currSync::setIntervals(3600000, 3600000, 3600000);
-    qputenv("FAKE_WGET_STATUS", "1");
-    usePath(QStringLiteral(FAKE_WGET_DIR));
+    // wget hangs on the connection without writing: the page below is the test's.
+    server->setSlowRoute(QStringLiteral("/v1/latest?from=EUR&to=NOK"), QByteArray(), 100000);
     makeGrabber();
     QVERIFY(sync->requestRate(QStringLiteral("EUR"), QStringLiteral("NOK")));
     for (int i = 0; i < 3; ++i)
         sync->slotTestResult();
     QCOMPARE(sync->failures(), 4);
+    // Once wget talks to the server it has made its (empty) page file: the page written
+    // here is not truncated by it afterwards.
+    QTRY_COMPARE_WITH_TIMEOUT(server->openConnections(), 1, 20000);
     QFile page(pagePath());
     QVERIFY(page.open(QIODevice::WriteOnly));
     page.write(htmlPage("11.45"));
@@ -540,15 +551,15 @@ void TestCurrSync::requestPageFetchesFullAddress()
     QCOMPARE(page.readAll(), catalogue);
 }
 
-void TestCurrSync::missingWgetTimesOutWithoutCrash()
+void TestCurrSync::missingWgetEndsAtOnceAsNotStartedWithoutCrash()
 {
-    currSync::setIntervals(50, 1000, 300);
+    currSync::setIntervals(50, 600000, 300);
     usePath(scratch.path()); // holds no wget
     makeGrabber();
     QVERIFY(sync->requestRate(QStringLiteral("EUR"), QStringLiteral("NOK")));
     QTRY_COMPARE_WITH_TIMEOUT(failure->count(), 1, 20000);
     QCOMPARE(success->count(), 0);
-    QCOMPARE(label.text(), QStringLiteral("did not get data ..."));
+    QCOMPARE(label.text(), QStringLiteral("did not get data ... wget could not be started"));
     QTRY_COMPARE(sync->unreapedChildren(), 0);
     QVERIFY(server->targets().isEmpty());
     QVERIFY(!QFile::exists(pagePath()));
@@ -611,7 +622,7 @@ void TestCurrSync::childrenOfDestroyedGrabberAreReapedByNextOne()
     QTRY_COMPARE(zombieChildren(), 0);
 }
 
-void TestCurrSync::realIntervalsPollTimeOutAndClearing()
+void TestCurrSync::realIntervalsPollTimeOutClearingAndKeptReason()
 {
     currSync::setIntervals(2000, 30000, 1000);
     currSync::setReapInterval(500);
@@ -634,8 +645,12 @@ void TestCurrSync::realIntervalsPollTimeOutAndClearing()
     QTRY_COMPARE_WITH_TIMEOUT(failure->count(), 1, 60000);
     QVERIFY2(clock.elapsed() >= 28500, qPrintable(QString::number(clock.elapsed())));
     QCOMPARE(success->count(), 1);
-    QCOMPARE(label.text(), QStringLiteral("did not get data ..."));
-    QTRY_COMPARE_WITH_TIMEOUT(label.text(), QString(), 5000);
+    const QString reason = QStringLiteral("did not get data ... no answer within 30 seconds");
+    QCOMPARE(label.text(), reason);
+    // The reason outlives the clearing interval of a second.
+    QTest::qWait(2000);
+    QCOMPARE(label.text(), reason);
+    QVERIFY(!QFile::exists(pagePath()));
 }
 
 QTEST_MAIN(TestCurrSync)

@@ -3,9 +3,11 @@
 #include "data/wayferndata.h"
 #include "editors/curredit.h"
 #include "rates/currsync.h"
+#include "rates/syncfailure.h"
 #include "rates/synclistedit.h"
 
 #include <QCloseEvent>
+#include <QFile>
 #include <QList>
 #include <QMessageBox>
 #include <QTreeWidgetItem>
@@ -181,12 +183,18 @@ void currListEdit::slotSyncList()
 {
     const QString address = document->config.catalogue;
     if (address.isEmpty()) {
-        openCatalogue();
+        // The catalogue reads the page of the last request; when that request failed, its
+        // page was removed, and the reason tells more than an empty list would.
+        if (grabber->failure().failed() && !QFile::exists(grabber->pageFile()))
+            showCatalogueFailure();
+        else
+            openCatalogue();
         return;
     }
     // A walk that is running gives way: the grabber serves one request at a time.
     if (synccurr) {
         synccurr = nullptr;
+        noRate.clear();
         SyncButton->setEnabled(!base.isEmpty());
     }
     // The page comes without blocking the window; the catalogue opens when it is in.
@@ -199,10 +207,32 @@ void currListEdit::slotSyncList()
     }
 }
 
-void currListEdit::openCatalogue()
+void currListEdit::openFetchedCatalogue()
+{
+    syncListDlg->fillList();
+    if (syncListDlg->ListView->topLevelItemCount() == 0) {
+        // An empty list would only hide that the page held no catalogue.
+        SyncFailure failure;
+        failure.kind = SyncFailure::Kind::NoCatalogue;
+        grabber->noteFailure(failure);
+        showCatalogueFailure();
+        return;
+    }
+    openCatalogue(false);
+}
+
+void currListEdit::showCatalogueFailure()
 {
     SyncListButton->setEnabled(true);
-    syncListDlg->fillList();
+    QMessageBox::warning(this, tr("exchange rate list"), currSync::describe(grabber->failure()),
+                         QMessageBox::Ok);
+}
+
+void currListEdit::openCatalogue(bool fill)
+{
+    SyncListButton->setEnabled(true);
+    if (fill)
+        syncListDlg->fillList();
     syncListDlg->exec();
     syncListDlg->hide();
     // The last currency dialog decides, not the catalogue: the catalogue marks the journey
@@ -228,6 +258,7 @@ CurrData *currListEdit::nextAfter(const CurrData *curr) const
 void currListEdit::slotSynchronize()
 {
     SyncButton->setEnabled(false);
+    noRate.clear();
     synccurr = document->currencies.first();
     slotSyncOne();
 }
@@ -253,7 +284,7 @@ void currListEdit::slotGrabSuccess()
 {
     if (fetchingCatalogue) {
         fetchingCatalogue = false;
-        openCatalogue();
+        openFetchedCatalogue();
         return;
     }
     // A record deleted while its rate was on the way ends the walk: there is nothing to
@@ -269,6 +300,8 @@ void currListEdit::slotGrabSuccess()
         curr->factorvalue = value;
         curr->factor = QString::asprintf("%.4f", value);
         changed = true;
+    } else {
+        noRate.append(curr->short_);
     }
     synccurr = nextAfter(curr);
     if (synccurr)
@@ -280,11 +313,32 @@ void currListEdit::slotGrabSuccess()
 void currListEdit::slotNoSuccess()
 {
     if (fetchingCatalogue) {
+        // The catalogue would open empty: the grabber's words say why instead.
         fetchingCatalogue = false;
-        openCatalogue();
+        showCatalogueFailure();
         return;
     }
     synccurr = nullptr;
     fillList();
     SyncButton->setEnabled(true);
+    reportWalk();
+}
+
+void currListEdit::reportWalk()
+{
+    // A failed request ends the walk and says why; currencies passed over for want of a
+    // rate are named as well, so that the line tells everything that went wrong.
+    QStringList words;
+    const SyncFailure &failure = grabber->failure();
+    if (failure.failed() && failure.kind != SyncFailure::Kind::NoRate)
+        words.append(currSync::describe(failure));
+    if (!noRate.isEmpty()) {
+        SyncFailure missing;
+        missing.kind = SyncFailure::Kind::NoRate;
+        missing.currency = noRate.join(QStringLiteral(", "));
+        words.append(currSync::describe(missing));
+    }
+    noRate.clear();
+    if (!words.isEmpty())
+        grabber->keepStatus(words.join(QStringLiteral("; ")));
 }

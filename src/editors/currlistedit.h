@@ -4,6 +4,7 @@
 #include "forms/currlistdlg.h"
 
 #include <QString>
+#include <QStringList>
 
 #include <memory>
 
@@ -60,9 +61,17 @@ private:
     CurrData *walkRecord() const;
     // The record after `curr` in the list, or null.
     CurrData *nextAfter(const CurrData *curr) const;
-    void openCatalogue();
+    // Reads the page file into the catalogue unless `fill` is false (read already), opens it.
+    void openCatalogue(bool fill = true);
+    // After the catalogue's own page was fetched: opens the catalogue, or says why not.
+    void openFetchedCatalogue();
+    void showCatalogueFailure();
+    // At the end of a walk: what went wrong in it stays in the status line.
+    void reportWalk();
 
     // The grabber fetches the catalogue's page before the catalogue opens: its signals then
     // end that fetch, not a step of the walk.
     bool fetchingCatalogue = false;
+    // The currencies of the running walk whose answer held no rate.
+    QStringList noRate;
 };
