@@ -51,7 +51,9 @@ private:
     void fillList();
     int countSelected();
     void recalcShares();
-    void readShares();
+    // The rows into the temporary lines. With `refuse`, a share that is no number shows the
+    // refusal box first and nothing is read: the answer is false.
+    bool readShares(bool refuse);
     void checkShares();
     void copyTmpToActu();
     bool isTicked(QTreeWidgetItem *item) const;
