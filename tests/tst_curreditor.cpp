@@ -288,8 +288,9 @@ private slots:
         f.ed.OkButton->click();
         QVERIFY2(box->handled, qPrintable(box->error));
         QCOMPARE(box->icon, QMessageBox::Warning);
-        QCOMPARE(box->text, QStringLiteral("factor: \"one,5\" is no number.\n"
-                                           "Nothing was stored; please correct the entry."));
+        QCOMPARE(box->text,
+                 QStringLiteral("factor: \"one,5\" is no number.\n"
+                                "Nothing was stored; please correct the entry."));
         QVERIFY(f.ed.isVisible());
         QCOMPARE(f.row("factor"), QStringLiteral("one,5"));
         QCOMPARE(f.ed.LineEdit->text(), QStringLiteral("one,5"));

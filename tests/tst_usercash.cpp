@@ -474,8 +474,9 @@ void TestUserCash::textThatIsNoNumberIsRefusedAndBooksNothing()
     s.book("deposit", "ten");
     QVERIFY2(box->handled, qPrintable(box->error));
     QCOMPARE(box->icon, QMessageBox::Warning);
-    QCOMPARE(box->text, QStringLiteral("deposit: \"ten\" is no number.\n"
-                                       "Nothing was stored; please correct the entry."));
+    QCOMPARE(box->text,
+             QStringLiteral("deposit: \"ten\" is no number.\n"
+                            "Nothing was stored; please correct the entry."));
     QVERIFY(s.dlg.isVisible());
     QCOMPARE(s.dlg.LineEdit->text(), QStringLiteral("ten"));
     s.checkLineUntouched();

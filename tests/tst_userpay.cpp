@@ -910,8 +910,9 @@ void TestUserPay::typedTextThatIsNoNumberIsRefusedAndBooksNothing()
     QTest::mouseClick(s.dlg.OkButton, Qt::LeftButton);
     QVERIFY2(box->handled, qPrintable(box->error));
     QCOMPARE(box->icon, QMessageBox::Warning);
-    QCOMPARE(box->text, QStringLiteral("share of AB: \"five\" is no number.\n"
-                                       "Nothing was stored; please correct the entry."));
+    QCOMPARE(box->text,
+             QStringLiteral("share of AB: \"five\" is no number.\n"
+                            "Nothing was stored; please correct the entry."));
     // The dialog stays with what was typed; nothing reached the accounts.
     QVERIFY(s.dlg.isVisible());
     QCOMPARE(rowTexts(s.dlg.ListView), QStringList({"AB|50.0|five|", "CD|50.0|-5.00|"}));
