@@ -1,5 +1,6 @@
 #include "data/amountreader.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace {
