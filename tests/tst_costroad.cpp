@@ -94,7 +94,7 @@ private slots:
     void init() { QTest::failOnWarning(QRegularExpression("Not implemented yet!")); }
     void cleanup() { ModalHelper::cancelPending(); }
 
-    void oneNewCostSharedByThreeInWholeCentsFromTheInsertButtonToTheSavedFile()
+    void oneNewCostStartingTodaySharedByThreeInWholeCentsFromTheInsertButtonToTheSavedFile()
     {
         ShellFixture fx;
         {
@@ -170,7 +170,9 @@ private slots:
                 ed->OkButton->click();
             });
 
+        const QDate dayBefore = QDate::currentDate();
         QTest::mouseClick(v->InsertButton, Qt::LeftButton);
+        const QDate dayAfter = QDate::currentDate();
 
         QVERIFY2(costs->handled && costs->error.isEmpty(), qPrintable(costs->error));
         QCOMPARE(costs->objectName, QStringLiteral("Input costs"));
@@ -180,9 +182,16 @@ private slots:
         QVERIFY2(share && share->handled && share->error.isEmpty(),
                  share ? qPrintable(share->error) : "no share dialog");
 
-        // The new cost opens with the first type and the first currency.
+        // The new cost of a journey without costs opens on today, with the first type and
+        // the first currency.
+        QVERIFY(!opened.isEmpty());
+        const QString openedDate = opened.first().mid(5);
+        QVERIFY2(openedDate == dayBefore.toString(QStringLiteral("dd.MM.yyyy"))
+                     || openedDate == dayAfter.toString(QStringLiteral("dd.MM.yyyy")),
+                 qPrintable(openedDate));
+        opened.first() = QStringLiteral("date|today");
         QCOMPARE(opened,
-                 (QStringList{"date|", "type|Food", "short|F", "currency type|EUR",
+                 (QStringList{"date|today", "type|Food", "short|F", "currency type|EUR",
                               "foreign value|", "base value|", "exch. rate|", "comment|"}));
         // 1, 15, 150 francs at 1.50 francs to the euro.
         QCOMPARE(keystrokes, (QStringList{"1|0.67", "15|10.00", "150|100.00"}));

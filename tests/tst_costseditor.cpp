@@ -501,17 +501,40 @@ private slots:
     }
 
     // Edge cases of the costs editor.
-    void newCostStartsWithTheFirstTypeAndCurrency()
+    void newCostStartsWithTheFirstTypeAndCurrencyAndIsStoredOnlyWithADateAndAnAmount()
     {
         Fixture f(false);
         CostsData fresh;
         f.ed.prepare(&fresh, &f.calendar);
+        f.ed.show();
         QCOMPARE(f.row("type"), QStringLiteral("Food"));
         QCOMPARE(f.row("short"), QStringLiteral("F"));
         QCOMPARE(f.row("currency type"), QStringLiteral("EUR"));
         QCOMPARE(f.row("date"), QString());
-        // That counts as a change.
+        // Without a date and an amount, OK is refused.
+        ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::Ok);
         f.ed.OkButton->click();
+        QVERIFY2(box->handled, qPrintable(box->error));
+        QVERIFY(box->text.startsWith(QStringLiteral("date: \"\" is no date.")));
+        QVERIFY(f.ed.isVisible());
+        QVERIFY(fresh.type.isEmpty());
+        QVERIFY(!f.doc.isModified());
+        QVERIFY(f.tap("date"));
+        ModalTicket cal = ModalHelper::pickDateInNextCalendar(QDate(2002, 6, 4));
+        f.ed.ToolButton->click();
+        QVERIFY2(cal->handled && cal->error.isEmpty(), qPrintable(cal->error));
+        box = ModalHelper::answerNextMessageBox(QMessageBox::Ok);
+        f.ed.OkButton->click();
+        QVERIFY2(box->handled, qPrintable(box->error));
+        QVERIFY(box->text.startsWith(QStringLiteral("foreign value: \"\" is no number.")));
+        QVERIFY(f.ed.isVisible());
+        QVERIFY(f.tap("foreign value"));
+        QTest::keyClicks(f.ed.LineEdit, QStringLiteral("12,50"));
+        // The first type and currency count as a change.
+        f.ed.OkButton->click();
+        QVERIFY(!f.ed.isVisible());
+        QCOMPARE(fresh.date, QStringLiteral("04.06.2002"));
+        QCOMPARE(fresh.fval, QStringLiteral("12.50"));
         QCOMPARE(fresh.type, QStringLiteral("Food"));
         QCOMPARE(fresh.ctype, QStringLiteral("EUR"));
         QVERIFY(f.doc.isModified());
@@ -525,6 +548,8 @@ private slots:
         cal.hide();
         costsEdit ed(nullptr, "Input costs", true, &doc);
         CostsData fresh;
+        // The view gives every new cost a date.
+        fresh.date = QStringLiteral("03.06.2002");
         ed.prepare(&fresh, &cal);
         QCOMPARE(contentOf(ed.ListView, "currency type"), QString());
         QCOMPARE(contentOf(ed.ListView, "type"), QString());
@@ -551,6 +576,7 @@ private slots:
         f.doc.ctypes.clear();
         CostsData fresh;
         fresh.id = 1;
+        fresh.date = QStringLiteral("03.06.2002");
         f.ed.prepare(&fresh, &f.calendar);
         QCOMPARE(f.row("type"), QString());
         QCOMPARE(f.row("short"), QString());
@@ -728,7 +754,7 @@ private slots:
         QCOMPARE(cost->ctype, QStringLiteral("CHF"));
     }
 
-    void aTenThousandCharacterForeignValueIsNoCrash()
+    void aTenThousandCharacterForeignValueIsNoCrashAndIsRefused()
     {
         Fixture f(false);
         CostsData *cost = f.addCost();
@@ -742,8 +768,16 @@ private slots:
         QVERIFY(!f.row("base value").isEmpty());
         f.ed.LineEdit->setText(QString(10000, QLatin1Char('x')));
         QCOMPARE(f.row("base value"), QStringLiteral("0.00"));
-        f.ed.OkButton->click();
-        QCOMPARE(cost->fval.size(), 10000);
+        // No number, and the digits alone are too large for a double: both are refused.
+        for (const QChar c : {QLatin1Char('x'), QLatin1Char('9')}) {
+            f.ed.LineEdit->setText(QString(10000, c));
+            ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::Ok);
+            f.ed.OkButton->click();
+            QVERIFY2(box->handled, qPrintable(box->error));
+            QVERIFY(box->text.startsWith(QStringLiteral("foreign value: \"") + QString(5, c)));
+            QCOMPARE(f.row("foreign value").size(), 10000);
+            QCOMPARE(cost->fval, QStringLiteral("20.00"));
+        }
     }
 
     // Sharing.

@@ -279,12 +279,31 @@ private slots:
         QVERIFY(!f.ed.modified);
     }
 
-    void theFactorIsTakenAsTyped()
+    void aFactorThatIsNoNumberIsRefusedAndAFactorWithACommaIsStoredAsTheNumber()
     {
         Fixture f;
+        f.ed.show();
         QVERIFY(f.type("factor", "one,5"));
+        ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::Ok);
         f.ed.OkButton->click();
-        QCOMPARE(f.curr->factor, QStringLiteral("one,5"));
+        QVERIFY2(box->handled, qPrintable(box->error));
+        QCOMPARE(box->icon, QMessageBox::Warning);
+        QCOMPARE(box->text,
+                 QStringLiteral("factor: \"one,5\" is no number.\n"
+                                "Nothing was stored; please correct the entry."));
+        QVERIFY(f.ed.isVisible());
+        QCOMPARE(f.row("factor"), QStringLiteral("one,5"));
+        QCOMPARE(f.ed.LineEdit->text(), QStringLiteral("one,5"));
+        QCOMPARE(f.curr->factor, QStringLiteral("1.50"));
+        QVERIFY(!f.doc.isModified());
+        QVERIFY(!f.ed.modified);
+
+        QVERIFY(f.type("factor", "1,25"));
+        f.ed.OkButton->click();
+        QVERIFY(!f.ed.isVisible());
+        QCOMPARE(f.ed.result(), int(QDialog::Accepted));
+        QCOMPARE(f.curr->factor, QStringLiteral("1.25"));
+        QVERIFY(f.doc.isModified());
     }
 
     void aShortNameLeftEmptyIsStoredAsEmpty()

@@ -183,7 +183,7 @@ private slots:
     void calendarLeftWithoutDateBooksAnEmptyDateAndKeepsTheLabel();
     void dateButtonOpensTheCalendarWithTheBookingDate();
     void comboBoxDoesNothing();
-    void textThatIsNoNumberBooksZero();
+    void textThatIsNoNumberIsRefusedAndBooksNothing();
     void tenThousandCharacterAmountBooksWithoutCrash();
     void typedMinusZeroDepositBooksANegatedZero();
     void typedMinusZeroPayOffBooksAPlainZero();
@@ -467,12 +467,19 @@ void TestUserCash::comboBoxDoesNothing()
     QCOMPARE(s.line->type, QString(""));
 }
 
-void TestUserCash::textThatIsNoNumberBooksZero()
+void TestUserCash::textThatIsNoNumberIsRefusedAndBooksNothing()
 {
     CashSetup s;
+    ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::Ok);
     s.book("deposit", "ten");
-    QCOMPARE(s.line->change, 0.0);
-    QCOMPARE(s.line->percentage, 100.0);
+    QVERIFY2(box->handled, qPrintable(box->error));
+    QCOMPARE(box->icon, QMessageBox::Warning);
+    QCOMPARE(box->text,
+             QStringLiteral("deposit: \"ten\" is no number.\n"
+                            "Nothing was stored; please correct the entry."));
+    QVERIFY(s.dlg.isVisible());
+    QCOMPARE(s.dlg.LineEdit->text(), QStringLiteral("ten"));
+    s.checkLineUntouched();
 }
 
 void TestUserCash::tenThousandCharacterAmountBooksWithoutCrash()

@@ -286,8 +286,8 @@ private slots:
     void typedValueIsStoredAsTypedLeavingPercentageAndTick();
     void typedValueWithoutMinusIsBookedAsACredit();
     void aLaterTickOverwritesHandEnteredValuesOfAllRows();
-    void tenThousandCharacterValueIsBookedWithoutCrash();
-    void typedTextThatIsNoNumberIsBookedAsZeroAndTheOtherSharerCarriesTheAmountAtReopening();
+    void tenThousandCharacterValueTooLargeForADoubleIsRefusedAndOneThatFitsIsBooked();
+    void typedTextThatIsNoNumberIsRefusedAndBooksNothing();
     void typedMinusZeroIsBookedAsANegatedZeroAndItsSharerCarriesTheAmountAtReopening();
 
     // Odd journeys.
@@ -951,7 +951,7 @@ void TestUserPay::aLaterTickOverwritesHandEnteredValuesOfAllRows()
              QStringList({"AB|50.0|-15.00|", "CD|50.0|-15.00|", "EF|0.0|0.00|"}));
 }
 
-void TestUserPay::tenThousandCharacterValueIsBookedWithoutCrash()
+void TestUserPay::tenThousandCharacterValueTooLargeForADoubleIsRefusedAndOneThatFitsIsBooked()
 {
     PaySetup s({"AB", "CD"});
     s.open(10.0, 1);
@@ -960,13 +960,15 @@ void TestUserPay::tenThousandCharacterValueIsBookedWithoutCrash()
     const QString huge = QString(9999, QLatin1Char('9')).prepend(QLatin1Char('-'));
     s.dlg.LineEdit->setText(huge);
     QCOMPARE(s.row(1)->text(3).size(), qsizetype(10000));
+    // Too large for a double: refused, the dialog stays, nothing is booked.
+    ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::Ok);
     QTest::mouseClick(s.dlg.OkButton, Qt::LeftButton);
-    QCOMPARE(s.dlg.result(), 1);
-    // Too large for a double: the conversion gives minus infinity, as strtod does, and the
-    // balance follows; nothing else is touched.
-    QVERIFY(std::isinf(s.line(1, 1)->change) && s.line(1, 1)->change < 0);
-    QVERIFY(std::isinf(s.doc.users.at(1)->value));
-    QCOMPARE(s.line(1, 1)->percentage, 0.0);
+    QVERIFY2(box->handled, qPrintable(box->error));
+    QVERIFY(box->text.startsWith(QStringLiteral("share of CD: \"-999")));
+    QVERIFY(s.dlg.isVisible());
+    QCOMPARE(s.row(1)->text(3), huge);
+    QCOMPARE(s.line(1, 1)->change, 0.0);
+    QCOMPARE(s.doc.users.at(1)->value, 0.0);
     QCOMPARE(s.line(0, 1)->change, 0.0);
     QCOMPARE(s.doc.users.at(0)->value, 0.0);
 
@@ -979,24 +981,33 @@ void TestUserPay::tenThousandCharacterValueIsBookedWithoutCrash()
     QCOMPARE(s.line(0, 2)->change, -0.5555555555555556);
 }
 
-void TestUserPay::
-    typedTextThatIsNoNumberIsBookedAsZeroAndTheOtherSharerCarriesTheAmountAtReopening()
+void TestUserPay::typedTextThatIsNoNumberIsRefusedAndBooksNothing()
 {
     PaySetup s({"AB", "CD"});
     s.open(10.0, 1);
     QVERIFY(s.tick({0, 1}));
     QVERIFY(s.typeInRow(0, "five"));
     QCOMPARE(rowTexts(s.dlg.ListView), QStringList({"AB|50.0|five|", "CD|50.0|-5.00|"}));
+    ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::Ok);
     QTest::mouseClick(s.dlg.OkButton, Qt::LeftButton);
+    QVERIFY2(box->handled, qPrintable(box->error));
+    QCOMPARE(box->icon, QMessageBox::Warning);
+    QCOMPARE(box->text,
+             QStringLiteral("share of AB: \"five\" is no number.\n"
+                            "Nothing was stored; please correct the entry."));
+    // The dialog stays with what was typed; nothing reached the accounts.
+    QVERIFY(s.dlg.isVisible());
+    QCOMPARE(rowTexts(s.dlg.ListView), QStringList({"AB|50.0|five|", "CD|50.0|-5.00|"}));
     QCOMPARE(s.line(0, 1)->change, 0.0);
-    QCOMPARE(s.line(0, 1)->percentage, 50.0);
+    QCOMPARE(s.line(1, 1)->change, 0.0);
     QCOMPARE(s.doc.users.at(0)->value, 0.0);
+    QVERIFY(!s.doc.isModified());
+    // Typed with a comma, the share is booked as the number.
+    QVERIFY(s.typeInRow(0, "-5,00"));
+    QTest::mouseClick(s.dlg.OkButton, Qt::LeftButton);
+    QVERIFY(!s.dlg.isVisible());
+    QCOMPARE(s.line(0, 1)->change, -5.0);
     QCOMPARE(s.line(1, 1)->change, -5.0);
-    // Booked as 0.0, the row shows no tick when the share opens again, and the other
-    // sharer carries the whole amount, so that the shares add up to it.
-    s.reopen(10.0, 1);
-    QCOMPARE(pictures(s.dlg.ListView), QStringList({"box", "tick"}));
-    QCOMPARE(rowTexts(s.dlg.ListView), QStringList({"AB|50.0|0.00|", "CD|100.0|-10.00|"}));
 }
 
 void TestUserPay::typedMinusZeroIsBookedAsANegatedZeroAndItsSharerCarriesTheAmountAtReopening()

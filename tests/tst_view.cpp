@@ -470,8 +470,8 @@ private slots:
             dialogs << d->objectName() + u':' + QString::fromLatin1(d->metaObject()->className());
         QCOMPARE(dialogs,
                  (QStringList{"Input costs:costsEdit", "Tip:tipEdit", "base settings:baseEdit",
-                              "Currency List:currListEdit", "User List:userListEdit", "Calendar:calenderEdit",
-                              "Settle up:settleEdit"}));
+                              "Currency List:currListEdit", "User List:userListEdit",
+                              "Calendar:calenderEdit", "Settle up:settleEdit"}));
         QCOMPARE(v->costsInput->windowTitle(), QStringLiteral("Costs"));
         QCOMPARE(v->baseInput->windowTitle(), QStringLiteral("Base Info"));
         for (QDialog *d :
@@ -703,7 +703,7 @@ private slots:
         QCOMPARE(itemTexts(pasted->item), (QStringList{"31.05", "T", "0.0", "45.00", "USD"}));
     }
 
-    void aNewCostConfirmedWithoutADateReadsTheDateOfTheCostBeforeIt()
+    void aNewCostStartsOnTheDateOfTheSelectedCostAndIsSortedByIt()
     {
         // No sharing here, so OK asks nothing further.
         ShellFixture fx({QStringLiteral("sample-nousers.wfn")});
@@ -711,27 +711,30 @@ private slots:
         WayfernApp app;
         showCosts(app);
         WayfernView *v = app.view;
-        ModalTicket dialog = inNextCostsDialog([](costsEdit *ed, ModalOutcome &out) {
+        QVERIFY(tapCost(v, 2));
+        QCOMPARE(v->actucost->date, QStringLiteral("31.05.2002"));
+        QString opened;
+        ModalTicket dialog = inNextCostsDialog([&opened](costsEdit *ed, ModalOutcome &out) {
+            opened = contentOf(ed->ListView, "date");
             tapRow(ed, "foreign value", out);
             QTest::keyClicks(ed->LineEdit, QStringLiteral("5"));
             ed->OkButton->click();
         });
         QTest::mouseClick(v->InsertButton, Qt::LeftButton);
         QVERIFY2(dialog->handled && dialog->error.isEmpty(), qPrintable(dialog->error));
+        QCOMPARE(opened, QStringLiteral("31.05.2002"));
         QCOMPARE(app.doc->costs.count(), 6);
-        // The empty date compares as the date read before it, that of the latest cost, and
-        // so the new cost stays below it.
-        QCOMPARE(app.doc->costs.at(5)->date, QString());
-        QCOMPARE(app.doc->costs.at(5)->fval, QStringLiteral("5"));
-        QCOMPARE(app.doc->costs.at(4)->date, QStringLiteral("02.06.2002"));
+        // Among the costs of its day, the new one comes last.
+        QCOMPARE(app.doc->costs.at(3)->date, QStringLiteral("31.05.2002"));
+        QCOMPARE(app.doc->costs.at(3)->fval, QStringLiteral("5"));
         QCOMPARE(WidgetReaders::columnTexts(v->CostsListView, 0),
-                 (QStringList{"30.05", "30.05", "31.05", "01.06", "02.06", ""}));
-        QCOMPARE(v->actucost, app.doc->costs.at(5));
-        QVERIFY(v->CostsListView->topLevelItem(5)->isSelected());
+                 (QStringList{"30.05", "30.05", "31.05", "31.05", "01.06", "02.06"}));
+        QCOMPARE(v->actucost, app.doc->costs.at(3));
+        QVERIFY(v->CostsListView->topLevelItem(3)->isSelected());
         QVERIFY(app.doc->isModified());
     }
 
-    void aNewCostInAJourneyWithoutCurrenciesTypesOrTravellersIsStored()
+    void aNewCostInAJourneyWithoutCurrenciesTypesOrTravellersIsStoredOnToday()
     {
         ShellFixture fx;
         WayfernApp app;
@@ -743,7 +746,8 @@ private slots:
         v->refreshView();
         QVERIFY(doc.currencies.isEmpty() && doc.ctypes.isEmpty() && doc.users.isEmpty());
         QStringList opened;
-        ModalTicket calendar, share;
+        QString shareDate;
+        ModalTicket share;
         ModalTicket dialog = inNextCostsDialog([&](costsEdit *ed, ModalOutcome &out) {
             opened = WidgetReaders::treeRows(ed->ListView);
             tapRow(ed, "currency type", out);
@@ -751,21 +755,34 @@ private slots:
             tapRow(ed, "exch. rate", out);
             tapRow(ed, "foreign value", out);
             QTest::keyClicks(ed->LineEdit, QStringLiteral("12"));
-            // No date yet: the share dialog asks the calendar first; left without a date.
-            calendar = ModalHelper::cancelNextCalendar();
-            share = ModalHelper::clickInNextDialog(QStringLiteral("OkButton"), {}, "userPayEdit");
+            // The cost has today's date: the share dialog opens without the calendar.
+            share = ModalHelper::clickInNextDialog(
+                QStringLiteral("OkButton"),
+                [&shareDate](QDialog *d) {
+                    shareDate = static_cast<userPayEdit *>(d)->TextLabel->text();
+                },
+                "userPayEdit");
             ed->OkButton->click();
         });
+        const QDate dayBefore = QDate::currentDate();
         QTest::mouseClick(v->InsertButton, Qt::LeftButton);
+        const QDate dayAfter = QDate::currentDate();
         QVERIFY2(dialog->handled && dialog->error.isEmpty(), qPrintable(dialog->error));
-        QVERIFY2(calendar && calendar->handled, calendar ? qPrintable(calendar->error) : "");
         QVERIFY2(share && share->handled, share ? qPrintable(share->error) : "");
+        QVERIFY(!opened.isEmpty());
+        const QString today = opened.first().mid(5);
+        QVERIFY2(today == dayBefore.toString(QStringLiteral("dd.MM.yyyy"))
+                     || today == dayAfter.toString(QStringLiteral("dd.MM.yyyy")),
+                 qPrintable(today));
+        QCOMPARE(shareDate, today);
         QCOMPARE(opened,
-                 (QStringList{"date|", "type|", "short|", "currency type|", "foreign value|",
-                              "base value|", "exch. rate|", "comment|"}));
+                 (QStringList{"date|" + today, "type|", "short|", "currency type|",
+                              "foreign value|", "base value|", "exch. rate|", "comment|"}));
         QCOMPARE(doc.costs.count(), 1);
+        QCOMPARE(doc.costs.first()->date, today);
         QCOMPARE(doc.costs.first()->fval, QStringLiteral("12"));
-        QCOMPARE(WidgetReaders::treeRows(v->CostsListView), (QStringList{"||0.0|12|"}));
+        QCOMPARE(WidgetReaders::treeRows(v->CostsListView),
+                 (QStringList{today.left(5) + QStringLiteral("||0.0|12|")}));
         QCOMPARE(doc.totaltext, QStringLiteral("0.00"));
     }
 

@@ -1,6 +1,8 @@
 #include "editors/costsedit.h"
 
+#include "data/amountreader.h"
 #include "data/wayferndata.h"
+#include "dialogs/refusal.h"
 #include "editors/userpayedit.h"
 
 #include <QList>
@@ -26,6 +28,12 @@ costsEdit::~costsEdit() = default;
 QString costsEdit::cancelCaption() const
 {
     return tr("Cancel");
+}
+
+// An empty rate or the file's "(null)" stands for the currency's own rate.
+static bool isUnsetRate(const QString &rate)
+{
+    return rate.isEmpty() || rate == QLatin1String("(null)");
 }
 
 void costsEdit::copyData(const CostsData *source, CostsData *target)
@@ -83,10 +91,21 @@ void costsEdit::readList()
     tmp.type = util.getContent(ListView, rowType, 1);
     tmp.typeletter = util.getContent(ListView, rowShort, 1);
     tmp.ctype = util.getContent(ListView, rowCurrency, 1);
-    tmp.fval = util.getContent(ListView, rowForeign, 1);
+    tmp.fval = AmountReader::stored(util.getContent(ListView, rowForeign, 1));
     tmp.bval = util.getContent(ListView, rowBase, 1);
-    tmp.exchange = util.getContent(ListView, rowExchange, 1);
+    tmp.exchange = AmountReader::stored(util.getContent(ListView, rowExchange, 1));
     tmp.comment = util.getContent(ListView, rowComment, 1);
+}
+
+bool costsEdit::inputAccepted()
+{
+    if (!Refusal::date(this, rowDate, util.getContent(ListView, rowDate, 1)))
+        return false;
+    const QString foreign = util.getContent(ListView, rowForeign, 1);
+    if (!Refusal::amount(this, rowForeign, foreign).ok)
+        return false;
+    const QString rate = util.getContent(ListView, rowExchange, 1);
+    return isUnsetRate(rate) || Refusal::amount(this, rowExchange, rate).ok;
 }
 
 void costsEdit::checkChanges()
@@ -116,7 +135,14 @@ void costsEdit::storeChanges(bool)
 
 void costsEdit::recalc()
 {
+    // The base value follows the foreign value with either decimal mark; text that is no
+    // number (yet) counts as 0, as in a file. OK refuses it.
+    const QString typed = tmp.fval;
+    const TypedAmount amount = AmountReader::read(typed);
+    if (amount.ok)
+        tmp.fval = amount.text;
     document->recalcCost(&tmp, tmp.ctype);
+    tmp.fval = typed;
     if (QTreeWidgetItem *row = util.findItem(ListView, rowForeign, 0))
         row->setText(1, tmp.fval);
     if (QTreeWidgetItem *row = util.findItem(ListView, rowBase, 0))
@@ -217,6 +243,10 @@ void costsEdit::slotUserPay()
     // Costs from old files carry no id of their own and can't be shared.
     if (tmp.id <= 0)
         return;
+    // The shares carry the cost's date, and so does the cost: a cost without a date gets it
+    // here, before the shares are made.
+    if (costDate.isEmpty() && calendar && !pickMissingDate())
+        return;
     if (!tmp.shared)
         document->addAllKto(tmp.id);
     // The amount as the row shows it.
@@ -231,4 +261,21 @@ void costsEdit::slotUserPay()
     } else if (!tmp.shared) {
         document->removeAllKto(tmp.id);
     }
+}
+
+bool costsEdit::pickMissingDate()
+{
+    calendar->setDate(costDate);
+    calendar->exec();
+    calendar->hide();
+    if (calendar->result() != QDialog::Accepted)
+        return false;
+    costDate = calendar->dateText();
+    tmp.date = costDate;
+    QTreeWidgetItem *row = util.findItem(ListView, rowDate, 0);
+    if (row)
+        row->setText(1, costDate);
+    if (row && selected == row)
+        LineEdit->setText(costDate);
+    return true;
 }

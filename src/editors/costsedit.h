@@ -58,9 +58,12 @@ protected:
     void checkChanges() override;
     void storeChanges(bool fromQuestion) override;
     QString cancelCaption() const override;
+    // The date must be a real day, the foreign value a number, the rate a number or empty.
+    bool inputAccepted() override;
 
 private:
     void fillList();
     void recalc();
-    // The type's short letter: its first capital, or empty.
+    // The calendar for a cost that has no date yet; the chosen date goes into the date row.
+    bool pickMissingDate();
 };

@@ -1,6 +1,8 @@
 #include "editors/curredit.h"
 
+#include "data/amountreader.h"
 #include "data/wayferndata.h"
+#include "dialogs/refusal.h"
 
 #include <QList>
 #include <QStringList>
@@ -92,9 +94,15 @@ void currEdit::slotSelectButton() {}
 void currEdit::readList()
 {
     tmp.short_ = util.getContent(ListView, rowShort, 1);
-    tmp.factor = util.getContent(ListView, rowFactor, 1);
+    tmp.factor = AmountReader::stored(util.getContent(ListView, rowFactor, 1));
     tmp.fullname = util.getContent(ListView, rowFullname, 1);
     tmp.type = util.getContent(ListView, rowType, 1);
+}
+
+bool currEdit::inputAccepted()
+{
+    const QString factor = util.getContent(ListView, rowFactor, 1);
+    return factor.isEmpty() || Refusal::amount(this, rowFactor, factor).ok;
 }
 
 void currEdit::checkChanges()

@@ -39,6 +39,8 @@ protected:
     void checkChanges() override;
     void storeChanges(bool fromQuestion) override;
     QString cancelCaption() const override;
+    // The factor must be a number; left empty, the currency counts one to one.
+    bool inputAccepted() override;
 
 private:
     static void copyData(const CurrData *source, CurrData *target);

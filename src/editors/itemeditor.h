@@ -68,6 +68,9 @@ public:
 
     void slotOK() override
     {
+        // A refused entry keeps the dialog as it is: nothing read, nothing stored.
+        if (!inputAccepted())
+            return;
         readAndCheck();
         if (modified)
             storeChanges(false);
@@ -78,6 +81,7 @@ public:
     // differs, and its Cancel keeps the dialog open with all its edits.
     void slotCancel() override
     {
+        const bool modifiedBefore = modified;
         readAndCheck();
         if (!modified) {
             this->reject();
@@ -85,6 +89,11 @@ public:
         }
         switch (askSaveChanges(this, cancelCaption())) {
         case QMessageBox::Yes:
+            // Yes stores, so it is refused like OK, and the dialog stays as it was.
+            if (!inputAccepted()) {
+                modified = modifiedBefore;
+                break;
+            }
             storeChanges(true);
             this->accept();
             break;
@@ -114,6 +123,9 @@ protected:
     virtual void storeChanges(bool fromQuestion) = 0;
     // tr("Cancel"), translated in the logic class's context.
     virtual QString cancelCaption() const = 0;
+    // Whether what the rows hold may be stored. An editor with amounts or dates checks them
+    // here and shows the refusal box (dialogs/refusal.h) before it answers false.
+    virtual bool inputAccepted() { return true; }
 
     // Closing the window is Cancel; if the question keeps the dialog, the close is refused.
     void closeEvent(QCloseEvent *event) override

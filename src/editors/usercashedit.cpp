@@ -1,7 +1,9 @@
 #include "editors/usercashedit.h"
 
+#include "data/amountreader.h"
 #include "data/wayferndata.h"
 #include "dialogs/calenderedit.h"
+#include "dialogs/refusal.h"
 #include "dialogs/savechangesquestion.h"
 
 #include <QCloseEvent>
@@ -34,9 +36,9 @@ void userCashEdit::prepare(QString type, QString date, UserData *u, KtoData *lin
         TextLabel->setText(cashDate);
     tmp = *line;
     // The stored word stays as it is; the caption shows it in the user's language.
-    const QString shownType = cashType == QLatin1String("deposit") ? tr("deposit")
-        : cashType == QLatin1String("pay off")                     ? tr("pay off")
-                                                                   : cashType;
+    shownType = cashType == QLatin1String("deposit") ? tr("deposit")
+        : cashType == QLatin1String("pay off")       ? tr("pay off")
+                                                     : cashType;
     setWindowTitle(shownType + QLatin1Char('-') + user->short_);
 
     modified = false;
@@ -46,11 +48,19 @@ void userCashEdit::prepare(QString type, QString date, UserData *u, KtoData *lin
     LineEdit->clear();
 }
 
+bool userCashEdit::amountAccepted()
+{
+    const QString text = LineEdit->text();
+    return text.trimmed().isEmpty() || Refusal::amount(this, shownType, text).ok;
+}
+
 void userCashEdit::readEntry()
 {
     tmp.date = cashDate;
     tmp.type = cashType;
-    tmp.change = LineEdit->text().toDouble();
+    // Read again after the check; text that is no number only gets here before the question
+    // on Cancel, where it counts as 0.0 until Yes refuses it.
+    tmp.change = AmountReader::read(LineEdit->text()).value;
     tmp.percentage = 100.0;
     // The stored word decides, never its translation.
     if (tmp.type == QLatin1String("pay off"))
@@ -82,6 +92,8 @@ void userCashEdit::store()
 
 void userCashEdit::slotOk()
 {
+    if (!amountAccepted())
+        return;
     readEntry();
     checkChanges();
     if (modified)
@@ -91,6 +103,7 @@ void userCashEdit::slotOk()
 
 void userCashEdit::slotCancel()
 {
+    const bool modifiedBefore = modified;
     readEntry();
     checkChanges();
     if (!modified) {
@@ -99,6 +112,11 @@ void userCashEdit::slotCancel()
     }
     switch (askSaveChanges(this, tr("Cancel"))) {
     case QMessageBox::Yes:
+        // Yes stores, so it is refused like OK.
+        if (!amountAccepted()) {
+            modified = modifiedBefore;
+            break;
+        }
         store();
         accept();
         break;

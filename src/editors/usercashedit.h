@@ -39,6 +39,8 @@ protected:
     void closeEvent(QCloseEvent *event) override;
 
 private:
+    // An empty line books 0.0; other text must be a number. A refusal has shown its box.
+    bool amountAccepted();
     void readEntry();
     void checkChanges();
     void store();
@@ -51,5 +53,6 @@ private:
     KtoData tmp;
     QString cashDate;
     QString cashType;
+    QString shownType; // cashType in the user's language
     bool modified = false;
 };

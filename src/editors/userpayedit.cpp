@@ -1,8 +1,10 @@
 #include "editors/userpayedit.h"
 
+#include "data/amountreader.h"
 #include "data/journeyrecords.h"
 #include "data/wayferndata.h"
 #include "dialogs/calenderedit.h"
+#include "dialogs/refusal.h"
 #include "dialogs/savechangesquestion.h"
 #include "editors/numbertext.h"
 #include "editors/userktoedit.h"
@@ -294,8 +296,22 @@ void userPayEdit::slotSelectButton()
     }
 }
 
-void userPayEdit::readShares()
+// An empty share counts as 0.0; other text must be a number.
+static bool isShareText(const QString &text)
 {
+    return text.trimmed().isEmpty() || AmountReader::read(text).ok;
+}
+
+bool userPayEdit::readShares(bool refuse)
+{
+    for (int i = 0; refuse && i < tmpUsers.count(); ++i) {
+        const QTreeWidgetItem *row = util.findItem(ListView, tmpUsers.at(i)->short_, 1);
+        if (row && !isShareText(row->text(3))) {
+            Refusal::showNoNumber(this, tr("share of %1").arg(tmpUsers.at(i)->short_),
+                                  row->text(3));
+            return false;
+        }
+    }
     for (int i = tmpUsers.count() - 1; i >= 0; --i) {
         UserData *tmpUser = tmpUsers.at(i);
         QTreeWidgetItem *row = util.findItem(ListView, tmpUser->short_, 1);
@@ -303,9 +319,10 @@ void userPayEdit::readShares()
             continue;
         tmpUser->temp.date = shareDate;
         tmpUser->temp.type = QStringLiteral("share");
-        tmpUser->temp.change = row->text(3).toDouble();
-        tmpUser->temp.percentage = row->text(2).toDouble();
+        tmpUser->temp.change = AmountReader::read(row->text(3)).value;
+        tmpUser->temp.percentage = AmountReader::read(row->text(2)).value;
     }
+    return true;
 }
 
 void userPayEdit::checkShares()
@@ -347,7 +364,8 @@ void userPayEdit::copyTmpToActu()
 
 void userPayEdit::slotOk()
 {
-    readShares();
+    if (!readShares(true))
+        return;
     checkShares();
     if (modified) {
         copyTmpToActu();
@@ -361,7 +379,8 @@ void userPayEdit::slotOk()
 
 void userPayEdit::slotCancel()
 {
-    readShares();
+    const bool modifiedBefore = modified;
+    readShares(false);
     checkShares();
     if (!modified) {
         modified = false;
@@ -371,6 +390,11 @@ void userPayEdit::slotCancel()
     }
     switch (askSaveChanges(this, tr("Cancel"))) {
     case QMessageBox::Yes:
+        // Yes stores, so it is refused like OK.
+        if (!readShares(true)) {
+            modified = modifiedBefore;
+            break;
+        }
         copyTmpToActu();
         document->recalcUsers();
         document->setModified(true);

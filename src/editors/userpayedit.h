@@ -57,7 +57,9 @@ private:
     // The amount in proportion to `weights` (one per temporary traveller) into the lines
     // and their rows (null where a traveller has no row); weight 0 books nothing.
     void divideAmong(const QList<QTreeWidgetItem *> &rows, const QList<qint64> &weights);
-    void readShares();
+    // The rows into the temporary lines. With `refuse`, a share that is no number shows the
+    // refusal box first and nothing is read: the answer is false.
+    bool readShares(bool refuse);
     void checkShares();
     void copyTmpToActu();
     bool isTicked(QTreeWidgetItem *item) const;

@@ -1,5 +1,6 @@
 #include "shell/wayfernview.h"
 
+#include "data/datetext.h"
 #include "data/journeycalc.h"
 #include "data/wayferndata.h"
 #include "dialogs/calenderedit.h"
@@ -16,6 +17,7 @@
 #include "storage/wayferniocfg.h"
 #include "storage/wayferniolast.h"
 
+#include <QDate>
 #include <QHeaderView>
 #include <QIcon>
 #include <QMessageBox>
@@ -458,7 +460,14 @@ bool WayfernView::saveView(const QString &path)
 
 void WayfernView::slotCostsNew()
 {
+    // A new cost starts on the day of the selected cost, or today in a journey without one:
+    // every stored cost has a date.
+    const bool fromSelected = actucost && doc->costs.contains(actucost)
+        && DateText::isDate(actucost->date);
+    const QString date = fromSelected ? actucost->date
+                                      : QDate::currentDate().toString(QStringLiteral("dd.MM.yyyy"));
     CostsData *cost = doc->costs.append();
+    cost->date = date;
     actucost = cost;
     const int id = doc->nextCostId();
     cost->id = id;
@@ -469,7 +478,6 @@ void WayfernView::slotCostsNew()
         doc->removeAllKto(id);
         doc->costs.remove(cost);
         actucost = doc->costs.first();
-        doc->setModified(true);
     }
     refreshView();
 }

@@ -74,3 +74,19 @@ int DateText::daysBetween(QStringView from, QStringView to, DateParts &work)
     read(to, Span, work);
     return int(dayNumber(work) - start);
 }
+
+bool DateText::isDate(QStringView text)
+{
+    // The shape first: the readings convert pieces such as "2." or " 3" in their own ways.
+    const qsizetype first = text.indexOf(u'.');
+    if (first < 1 || first > 2 || text.size() != first + 8 || text.at(first + 3) != u'.')
+        return false;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        if (i != first && i != first + 3 && !(text.at(i) >= u'0' && text.at(i) <= u'9'))
+            return false;
+    }
+    DateParts parts;
+    if (read(text, Record, parts) != AllFields)
+        return false;
+    return QDate(parts.year, parts.month, parts.day).isValid();
+}

@@ -45,4 +45,9 @@ public:
     // Days from one date text to the other, read as Span. `work` holds the numbers read
     // last, which an empty text leaves in place.
     static int daysBetween(QStringView from, QStringView to, DateParts &work);
+
+    // True for a day that exists, written as the program writes dates: "dd.mm.yyyy", where
+    // the day may also have one digit. "31.02.2026", "" and "3.2.2002" are no such day. A
+    // text that passes reads to the same day in every reading.
+    static bool isDate(QStringView text);
 };
