@@ -341,6 +341,41 @@ private slots:
         QVERIFY(!w.doc()->isModified());
     }
 
+    void anAmountChangedAfterTheSharesWereConfirmedBringsTheShareDialogAgain()
+    {
+        Window w(journey({cost("12.06.2002", "Food", "70.00", "Boat", 1)},
+                         {{"AB", "Berg", "Anna", threeShares("12.06.2002", 1, "-23.3400")},
+                          {"CD", "Dahl", "Carl", threeShares("12.06.2002", 1, "-23.3300")},
+                          {"EF", "Falk", "Eva", threeShares("12.06.2002", 1, "-23.3300")}}));
+        QVERIFY(QTest::qWaitForWindowExposed(w.app.get()));
+        QString firstHeader;
+        QStringList firstRows;
+        QString header;
+        QStringList rows;
+        ModalTicket second;
+        ModalTicket costs = changeCost(w, 0, [&](costsEdit *ed, ModalOutcome &out) {
+            // The shares confirmed first, for 70.00 ...
+            tapRow(ed, "comment", out);
+            ModalTicket first = inNextShareDialog(firstHeader, firstRows);
+            ed->UserButton->click();
+            if (!first->handled)
+                out.error += QStringLiteral("first share dialog not answered; ");
+            // ... then the amount changed: OK shows the shares of the new amount.
+            typeForeignValue(ed, QStringLiteral("75.40"), out);
+            second = inNextShareDialog(header, rows);
+            ed->OkButton->click();
+        });
+        QVERIFY2(costs->handled && costs->error.isEmpty(), qPrintable(costs->error));
+        QCOMPARE(firstHeader, QStringLiteral("70.00 EUR"));
+        QCOMPARE(firstRows,
+                 (QStringList{"x|AB|33.3|-23.34|", "x|CD|33.3|-23.33|", "x|EF|33.3|-23.33|"}));
+        QVERIFY2(second && second->handled, second ? qPrintable(second->error) : "no dialog");
+        QCOMPARE(header, QStringLiteral("75.40 EUR"));
+        QCOMPARE(rows,
+                 (QStringList{"x|AB|33.3|-25.14|", "x|CD|33.3|-25.13|", "x|EF|33.3|-25.13|"}));
+        QCOMPARE(w.shareOf(0, 1) + w.shareOf(1, 1) + w.shareOf(2, 1), -75.40);
+    }
+
     void ninetyTwo63SharedByThreeAddsUpToTheCost()
     {
         Window w(journey(

@@ -123,9 +123,10 @@ void costsEdit::storeChanges(bool)
 {
     if (!actu)
         return;
-    // Every changed cost passes through the share dialog once; whatever it answers, the
-    // cost is stored.
-    if (document->userflag && !shareEdited)
+    // Every changed cost passes through the share dialog once, and again when its amount
+    // changed after the shares were confirmed, so that no share of an old amount is stored
+    // unseen; whatever it answers, the cost is stored.
+    if (document->userflag && (!shareEdited || tmp.bval != sharedAmount))
         slotUserPay();
     copyData(&tmp, actu);
     document->setModified(true);
@@ -258,6 +259,7 @@ void costsEdit::slotUserPay()
         tmp.shared = true;
         emit overChanged();
         shareEdited = true;
+        sharedAmount = tmp.bval;
     } else if (!tmp.shared) {
         document->removeAllKto(tmp.id);
     }

@@ -41,6 +41,7 @@ public:
     calenderEdit *calendar = nullptr; // not owned
     QString costDate;                 // the date as last confirmed in the calendar
     bool shareEdited = false;         // the share dialog was confirmed since prepare
+    QString sharedAmount;             // the base value that it was confirmed for
     userPayEdit *userPay = nullptr;   // child of this dialog
 
 public slots:
