@@ -850,7 +850,7 @@ private slots:
         QVERIFY(cost->shared);
     }
 
-    void aConfirmedShareIsNotAskedAgainAndKeepsItsAmounts()
+    void aConfirmedShareIsAskedAgainOnlyWhenTheAmountChangedSince()
     {
         Fixture f;
         CostsData *cost = f.addCost();
@@ -874,21 +874,41 @@ private slots:
         for (UserData *user : f.doc.users)
             QCOMPARE(user->findKto(7)->change, user == f.doc.users.first() ? -4.45 : -4.44);
 
+        // A change of the comment alone is stored with the confirmed shares.
+        QVERIFY(f.tap("comment"));
+        QTest::keyClicks(f.ed.LineEdit, QStringLiteral("x"));
+        ModalTicket notAgain = ModalHelper::rejectNextDialog({}, "userPayEdit");
+        f.ed.OkButton->click();
+        QVERIFY(!notAgain->handled);
+        ModalHelper::cancelPending();
+        QVERIFY(!f.ed.isVisible());
+        QCOMPARE(f.ed.result(), int(QDialog::Accepted));
+        for (UserData *user : f.doc.users)
+            QCOMPARE(user->findKto(7)->change, user == f.doc.users.first() ? -4.45 : -4.44);
+
+        // Confirmed again, then the amount changed: OK shows the shares of the new amount.
+        f.ed.prepare(cost, &f.calendar);
+        QVERIFY(f.tap("comment"));
+        share = ModalHelper::clickInNextDialog("OkButton", {}, "userPayEdit");
+        f.ed.UserButton->click();
+        QVERIFY2(share->handled && share->error.isEmpty(), qPrintable(share->error));
         QVERIFY(f.tap("foreign value"));
         f.ed.ClearButton->click();
         QTest::keyClicks(f.ed.LineEdit, QStringLiteral("200"));
         QCOMPARE(f.row("base value"), QStringLiteral("133.33"));
-        // Were the share dialog to open again, this would answer it.
-        ModalTicket again = ModalHelper::rejectNextDialog({}, "userPayEdit");
+        QString header;
+        ModalTicket again = ModalHelper::clickInNextDialog(
+            "OkButton",
+            [&header](QDialog *d) { header = static_cast<userPayEdit *>(d)->ValTextLabel->text(); },
+            "userPayEdit");
         f.ed.OkButton->click();
-        QVERIFY(!again->handled);
+        QVERIFY2(again->handled && again->error.isEmpty(), qPrintable(again->error));
+        QCOMPARE(header, QStringLiteral("133.33 EUR"));
         QVERIFY(!f.ed.isVisible());
-        QCOMPARE(f.ed.result(), int(QDialog::Accepted));
-        QVERIFY(cost->shared);
         QCOMPARE(cost->bval, QStringLiteral("133.33"));
         for (UserData *user : f.doc.users) {
             QCOMPARE(user->kto.count(), 1);
-            QCOMPARE(user->findKto(7)->change, user == f.doc.users.first() ? -4.45 : -4.44);
+            QCOMPARE(user->findKto(7)->change, user == f.doc.users.first() ? -44.45 : -44.44);
         }
     }
 
