@@ -631,6 +631,14 @@ Währungen.</translation>
         <source>Nobody owes anybody anything.</source>
         <translation>Niemand schuldet jemandem etwas.</translation>
     </message>
+    <message>
+        <source>%1 %2 %3, shares %4</source>
+        <translation>%1 %2 %3, Anteile %4</translation>
+    </message>
+    <message>
+        <source>Left unbooked because the shares of these costs do not add up to them: %1 %2</source>
+        <translation>Nicht gebucht, weil die Anteile dieser Kosten nicht ihren Betrag ergeben: %1 %2</translation>
+    </message>
 </context>
 <context>
     <name>MainDlg1</name>
@@ -804,6 +812,25 @@ Tippliste ein (über dem gewählten Eintrag).</translation>
     </message>
 </context>
 <context>
+    <name>Refusal</name>
+    <message>
+        <source>Input refused</source>
+        <translation>Eingabe abgelehnt</translation>
+    </message>
+    <message>
+        <source>%1: &quot;%2&quot; is no number.
+Nothing was stored; please correct the entry.</source>
+        <translation>%1: „%2“ ist keine Zahl.
+Es wurde nichts gespeichert; bitte die Eingabe berichtigen.</translation>
+    </message>
+    <message>
+        <source>%1: &quot;%2&quot; is no date.
+Nothing was stored; please pick a date.</source>
+        <translation>%1: „%2“ ist kein Datum.
+Es wurde nichts gespeichert; bitte ein Datum wählen.</translation>
+    </message>
+</context>
+<context>
     <name>ReportWriter</name>
     <message>
         <source>page %1</source>
@@ -952,14 +979,6 @@ Zusammen ergeben sie null.</translation>
         <translation>Nicht gebucht</translation>
     </message>
     <message>
-        <source>What the even division of shared costs
-left to nobody: 100.00 shared by three
-books 3 x 33.33, and 0.01 stays unbooked.</source>
-        <translation>Was die gleiche Teilung gemeinsamer Kosten
-niemandem zuweist: 100.00 durch drei geteilt
-bucht 3 x 33.33, und 0.01 bleibt ungebucht.</translation>
-    </message>
-    <message>
         <source>Settle with one traveller</source>
         <translation>Mit einem Reisenden abrechnen</translation>
     </message>
@@ -1024,6 +1043,14 @@ Der Benutzer muss die Aktion bestätigen.</translation>
     <message>
         <source>closes the form.</source>
         <translation>schließt das Formular.</translation>
+    </message>
+    <message>
+        <source>What the shares of shared costs
+leave to nobody. Shares add up to their cost;
+costs whose shares do not are listed here.</source>
+        <translation>Was die Anteile geteilter Kosten
+niemandem zuordnen. Anteile ergeben ihren Betrag;
+Kosten, bei denen das nicht so ist, stehen hier.</translation>
     </message>
 </context>
 <context>
@@ -2069,6 +2096,72 @@ als HTML-Seite daneben.</translation>
         <source>Report written: %1 and %2</source>
         <translation>Bericht geschrieben: %1 und %2</translation>
     </message>
+    <message>
+        <source>Ctrl+O</source>
+        <translation>Ctrl+O</translation>
+    </message>
+    <message>
+        <source>Export CSV...</source>
+        <translation>CSV exportieren...</translation>
+    </message>
+    <message>
+        <source>Export CSV</source>
+        <translation>CSV exportieren</translation>
+    </message>
+    <message>
+        <source>Writes the costs and the accounts as CSV files</source>
+        <translation>Schreibt die Kosten und die Konten als CSV-Dateien</translation>
+    </message>
+    <message>
+        <source>Export CSV
+
+Writes every cost into a CSV file for a
+spreadsheet, and every account line into a
+second file beside it, NAME-accounts.csv.</source>
+        <translation>CSV exportieren
+
+Schreibt alle Kosten in eine CSV-Datei für eine
+Tabellenkalkulation und alle Kontobuchungen in
+eine zweite Datei daneben, NAME-accounts.csv.</translation>
+    </message>
+    <message>
+        <source>Recovery</source>
+        <translation>Wiederherstellung</translation>
+    </message>
+    <message>
+        <source>Wayfern was not ended properly.
+Restore the unsaved changes of %1 from %2?</source>
+        <translation>Wayfern wurde nicht ordentlich beendet.
+Die nicht gespeicherten Änderungen an %1 vom %2 wiederherstellen?</translation>
+    </message>
+    <message>
+        <source>Restored the unsaved changes of %1.</source>
+        <translation>Die nicht gespeicherten Änderungen an %1 wurden wiederhergestellt.</translation>
+    </message>
+    <message>
+        <source>The unsaved changes were kept in %1.</source>
+        <translation>Die nicht gespeicherten Änderungen wurden in %1 aufbewahrt.</translation>
+    </message>
+    <message>
+        <source>The journey is open in another Wayfern window: process %1 on %2.</source>
+        <translation>Die Reise ist in einem anderen Wayfern-Fenster geöffnet: Prozess %1 auf %2.</translation>
+    </message>
+    <message>
+        <source>Writing the CSV files...</source>
+        <translation>Die CSV-Dateien werden geschrieben...</translation>
+    </message>
+    <message>
+        <source>Export aborted</source>
+        <translation>Export abgebrochen</translation>
+    </message>
+    <message>
+        <source>Writing the CSV files failed</source>
+        <translation>Schreiben der CSV-Dateien fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>CSV written: %1 and %2</source>
+        <translation>CSV geschrieben: %1 und %2</translation>
+    </message>
 </context>
 <context>
     <name>WayfernView</name>
@@ -2264,6 +2357,10 @@ Wollen Sie die Änderungen speichern?</translation>
         <source>Delete item</source>
         <translation>Eintrag löschen</translation>
     </message>
+    <message>
+        <source>exchange rate list</source>
+        <translation>Wechselkursliste</translation>
+    </message>
 </context>
 <context>
     <name>currSync</name>
@@ -2282,6 +2379,42 @@ Wollen Sie die Änderungen speichern?</translation>
     <message>
         <source>did not get data ...</source>
         <translation>keine Daten erhalten ...</translation>
+    </message>
+    <message>
+        <source>no connection to the server %1</source>
+        <translation>keine Verbindung zum Server %1</translation>
+    </message>
+    <message>
+        <source>the server refused the request %1</source>
+        <translation>der Server hat die Anfrage %1 abgelehnt</translation>
+    </message>
+    <message>
+        <source>the server sent an empty answer to %1</source>
+        <translation>der Server hat auf %1 leer geantwortet</translation>
+    </message>
+    <message>
+        <source>wget did not end normally</source>
+        <translation>wget wurde nicht normal beendet</translation>
+    </message>
+    <message>
+        <source>wget ended with status %1</source>
+        <translation>wget endete mit Status %1</translation>
+    </message>
+    <message>
+        <source>wget could not be started</source>
+        <translation>wget konnte nicht gestartet werden</translation>
+    </message>
+    <message>
+        <source>no answer within %1 seconds</source>
+        <translation>keine Antwort innerhalb von %1 Sekunden</translation>
+    </message>
+    <message>
+        <source>no rate for %1 in the answer</source>
+        <translation>kein Kurs für %1 in der Antwort</translation>
+    </message>
+    <message>
+        <source>no list of currencies in the answer from %1</source>
+        <translation>keine Währungsliste in der Antwort von %1</translation>
     </message>
 </context>
 <context>
@@ -2313,6 +2446,18 @@ Danach ist jeder Saldo 0.00.</translation>
     <message>
         <source>Book the plan</source>
         <translation>Plan buchen</translation>
+    </message>
+    <message>
+        <source>Left unbooked because the shares of these costs do not add up to them: %1 %2</source>
+        <translation>Nicht gebucht, weil die Anteile dieser Kosten nicht ihren Betrag ergeben: %1 %2</translation>
+    </message>
+    <message>
+        <source>%1 %2 %3, shares %4</source>
+        <translation>%1 %2 %3, Anteile %4</translation>
+    </message>
+    <message>
+        <source>and %1 more</source>
+        <translation>und %1 weitere</translation>
     </message>
 </context>
 <context>
@@ -2508,6 +2653,26 @@ Eigene Felder können verloren gehen!</translation>
         <source>Delete item</source>
         <translation>Eintrag löschen</translation>
     </message>
+    <message>
+        <source>Balance: %1</source>
+        <translation>Kontostand: %1</translation>
+    </message>
+    <message>
+        <source>Deposits leaving with the traveller: %1 (%2)</source>
+        <translation>Einzahlungen, die mit dem Reisenden gehen: %1 (%2)</translation>
+    </message>
+    <message>
+        <source>Pay-offs leaving with the traveller: %1 (%2)</source>
+        <translation>Auszahlungen, die mit dem Reisenden gehen: %1 (%2)</translation>
+    </message>
+    <message>
+        <source>Shared costs divided again among the others: %1</source>
+        <translation>Geteilte Kosten, neu auf die anderen verteilt: %1</translation>
+    </message>
+    <message>
+        <source>and %1 more</source>
+        <translation>und %1 weitere</translation>
+    </message>
 </context>
 <context>
     <name>userPayEdit</name>
@@ -2524,6 +2689,10 @@ auf alle Reisenden aufteilen?</translation>
     <message>
         <source>Cancel</source>
         <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>share of %1</source>
+        <translation>Anteil von %1</translation>
     </message>
 </context>
 </TS>
