@@ -28,6 +28,11 @@ currListEdit::currListEdit(QWidget *parent, const char *name, bool modal, WayFer
     syncListDlg->hide();
     showMaximized();
     StatusTextLabel->setText(QStringLiteral(""));
+    // A failed request's reason is long (it names the address): it wraps within the dialog
+    // rather than widening it past a small screen.
+    StatusTextLabel->setWordWrap(true);
+    StatusTextLabel->setSizePolicy(QSizePolicy::Ignored,
+                                   StatusTextLabel->sizePolicy().verticalPolicy());
     grabber = std::make_unique<currSync>(doc, StatusTextLabel);
     connect(grabber.get(), &currSync::grabSuccess, this, &currListEdit::slotGrabSuccess);
     connect(grabber.get(), &currSync::noSuccess, this, &currListEdit::slotNoSuccess);

@@ -50,10 +50,10 @@
 // With JOURNEY the program opens that journey from a scratch configuration; without it, it
 // opens the user's last journey as a normal start does. The files go to DIR, named
 // main-overview, main-costs, main-tips, costs, share, base, userlist, user, deposit,
-// account, tip, currlist, currlist-sync, currlist-synced, curr, catalogue, settle and
-// settle-booked, each followed by SUFFIX (e.g. "-240x320") and ".png". The rates come from
-// a page server on the loopback address that this program runs itself, answering as
-// today's rate service does. The texts are in the language of the locale, as in the program.
+// account, tip, currlist, currlist-sync, currlist-synced, curr, catalogue,
+// share-redivided, delete-traveller, settle and settle-booked, each followed by SUFFIX
+// (e.g. "-240x320") and ".png". The rates come from a page server on the loopback address
+// that this program runs itself, answering as today's rate service does. The texts are in the language of the locale, as in the program.
 // Meant to run under a virtual X server with the screen size of the pictures;
 // scripts/screenshots.sh does that.
 
@@ -413,6 +413,58 @@ void shootCurrencyDialogs(WayfernApp &window)
 }
 
 // Clicks `button` of the next message box.
+void answerNextBox(QObject *context, QMessageBox::StandardButton button);
+
+// The share dialog of the first cost after its amount was changed in the costs dialog: the
+// new amount divided among the same travellers in the same proportions. Nothing is stored.
+void shootRedividedShare(WayfernApp &window)
+{
+    WayfernView *view = window.view;
+    costsEdit *costs = view->costsInput;
+    userPayEdit *share = costs->userPay;
+    view->TabWidget2->setCurrentIndex(1);
+    selectFirst(view->CostsListView);
+    whenModal(costs, "costs dialog for a new amount", [=] {
+        maximise(costs);
+        selectRow(costs->ListView, costs->rowForeign);
+        costs->LineEdit->setText(QStringLiteral("97.40"));
+        whenModal(share, "share dialog of the new amount", [=] {
+            maximise(share);
+            shoot(share, "share-redivided");
+            share->reject();
+        });
+        costs->UserButton->click();
+        costs->reject();
+    });
+    view->ChangeButton->click();
+}
+
+// The question of the user list's delete button for the first traveller, who has deposits
+// and shares of costs; answered with Cancel.
+void shootDeleteTraveller(WayfernApp &window)
+{
+    userListEdit *list = window.view->userListInput;
+    whenModal(list, "user list for the delete question", [=] {
+        maximise(list);
+        // A fresh selection, as a tap makes it, switches the row buttons on.
+        list->ListView->clearSelection();
+        list->ListView->setCurrentItem(nullptr);
+        selectFirst(list->ListView);
+        when(
+            list, "delete question",
+            [] { return qobject_cast<QMessageBox *>(QApplication::activeModalWidget()) != nullptr; },
+            [list] {
+                auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+                shoot(box, "delete-traveller");
+                if (QAbstractButton *cancel = box->button(QMessageBox::Cancel))
+                    cancel->click();
+                list->CloseButton->click();
+            });
+        list->DeleteButton->click();
+    });
+    window.openUser->trigger();
+}
+
 void answerNextBox(QObject *context, QMessageBox::StandardButton button)
 {
     when(
@@ -487,6 +539,8 @@ int main(int argc, char *argv[])
         shootUserDialogs(window);
         shootTipEditor(window);
         shootCurrencyDialogs(window);
+        shootRedividedShare(window);
+        shootDeleteTraveller(window);
         shootSettleUp(window);
         // Nothing of the journey is saved: the window goes without the question.
         window.doc->setModified(false);
