@@ -30,6 +30,33 @@ QString tripElsewhere(const ShellFixture &fx)
     return path;
 }
 
+// Runs the program in `workDir` with `args` (WAYFERN_START_DIR set to `startDir`, or unset
+// when empty) until the last-state file names `expected` or 30 seconds pass; what it names.
+QString lastNamedByProgram(const ShellFixture &fx, const QString &workDir,
+                           const QString &startDir, const QStringList &args,
+                           const QString &expected)
+{
+    QProcess program;
+    program.setWorkingDirectory(workDir);
+    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+    env.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+    env.remove(QStringLiteral("WAYFERN_START_DIR"));
+    if (!startDir.isEmpty())
+        env.insert(QStringLiteral("WAYFERN_START_DIR"), startDir);
+    program.setProcessEnvironment(env);
+    program.start(QStringLiteral(WAYFERN_PROGRAM), args);
+    if (!program.waitForStarted())
+        return QStringLiteral("<not started>");
+    QElapsedTimer waited;
+    waited.start();
+    while (fx.lastNamed() != expected && waited.elapsed() < 30000
+           && program.state() == QProcess::Running)
+        QTest::qWait(50);
+    program.kill();
+    program.waitForFinished();
+    return fx.lastNamed();
+}
+
 } // namespace
 
 class TestOpenFromFile : public QObject
@@ -77,22 +104,9 @@ private slots:
         ShellFixture fx({QStringLiteral("sample-nousers.wfn")});
         fx.writeLast(QStringLiteral("sample-nousers.wfn"));
         const QString trip = tripElsewhere(fx);
-        QProcess program;
-        program.setWorkingDirectory(QFileInfo(trip).path());
-        QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-        env.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
-        env.remove(QStringLiteral("WAYFERN_START_DIR"));
-        program.setProcessEnvironment(env);
-        program.start(QStringLiteral(WAYFERN_PROGRAM), {QStringLiteral("trip.wfn")});
-        QVERIFY(program.waitForStarted());
-        QElapsedTimer waited;
-        waited.start();
-        while (fx.lastNamed() != trip && waited.elapsed() < 30000
-               && program.state() == QProcess::Running)
-            QTest::qWait(50);
-        program.kill();
-        program.waitForFinished();
-        QCOMPARE(fx.lastNamed(), trip);
+        QCOMPARE(lastNamedByProgram(fx, QFileInfo(trip).path(), QString(),
+                                    {QStringLiteral("trip.wfn")}, trip),
+                 trip);
     }
 
     void theLaunchersStartFolderCountsForARelativeName()
@@ -100,23 +114,10 @@ private slots:
         ShellFixture fx({QStringLiteral("sample-nousers.wfn")});
         fx.writeLast(QStringLiteral("sample-nousers.wfn"));
         const QString trip = tripElsewhere(fx);
-        QProcess program;
         // The launchers run the program in the journey directory and say where they were.
-        program.setWorkingDirectory(fx.dataDir());
-        QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-        env.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
-        env.insert(QStringLiteral("WAYFERN_START_DIR"), QFileInfo(trip).path());
-        program.setProcessEnvironment(env);
-        program.start(QStringLiteral(WAYFERN_PROGRAM), {QStringLiteral("trip.wfn")});
-        QVERIFY(program.waitForStarted());
-        QElapsedTimer waited;
-        waited.start();
-        while (fx.lastNamed() != trip && waited.elapsed() < 30000
-               && program.state() == QProcess::Running)
-            QTest::qWait(50);
-        program.kill();
-        program.waitForFinished();
-        QCOMPARE(fx.lastNamed(), trip);
+        QCOMPARE(lastNamedByProgram(fx, fx.dataDir(), QFileInfo(trip).path(),
+                                    {QStringLiteral("trip.wfn")}, trip),
+                 trip);
     }
 };
 
