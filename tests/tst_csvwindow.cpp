@@ -132,10 +132,10 @@ private slots:
         const QString costs = fx.dataFile(QStringLiteral("sample.wfn/lakes.csv"));
         QCOMPARE(box->title, QStringLiteral("Wayfern"));
         QCOMPARE(box->icon, QMessageBox::Warning);
-        QCOMPARE(box->text, QStringLiteral("Could not save %1\n\n%2")
-                                .arg(costs, QString::fromLocal8Bit(std::strerror(ENOTDIR))));
-        QCOMPARE(app.statusBar()->currentMessage(),
-                 QStringLiteral("Writing the CSV files failed"));
+        QCOMPARE(box->text,
+                 QStringLiteral("Could not save %1\n\n%2")
+                     .arg(costs, QString::fromLocal8Bit(std::strerror(ENOTDIR))));
+        QCOMPARE(app.statusBar()->currentMessage(), QStringLiteral("Writing the CSV files failed"));
         QVERIFY(!app.doc->isModified());
     }
 };

@@ -10,10 +10,10 @@
 
 #include <QElapsedTimer>
 #include <QFile>
-#include <QSysInfo>
 #include <QLockFile>
 #include <QProcess>
 #include <QStatusBar>
+#include <QSysInfo>
 #include <QtTest>
 
 namespace {
@@ -116,8 +116,8 @@ private slots:
         QVERIFY2(box->handled, qPrintable(box->error));
         QCOMPARE(box->title, QStringLiteral("Wayfern"));
         QCOMPARE(box->icon, QMessageBox::Warning);
-        QCOMPARE(box->text, QStringLiteral("Could not open %1\n\n%2")
-                                .arg(sample, heldBy(holder.processId())));
+        QCOMPARE(box->text,
+                 QStringLiteral("Could not open %1\n\n%2").arg(sample, heldBy(holder.processId())));
         // The window stays with its own journey.
         QCOMPARE(app.fileName, fx.dataFile(QStringLiteral("sample-nousers.wfn")));
         QCOMPARE(app.doc->costs.count(), costs);
@@ -145,8 +145,8 @@ private slots:
         app.fileSaveAs->trigger();
         QVERIFY2(named->handled, qPrintable(named->error));
         QVERIFY2(box->handled, qPrintable(box->error));
-        QCOMPARE(box->text, QStringLiteral("Could not save %1\n\n%2")
-                                .arg(sample, heldBy(holder.processId())));
+        QCOMPARE(box->text,
+                 QStringLiteral("Could not save %1\n\n%2").arg(sample, heldBy(holder.processId())));
         QVERIFY(file.open(QIODevice::ReadOnly));
         QCOMPARE(file.readAll(), before);
         QCOMPARE(app.fileName, fx.dataFile(QStringLiteral("sample-nousers.wfn")));
@@ -185,8 +185,7 @@ private slots:
         QCOMPARE(app.fileName, QString());
         QCOMPARE(app.statusBar()->currentMessage(),
                  QStringLiteral("Could not read the last journey %1: %2")
-                     .arg(fx.dataFile(QStringLiteral("sample.wfn")),
-                          heldBy(holder.processId())));
+                     .arg(fx.dataFile(QStringLiteral("sample.wfn")), heldBy(holder.processId())));
         // The last-state file still names it, for the next start.
         QCOMPARE(fx.lastNamed(), QStringLiteral("sample.wfn"));
         stop(holder);

@@ -113,8 +113,7 @@ private slots:
         const QString sample = fx.dataFile(QStringLiteral("sample.wfn"));
         {
             Window w(fx, 1);
-            QVERIFY(ModalHelper::tapItem(w.v->CostsListView,
-                                         w.v->CostsListView->topLevelItem(2)));
+            QVERIFY(ModalHelper::tapItem(w.v->CostsListView, w.v->CostsListView->topLevelItem(2)));
             QCOMPARE(w.v->actucost->comment, QStringLiteral("Boat"));
             ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::Yes);
             QTest::mouseClick(w.v->DeleteButton, Qt::LeftButton);
@@ -137,8 +136,7 @@ private slots:
         const QString sample = fx.dataFile(QStringLiteral("sample.wfn"));
         {
             Window w(fx, 1);
-            QVERIFY(ModalHelper::tapItem(w.v->CostsListView,
-                                         w.v->CostsListView->topLevelItem(2)));
+            QVERIFY(ModalHelper::tapItem(w.v->CostsListView, w.v->CostsListView->topLevelItem(2)));
             QTest::mouseClick(w.v->CopyButton, Qt::LeftButton);
             QTest::mouseClick(w.v->PasteButton, Qt::LeftButton);
             QCOMPARE(w.v->CostsListView->topLevelItemCount(), 6);

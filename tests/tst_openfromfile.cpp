@@ -32,9 +32,8 @@ QString tripElsewhere(const ShellFixture &fx)
 
 // Runs the program in `workDir` with `args` (WAYFERN_START_DIR set to `startDir`, or unset
 // when empty) until the last-state file names `expected` or 30 seconds pass; what it names.
-QString lastNamedByProgram(const ShellFixture &fx, const QString &workDir,
-                           const QString &startDir, const QStringList &args,
-                           const QString &expected)
+QString lastNamedByProgram(const ShellFixture &fx, const QString &workDir, const QString &startDir,
+                           const QStringList &args, const QString &expected)
 {
     QProcess program;
     program.setWorkingDirectory(workDir);
@@ -91,8 +90,9 @@ private slots:
         QVERIFY2(box->handled, qPrintable(box->error));
         QCOMPARE(box->title, QStringLiteral("Wayfern"));
         QCOMPARE(box->icon, QMessageBox::Warning);
-        QCOMPARE(box->text, QStringLiteral("Could not open %1\n\n%2")
-                                .arg(missing, QString::fromLocal8Bit(std::strerror(ENOENT))));
+        QCOMPARE(box->text,
+                 QStringLiteral("Could not open %1\n\n%2")
+                     .arg(missing, QString::fromLocal8Bit(std::strerror(ENOENT))));
         // As if no file had been named: the last journey, and the last-state file unchanged.
         QCOMPARE(app.fileName, fx.dataFile(QStringLiteral("sample.wfn")));
         QCOMPARE(app.doc->journeyname, QStringLiteral("Lakes and Passes"));

@@ -134,9 +134,8 @@ private slots:
         child.setProcessEnvironment(env);
         child.start(QCoreApplication::applicationFilePath(), {QStringLiteral("--crash-child")});
         QVERIFY(child.waitForStarted());
-        QVERIFY(waitFor([&] {
-            return QFile::exists(recoveryOf(fx)) || child.state() != QProcess::Running;
-        }));
+        QVERIFY(waitFor(
+            [&] { return QFile::exists(recoveryOf(fx)) || child.state() != QProcess::Running; }));
         QCOMPARE(child.state(), QProcess::Running);
         QVERIFY(waitFor([&] { return !hasBoat(recoveryOf(fx)); }));
         child.kill(); // SIGKILL: no chance to clean up
@@ -148,9 +147,9 @@ private slots:
         WayfernApp app;
         QVERIFY2(question->handled, qPrintable(question->error));
         QCOMPARE(question->title, QStringLiteral("Recovery"));
-        QVERIFY2(question->text.startsWith(QStringLiteral(
-                     "Wayfern was not ended properly.\n"
-                     "Restore the unsaved changes of sample.wfn from ")),
+        QVERIFY2(question->text.startsWith(
+                     QStringLiteral("Wayfern was not ended properly.\n"
+                                    "Restore the unsaved changes of sample.wfn from ")),
                  qPrintable(question->text));
         QCOMPARE(question->buttons, QMessageBox::Yes | QMessageBox::No);
         // The change is back, unsaved, in the journey's own file.
@@ -175,18 +174,17 @@ private slots:
         QVERIFY2(question->handled, qPrintable(question->error));
         QVERIFY(!app.doc->isModified());
         QVERIFY(!QFile::exists(recoveryOf(fx)));
-        const QStringList aside = QDir(fx.dataDir())
-                                      .entryList({QStringLiteral("sample.wfn.recovery-*")},
-                                                 QDir::Files);
+        const QStringList aside =
+            QDir(fx.dataDir()).entryList({QStringLiteral("sample.wfn.recovery-*")}, QDir::Files);
         QCOMPARE(aside.size(), 1);
-        QVERIFY2(QRegularExpression(QStringLiteral(
-                                        "^sample\\.wfn\\.recovery-\\d{4}-\\d\\d-\\d\\d-\\d{6}$"))
+        QVERIFY2(QRegularExpression(
+                     QStringLiteral("^sample\\.wfn\\.recovery-\\d{4}-\\d\\d-\\d\\d-\\d{6}$"))
                      .match(aside.first())
                      .hasMatch(),
                  qPrintable(aside.first()));
-        QCOMPARE(app.statusBar()->currentMessage(),
-                 QStringLiteral("The unsaved changes were kept in %1.")
-                     .arg(fx.dataFile(aside.first())));
+        QCOMPARE(
+            app.statusBar()->currentMessage(),
+            QStringLiteral("The unsaved changes were kept in %1.").arg(fx.dataFile(aside.first())));
     }
 };
 

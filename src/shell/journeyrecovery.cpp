@@ -18,8 +18,8 @@ JourneyRecovery::JourneyRecovery(WayFernData *document, QObject *parent)
 
 QString JourneyRecovery::pathFor(const QString &dataDir, const QString &journeyFile)
 {
-    const QString name =
-        journeyFile.isEmpty() ? QStringLiteral("new journey") : QFileInfo(journeyFile).fileName();
+    const QString name = journeyFile.isEmpty() ? QStringLiteral("new journey")
+                                               : QFileInfo(journeyFile).fileName();
     return QDir(dataDir).filePath(name + QStringLiteral(".recovery"));
 }
 

@@ -452,7 +452,9 @@ void shootDeleteTraveller(WayfernApp &window)
         selectFirst(list->ListView);
         when(
             list, "delete question",
-            [] { return qobject_cast<QMessageBox *>(QApplication::activeModalWidget()) != nullptr; },
+            [] {
+                return qobject_cast<QMessageBox *>(QApplication::activeModalWidget()) != nullptr;
+            },
             [list] {
                 auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
                 shoot(box, "delete-traveller");

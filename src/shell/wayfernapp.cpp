@@ -201,8 +201,8 @@ void WayfernApp::initActions()
                             "as an HTML page beside it."));
     connect(report, &QAction::triggered, this, &WayfernApp::slotReport);
 
-    exportCsv = new QAction(QIcon(QStringLiteral(":/shell/exportcsv.xpm")), tr("Export CSV..."),
-                            this);
+    exportCsv =
+        new QAction(QIcon(QStringLiteral(":/shell/exportcsv.xpm")), tr("Export CSV..."), this);
     exportCsv->setObjectName(QStringLiteral("exportCsv"));
     exportCsv->setToolTip(tr("Export CSV"));
     exportCsv->setStatusTip(tr("Writes the costs and the accounts as CSV files"));
@@ -354,8 +354,7 @@ void WayfernApp::slotFileOpen()
     QString problem;
     if (!openJourney(path, &problem)) {
         statusBar()->showMessage(tr("Opening failed"));
-        QMessageBox::warning(this, tr("Wayfern"),
-                             tr("Could not open %1\n\n%2").arg(path, problem));
+        QMessageBox::warning(this, tr("Wayfern"), tr("Could not open %1\n\n%2").arg(path, problem));
         return;
     }
     statusBar()->showMessage(tr("Loaded document: ") + path, 2000);
@@ -366,10 +365,8 @@ QString WayfernApp::offerRecovery()
     const QString path = recovery->path();
     if (!QFileInfo(path).isFile())
         return QString();
-    const QString journey =
-        fileName.isEmpty() ? tr("new file") : QFileInfo(fileName).fileName();
-    const QString when =
-        QLocale().toString(QFileInfo(path).lastModified(), QLocale::ShortFormat);
+    const QString journey = fileName.isEmpty() ? tr("new file") : QFileInfo(fileName).fileName();
+    const QString when = QLocale().toString(QFileInfo(path).lastModified(), QLocale::ShortFormat);
     const auto answer = QMessageBox::question(
         this, tr("Recovery"),
         tr("Wayfern was not ended properly.\nRestore the unsaved changes of %1 from %2?")
