@@ -350,6 +350,8 @@ private slots:
         QFETCH(QString, page);
         HelpWindow window;
         window.showPage(page);
+        // The whole page, its letters read as UTF-8 ("Überweisungen", not mojibake).
+        QCOMPARE(window.browser->toPlainText(), textOf(page));
         QVERIFY(window.browser->toPlainText().contains(QStringLiteral("Ctrl+Q")));
         const QStringList pictures = picturesOf(page);
         QVERIFY(!pictures.isEmpty());
