@@ -3,8 +3,8 @@
 # file in its place (executable where it is a program), a menu entry that
 # desktop-file-validate accepts, icons of the sizes their folders name, a first start through
 # the installed launcher that prepares the user's directories from the installed defaults
-# and names the installed help viewer and page, and an install manifest that uninstalls it
-# all.
+# and names the installed help viewer and page, help pages whose pictures stand beside them,
+# and an install manifest that uninstalls it all.
 #   install-check.sh BUILD_DIR CONFIG BINDIR PROGDIR DATADIR SHAREDIR SOURCE_DIR
 # BINDIR, PROGDIR (the program's own folder), DATADIR (the program's data folder) and
 # SHAREDIR (the common data folder) are the build's install folders, relative to the prefix.
@@ -68,6 +68,7 @@ sizes=(16 22 24 32 48 64 128 256)
 data=("$datadir/wayfern.cfg:share/wayfern.cfg"
       "$datadir/template.wfn:share/template.wfn"
       "$datadir/help/wayfern.html:share/help/wayfern.html"
+      "$datadir/help/wayfern_de.html:share/help/wayfern_de.html"
       "$sharedir/applications/wayfern.desktop:share/wayfern.desktop"
       "$sharedir/mime/packages/wayfern.xml:share/wayfern-mime.xml"
       "$sharedir/metainfo/org.wayfern.Wayfern.metainfo.xml:share/org.wayfern.Wayfern.metainfo.xml"
@@ -75,6 +76,11 @@ data=("$datadir/wayfern.cfg:share/wayfern.cfg"
 for n in "${sizes[@]}"; do
   data+=("$sharedir/icons/hicolor/${n}x${n}/apps/wayfern.png:icons/hicolor/${n}x${n}/apps/wayfern.png")
 done
+# The help pages' pictures, each as the source tree holds it.
+while IFS= read -r -d '' picture; do
+  rel="${picture#"$source/share/help/"}"
+  data+=("$datadir/help/$rel:share/help/$rel")
+done < <(find "$source/share/help/pictures" -type f -print0)
 for pair in "${data[@]}"; do
   f="${pair%%:*}" shipped="${pair#*:}"
   if [ ! -f "$prefix/$f" ]; then
@@ -84,6 +90,17 @@ for pair in "${data[@]}"; do
   elif ! cmp -s "$prefix/$f" "$source/$shipped"; then
     fail "$f differs from $shipped"
   fi
+done
+
+# Every picture that an installed help page shows is there, beside the page.
+for page in "$prefix/$datadir/help/wayfern.html" "$prefix/$datadir/help/wayfern_de.html"; do
+  [ -f "$page" ] || continue
+  shown=0
+  while IFS= read -r src; do
+    shown=$((shown + 1))
+    [ -f "$(dirname "$page")/$src" ] || fail "${page#"$prefix/"} shows $src, which is not installed"
+  done < <(grep -o '<img[^>]* src="[^"]*"' "$page" | sed 's/.* src="\([^"]*\)"/\1/')
+  [ "$shown" -gt 0 ] || fail "${page#"$prefix/"} shows no picture"
 done
 
 # The German texts: the .qm that the build made.
