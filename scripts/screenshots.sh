@@ -21,3 +21,10 @@ done
 env -u QT_QPA_PLATFORM LANG=de_DE.UTF-8 LC_ALL=de_DE.UTF-8 LANGUAGE=de \
   xvfb-run -a -s "-screen 0 480x640x24" \
   "$build/src/wayfern-screenshot" "$out/de" "$top/docs/sample.wfn" ""
+# The help pages show copies of some of these pictures: they follow.
+for picture in "$top"/share/help/pictures/*.png; do
+  cp "$out/$(basename "$picture")" "$picture"
+done
+for picture in "$top"/share/help/pictures/de/*.png; do
+  cp "$out/de/$(basename "$picture")" "$picture"
+done

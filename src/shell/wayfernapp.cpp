@@ -5,6 +5,7 @@
 #include "dialogs/scqtfileedit.h"
 #include "export/journeycsv.h"
 #include "forms/formsupport.h"
+#include "helpviewer/helppage.h"
 #include "helpviewer/helpwindow.h"
 #include "report/journeyreport.h"
 #include "report/reportwriter.h"
@@ -580,7 +581,7 @@ void WayfernApp::slotOpenHelp()
     if (QGuiApplication::platformName() == QLatin1String("vnc")) {
         if (!helpWindow)
             helpWindow = std::make_unique<HelpWindow>();
-        helpWindow->showPage(doc->config.helpfile);
+        helpWindow->showPage(HelpPage::forLocale(doc->config.helpfile, QLocale::system()));
         helpWindow->setGeometry(screen()->availableGeometry());
         helpWindow->show();
         helpWindow->raise();
