@@ -21,6 +21,9 @@ costsEdit::costsEdit(QWidget *parent, const char *name, bool modal, WayFernData 
     rowBase = tr("base value");
     rowComment = tr("comment");
     rowExchange = tr("exch. rate");
+    // The share button comes before OK in the Tab order.
+    takeTabFocus({UserButton});
+    chainTabOrder({ToolButton, UserButton, OkButton, CancelButton});
 }
 
 costsEdit::~costsEdit() = default;

@@ -4,12 +4,14 @@
 #include "dialogs/calenderedit.h"
 #include "dialogs/savechangesquestion.h"
 #include "dialogs/scqtwidgetutil.h"
+#include "editors/editorkeys.h"
 
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QDialog>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QShowEvent>
 #include <QString>
 #include <QToolButton>
 #include <QTreeWidget>
@@ -52,6 +54,7 @@ public:
         this->showMaximized();
         modified = false;
         this->ListView->setFocusProxy(this->LineEdit);
+        setUpKeys();
     }
 
     void slotClearLine() override
@@ -137,6 +140,13 @@ protected:
             event->accept();
     }
 
+    // Every opening starts in the rows.
+    void showEvent(QShowEvent *event) override
+    {
+        Form::showEvent(event);
+        this->ListView->setFocus(Qt::OtherFocusReason);
+    }
+
     // After loading no row is selected and nothing can be edited until one is.
     void disableEditWidgets()
     {
@@ -210,7 +220,26 @@ protected:
         return true;
     }
 
+private:
+    // The keyboard reaches everything: Tab goes from the rows to the line or the combo box,
+    // the calendar button, OK and Cancel; Return in the line keeps what was typed and goes
+    // on to the next row; Ctrl+Return is OK, Escape is Cancel with its question.
+    void setUpKeys()
+    {
+        takeTabFocus({this->ToolButton, this->OkButton, this->CancelButton});
+        // The line empties by its own keys; a stop of its own would only lie in the way.
+        this->ClearButton->setFocusPolicy(Qt::NoFocus);
+        chainTabOrder({this->ListView, this->LineEdit, this->ComboBox, this->ToolButton,
+                       this->OkButton, this->CancelButton});
+        rowKeys = new RowKeys(this->ListView, this->LineEdit, this);
+        QObject::connect(this->LineEdit, &QLineEdit::returnPressed, this,
+                         [this] { rowKeys->selectNextRow(); });
+        addOkCancelKeys(
+            this, [this] { this->slotOK(); }, [this] { this->slotCancel(); });
+    }
+
 public:
+    RowKeys *rowKeys = nullptr; // a child of the dialog
     ScQtWidgetUtil util;
     QTreeWidgetItem *selected = nullptr; // the row last selected; not owned
     bool modified = false;

@@ -5,6 +5,7 @@
 #include "dialogs/calenderedit.h"
 #include "dialogs/refusal.h"
 #include "dialogs/savechangesquestion.h"
+#include "editors/editorkeys.h"
 
 #include <QCloseEvent>
 #include <QMessageBox>
@@ -16,6 +17,12 @@ userCashEdit::userCashEdit(QWidget *parent, const char *name, bool modal, WayFer
     if (!name)
         setWindowTitle(QString());
     document = doc;
+    // No pointer needed: Tab reaches every field and button, Ctrl+Return is OK and Escape is
+    // Cancel with its question.
+    takeTabFocus({DateButton, OkButton, CancelButton});
+    chainTabOrder({ComboBox, LineEdit, DateButton, OkButton, CancelButton});
+    addOkCancelKeys(
+        this, [this] { slotOk(); }, [this] { slotCancel(); });
 }
 
 userCashEdit::~userCashEdit() = default;

@@ -2,6 +2,7 @@
 
 #include "data/wayferndata.h"
 #include "dialogs/calenderedit.h"
+#include "editors/editorkeys.h"
 #include "editors/usercashedit.h"
 #include "editors/useredit.h"
 #include "editors/userktoedit.h"
@@ -21,6 +22,7 @@ userListEdit::userListEdit(QWidget *parent, const char *name, bool modal, WayFer
     document = doc;
     ListView->setSortingEnabled(false);
     ListView->setAllColumnsShowFocus(true);
+    addDeleteKey(ListView, DeleteButton);
 
     userInput = new userEdit(this, "Input user", true, doc);
     userInput->hide();

@@ -6,6 +6,7 @@
 #include "dialogs/calenderedit.h"
 #include "dialogs/refusal.h"
 #include "dialogs/savechangesquestion.h"
+#include "editors/editorkeys.h"
 #include "editors/numbertext.h"
 #include "editors/userktoedit.h"
 #include "settle/settlement.h"
@@ -16,6 +17,7 @@
 #include <QHeaderView>
 #include <QMessageBox>
 #include <QPixmap>
+#include <QShowEvent>
 #include <QTreeWidgetItem>
 #include <QVariant>
 
@@ -68,6 +70,15 @@ userPayEdit::userPayEdit(QWidget *parent, const char *name, bool modal, WayFernD
 
     showMaximized();
     ListView->setFocusProxy(LineEdit);
+    // No pointer needed: Tab goes from the rows to the line, the buttons, OK and Cancel; Up
+    // and Down move between the travellers, Return in the line goes on to the next one;
+    // Ctrl+Return is OK and Escape is Cancel with its question.
+    takeTabFocus({ShareButton, ToolButton, OkButton, CancelButton});
+    chainTabOrder({ListView, LineEdit, ShareButton, ToolButton, OkButton, CancelButton});
+    auto *rowKeys = new RowKeys(ListView, LineEdit, this);
+    connect(LineEdit, &QLineEdit::returnPressed, this, [rowKeys] { rowKeys->selectNextRow(); });
+    addOkCancelKeys(
+        this, [this] { slotOk(); }, [this] { slotCancel(); });
 }
 
 userPayEdit::~userPayEdit()
@@ -76,6 +87,12 @@ userPayEdit::~userPayEdit()
     // dialog's own pictures go now.
     unselPixmap.reset();
     selPixmap.reset();
+}
+
+void userPayEdit::showEvent(QShowEvent *event)
+{
+    UserPayDlg::showEvent(event);
+    ListView->setFocus(Qt::OtherFocusReason);
 }
 
 void userPayEdit::prepare(double shareval, QString date, calenderEdit *cal, int id)

@@ -46,6 +46,8 @@ public slots:
 
 protected:
     void closeEvent(QCloseEvent *event) override;
+    // Every opening starts in the rows.
+    void showEvent(QShowEvent *event) override;
 
 private:
     void clearTmp();

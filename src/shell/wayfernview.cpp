@@ -8,6 +8,7 @@
 #include "editors/baseedit.h"
 #include "editors/costsedit.h"
 #include "editors/currlistedit.h"
+#include "editors/editorkeys.h"
 #include "editors/settleedit.h"
 #include "editors/tipedit.h"
 #include "editors/userlistedit.h"
@@ -56,6 +57,8 @@ WayfernView::WayfernView(WayfernApp *parent, WayFernData *doc)
     labelCategory = tr("costs by category");
 
     initLists();
+    addDeleteKey(CostsListView, DeleteButton);
+    addDeleteKey(TipListView, TDeleteButton);
 
     costCopied = false;
     tipCopied = false;
