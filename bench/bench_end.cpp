@@ -63,7 +63,7 @@ int main(int argc, char **argv)
 
     measure("settlement plan", rounds, [&] {
         const Settlement s = Settlement::fromJourney(doc, QStringLiteral("kitty"));
-        return static_cast<long long>(s.fewestTransfers().count());
+        return static_cast<long long>(s.fewestTransfers().transfers.count());
     });
     measure("CSV costs", rounds,
             [&] { return static_cast<long long>(JourneyCsv::costs(doc).size()); });
