@@ -136,8 +136,8 @@ QList<Settlement::Transfer> greedyPlan(const QList<const Settlement::Party *> &p
     return plan;
 }
 
-// Splits `cents` (summing to zero, at most MaxProvenParties of them) into the most groups that each sum
-// to zero, as bit masks over the positions.
+// Splits `cents` (summing to zero, at most MaxProvenParties of them) into the most groups
+// that each sum to zero, as bit masks over the positions.
 //
 // most[mask] is the largest number of zero-sum blocks that the members of `mask` can be
 // cut into when they are taken away one at a time: a block ends wherever what is left sums
