@@ -1,5 +1,6 @@
-// The end of a journey on the benchmark journey: the settlement plan, the CSV export and the
-// journey report (its figures, the HTML page, the PDF pages, and both files written).
+// The end of a journey on the benchmark journey: the settlement plan (and one of 20 parties in
+// groups that settle among themselves, the most whose plan is proven fewest), the CSV export
+// and the journey report (its figures, the HTML page, the PDF pages, and both files written).
 //
 //   wayfern_bench_end [ROUNDS]
 //
@@ -20,6 +21,7 @@
 #include <QElapsedTimer>
 #include <QFileInfo>
 #include <QGuiApplication>
+#include <QRandomGenerator>
 #include <QTemporaryDir>
 
 #include <algorithm>
@@ -45,6 +47,36 @@ void measure(const char *name, int rounds, Step step)
     fprintf(stderr, "%-28s best %8.1f ms, median %8.1f ms\n", name, ms.front(), ms[ms.size() / 2]);
 }
 
+// Balances of `parties` parties (the last one the kitty) in groups of two to five that each
+// settle among themselves: the plan has to find those groups.
+Settlement plantedGroups(int parties)
+{
+    QRandomGenerator random(20261124);
+    QList<qint64> cents;
+    while (cents.count() < parties) {
+        const int left = parties - int(cents.count());
+        int size = 2 + int(random.bounded(4));
+        if (size > left || left - size == 1)
+            size = left;
+        QList<qint64> group;
+        qint64 sum = 0;
+        do {
+            group.clear();
+            sum = 0;
+            for (int i = 0; i < size - 1; ++i) {
+                const qint64 amount = (1 + qint64(random.bounded(20000))) * (i % 2 ? -1 : 1);
+                group << amount;
+                sum += amount;
+            }
+        } while (sum == 0);
+        cents << group << -sum;
+    }
+    QList<Settlement::Party> travellers;
+    for (int i = 0; i + 1 < parties; ++i)
+        travellers.append({i, QStringLiteral("T%1").arg(i, 2, 10, QLatin1Char('0')), cents.at(i)});
+    return Settlement::fromBalances(travellers, QStringLiteral("kitty"));
+}
+
 } // namespace
 
 int main(int argc, char **argv)
@@ -63,7 +95,12 @@ int main(int argc, char **argv)
 
     measure("settlement plan", rounds, [&] {
         const Settlement s = Settlement::fromJourney(doc, QStringLiteral("kitty"));
-        return static_cast<long long>(s.fewestTransfers().count());
+        return static_cast<long long>(s.fewestTransfers().transfers.count());
+    });
+    const Settlement groups = plantedGroups(Settlement::MaxProvenParties);
+    measure("plan, 20 parties in groups", rounds, [&] {
+        const Settlement::Plan plan = groups.fewestTransfers();
+        return static_cast<long long>(plan.provenFewest ? plan.transfers.count() : -1);
     });
     measure("CSV costs", rounds,
             [&] { return static_cast<long long>(JourneyCsv::costs(doc).size()); });

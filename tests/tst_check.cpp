@@ -80,7 +80,7 @@ private slots:
     void journeyWithoutAccountsPrintsNoBalance();
     void missingJourneyPrintsReadersLineAndFails();
     void withoutJourneyPrintsUsage();
-    void settlePrintsBalancesKittyAndTransfersOnly();
+    void settlePrintsBalancesKittyTransfersAndWhetherTheyAreFewest();
     void settleNamesTheCostsWhoseSharesDoNotAddUp();
     void csvWritesTheCostsAndTheAccountsOnly();
     void csvOfAnUnknownKindPrintsUsage();
@@ -146,7 +146,7 @@ void TestCheck::withoutJourneyPrintsUsage()
     QCOMPARE(run.err, usage());
 }
 
-void TestCheck::settlePrintsBalancesKittyAndTransfersOnly()
+void TestCheck::settlePrintsBalancesKittyTransfersAndWhetherTheyAreFewest()
 {
     const Run run =
         runCheck({QStringLiteral("--settle"), fixture(QStringLiteral("check-journey.wfn"))});
@@ -160,7 +160,8 @@ void TestCheck::settlePrintsBalancesKittyAndTransfersOnly()
                             "unbooked  : 0.00 EUR\n"
                             "transfer  : CD pays AB 27.25 EUR\n"
                             "transfer  : kitty pays EF 20.00 EUR\n"
-                            "transfer  : kitty pays AB 5.50 EUR\n"));
+                            "transfer  : kitty pays AB 5.50 EUR\n"
+                            "plan      : the fewest transfers possible\n"));
 }
 
 void TestCheck::settleNamesTheCostsWhoseSharesDoNotAddUp()
@@ -186,7 +187,8 @@ void TestCheck::settleNamesTheCostsWhoseSharesDoNotAddUp()
                             "open cost : 05.06.2002 F 10.00, shares 9.00\n"
                             "transfer  : kitty pays AB 26.50 EUR\n"
                             "transfer  : CD pays EF 20.00 EUR\n"
-                            "transfer  : CD pays AB 6.25 EUR\n"));
+                            "transfer  : CD pays AB 6.25 EUR\n"
+                            "plan      : the fewest transfers possible\n"));
 }
 
 void TestCheck::csvWritesTheCostsAndTheAccountsOnly()

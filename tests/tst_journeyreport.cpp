@@ -96,7 +96,7 @@ private slots:
         QCOMPARE(barTexts(r.travellerShares), QStringList({"AB=17.25", "CD=17.25", "EF=0.00"}));
     }
 
-    void balancesWithTheKittyAndThePlan()
+    void balancesWithTheKittyAndThePlanProvenFewest()
     {
         WayFernData doc;
         QVERIFY(readJourneyFixture(doc, QStringLiteral("check-journey.wfn")));
@@ -112,6 +112,41 @@ private slots:
         QCOMPARE(r.plan,
                  QStringList({"CD pays AB 27.25 EUR", "kitty pays EF 20.00 EUR",
                               "kitty pays AB 5.50 EUR"}));
+        QVERIFY(r.planProvenFewest);
+        QCOMPARE(r.planNoteLine(), QStringLiteral("These are the fewest transfers possible."));
+        QVERIFY(r.html().contains(QStringLiteral(
+            "<li>kitty pays AB 5.50 EUR</li>\n</ul>\n<p>These are the fewest transfers "
+            "possible.</p>\n")));
+    }
+
+    void aPlanForMoreThanTwentyPartiesMayNotBeTheFewest()
+    {
+        for (const int travellers : {19, 20, 21}) {
+            WayFernData doc;
+            doc.basecurrency = QStringLiteral("EUR");
+            // Deposits of 1.00, 2.00, ... and the kitty holding them: every traveller and the
+            // kitty owe or are owed.
+            for (int i = 0; i < travellers; ++i) {
+                UserData *user = doc.users.append();
+                user->short_ = QStringLiteral("T%1").arg(i, 2, 10, QLatin1Char('0'));
+                KtoData *line = user->addKto(-2);
+                line->type = QStringLiteral("deposit");
+                line->change = double(i + 1);
+            }
+            doc.recalcUsers();
+            const JourneyReport r = JourneyReport::fromJourney(doc, QString());
+            QCOMPARE(r.plan.size(), travellers);
+            QCOMPARE(r.planProvenFewest, travellers + 1 <= 20);
+            const QString note = r.planNoteLine();
+            if (r.planProvenFewest) {
+                QCOMPARE(note, QStringLiteral("These are the fewest transfers possible."));
+            } else {
+                QCOMPARE(note,
+                         QStringLiteral("The plan may not be the fewest transfers possible: "
+                                        "too many travellers owe or are owed to prove it."));
+            }
+            QVERIFY(r.html().contains(QStringLiteral("<p>%1</p>").arg(note)));
+        }
     }
 
     void costsWhoseSharesDoNotAddUpAreNamed()
@@ -170,10 +205,12 @@ private slots:
         QCOMPARE(r.totalText, QStringLiteral("0.00"));
         QVERIFY(r.costs.isEmpty());
         QVERIFY(r.plan.isEmpty());
+        QCOMPARE(r.planNoteLine(), QString());
         QCOMPARE(r.datesText(), QStringLiteral("No costs yet."));
         const QString html = r.html();
         QVERIFY(html.contains(QStringLiteral("Nobody owes anybody anything.")));
         QVERIFY(html.contains(QStringLiteral("No costs yet.")));
+        QVERIFY(!html.contains(QStringLiteral("fewest")));
     }
 
     void theHtmlPageHoldsTheFigures()

@@ -73,7 +73,7 @@ private slots:
                  QStringLiteral("/a.b/north.html"));
     }
 
-    void thePdfHoldsTitleTotalsCategoriesPlanAndCosts()
+    void thePdfHoldsTitleTotalsCategoriesPlanItsProofAndCosts()
     {
         WayFernData doc;
         QVERIFY(readJourneyFixture(doc, QStringLiteral("check-journey.wfn")));
@@ -97,6 +97,7 @@ private slots:
         QVERIFY(text.contains(QStringLiteral("CD pays AB 27.25 EUR")));
         QVERIFY(text.contains(QStringLiteral("kitty pays EF 20.00 EUR")));
         QVERIFY(text.contains(QStringLiteral("kitty pays AB 5.50 EUR")));
+        QVERIFY(text.contains(QStringLiteral("These are the fewest transfers possible.")));
         QVERIFY(
             !linesWith(text, {QStringLiteral("kitty"), QStringLiteral("-25.50 EUR")}).isEmpty());
         // A cost's row: date, type, comment and amounts.

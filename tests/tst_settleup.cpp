@@ -12,6 +12,7 @@
 
 #include <QAction>
 #include <QDate>
+#include <QLabel>
 #include <QToolBar>
 #include <QtTest>
 
@@ -101,14 +102,16 @@ private slots:
         fx.writeLast(QStringLiteral("sample.wfn"));
         WayfernApp app;
         QStringList names, balances, plan;
-        QString unbooked;
-        bool bookOn = false;
+        QString unbooked, note;
+        bool bookOn = false, noteShown = false;
         ModalTicket t = inNextSettleDialog([&](settleEdit *d, ModalOutcome &) {
             names = column(d->BalanceListView, 0);
             balances = column(d->BalanceListView, 1);
             plan = column(d->PlanListView);
             unbooked = d->UnbookedLabel->text();
             bookOn = d->BookButton->isEnabled();
+            note = d->planNote->text();
+            noteShown = !d->planNote->isHidden();
         });
         app.settleUp->trigger();
         QVERIFY2(t->handled && t->error.isEmpty(), qPrintable(t->error));
@@ -124,6 +127,61 @@ private slots:
                  QStringList({"CD pays kitty 64.67 EUR", "EF pays AB 35.33 EUR",
                               "EF pays kitty 16.84 EUR"}));
         QVERIFY(bookOn);
+        QCOMPARE(note, QStringLiteral("These are the fewest transfers possible."));
+        QVERIFY(noteShown);
+    }
+
+    void thePlanNoteSitsUnderThePlanAndCarriesItsName()
+    {
+        ShellFixture fx;
+        WayfernApp app;
+        settleEdit *d = app.view->settleInput;
+        QVERIFY(d->planNote);
+        QCOMPARE(d->planNote->objectName(), QStringLiteral("PlanNoteLabel"));
+        QCOMPARE(d->planNote->toolTip(), QStringLiteral("PlanNoteLabel"));
+        QCOMPARE(d->planNote->whatsThis(),
+                 QStringLiteral("Whether the plan is proven to need the fewest transfers."));
+        QCOMPARE(d->SettleDlgLayout->indexOf(d->planNote),
+                 d->SettleDlgLayout->indexOf(d->PlanListView) + 1);
+    }
+
+    void moreThanTwentyTravellersOwingGetAPlanThatMayNotBeTheFewest()
+    {
+        for (const int travellers : {20, 21}) {
+            ShellFixture fx;
+            WayfernApp app;
+            // Everybody but the last deposited 1.00 to 20.00; the last paid all that out, so
+            // the kitty holds nothing and `travellers` parties owe or are owed.
+            double paidIn = 0.0;
+            for (int i = 0; i < travellers; ++i) {
+                UserData *user = app.doc->users.append();
+                user->short_ = QStringLiteral("T%1").arg(i, 2, 10, QLatin1Char('0'));
+                KtoData *line = user->addKto(i + 1 < travellers ? -2 : -3);
+                line->type = QLatin1String(i + 1 < travellers ? "deposit" : "pay off");
+                line->change = i + 1 < travellers ? double(i + 1) : -paidIn;
+                paidIn += line->change;
+            }
+            app.doc->recalcUsers();
+            QString note;
+            int transfers = 0;
+            bool noteShown = false;
+            ModalTicket t = inNextSettleDialog([&](settleEdit *d, ModalOutcome &) {
+                note = d->planNote->text();
+                noteShown = !d->planNote->isHidden();
+                transfers = d->PlanListView->topLevelItemCount();
+            });
+            app.settleUp->trigger();
+            QVERIFY2(t->handled && t->error.isEmpty(), qPrintable(t->error));
+            QCOMPARE(transfers, travellers - 1);
+            QVERIFY(noteShown);
+            if (travellers > 20)
+                QCOMPARE(note,
+                         QStringLiteral("The plan may not be the fewest transfers "
+                                        "possible: too many travellers owe or are owed to "
+                                        "prove it."));
+            else
+                QCOMPARE(note, QStringLiteral("These are the fewest transfers possible."));
+        }
     }
 
     void settlingWithOneTravellerLetsEverybodyPayOrBePaidByHim()
@@ -132,7 +190,8 @@ private slots:
         fx.writeLast(QStringLiteral("sample.wfn"));
         WayfernApp app;
         QStringList plan, back;
-        bool comboOff = false, comboOn = false;
+        QString noteWith, noteBack;
+        bool comboOff = false, comboOn = false, noteHidden = false;
         ModalTicket t = inNextSettleDialog([&](settleEdit *d, ModalOutcome &) {
             comboOff = !d->SettleWithComboBox->isEnabled();
             QTest::mouseClick(d->SettleWithCheckBox, Qt::LeftButton, {},
@@ -141,8 +200,11 @@ private slots:
             d->SettleWithComboBox->setCurrentIndex(2);
             emit d->SettleWithComboBox->activated(2);
             plan = column(d->PlanListView);
+            noteWith = d->planNote->text();
+            noteHidden = d->planNote->isHidden();
             d->SettleWithCheckBox->setChecked(false);
             back = column(d->PlanListView);
+            noteBack = d->planNote->text();
         });
         app.settleUp->trigger();
         QVERIFY2(t->handled && t->error.isEmpty(), qPrintable(t->error));
@@ -153,6 +215,10 @@ private slots:
                      {"EF pays AB 35.33 EUR", "CD pays EF 64.67 EUR", "EF pays kitty 81.51 EUR"}));
         QCOMPARE(back.count(), 3);
         QCOMPARE(back.first(), QStringLiteral("CD pays kitty 64.67 EUR"));
+        // Around one traveller the plan claims nothing about its length.
+        QCOMPARE(noteWith, QString());
+        QVERIFY(noteHidden);
+        QCOMPARE(noteBack, QStringLiteral("These are the fewest transfers possible."));
     }
 
     void bookingAskedAndAnsweredNoChangesNothing()
@@ -228,10 +294,11 @@ private slots:
         WayfernApp app;
         QVERIFY(app.doc->users.isEmpty());
         QStringList balances, plan;
-        bool bookOff = false, checkOff = false;
+        bool bookOff = false, checkOff = false, noteHidden = false;
         ModalTicket t = inNextSettleDialog([&](settleEdit *d, ModalOutcome &) {
             balances = column(d->BalanceListView, 1);
             plan = column(d->PlanListView);
+            noteHidden = d->planNote->isHidden() && d->planNote->text().isEmpty();
             bookOff = !d->BookButton->isEnabled();
             checkOff = !d->SettleWithCheckBox->isEnabled();
         });
@@ -241,6 +308,7 @@ private slots:
         QCOMPARE(plan, QStringList({"Nobody owes anybody anything."}));
         QVERIFY(bookOff);
         QVERIFY(checkOff);
+        QVERIFY(noteHidden);
         QVERIFY(!app.doc->isModified());
     }
 };

@@ -3,12 +3,20 @@
 #include "data/wayferndata.h"
 
 #include <QDate>
+#include <QLabel>
 #include <QMessageBox>
 #include <QStringList>
 
 settleEdit::settleEdit(QWidget *parent, const char *name, bool modal, WayFernData *document)
     : SettleDlg(parent, name, modal), document(document)
 {
+    // Under the plan: whether it is proven to be the fewest transfers.
+    planNote = new QLabel(this);
+    planNote->setObjectName(QStringLiteral("PlanNoteLabel"));
+    planNote->setToolTip(QStringLiteral("PlanNoteLabel"));
+    planNote->setWordWrap(true);
+    planNote->setWhatsThis(tr("Whether the plan is proven to need the fewest transfers."));
+    SettleDlgLayout->insertWidget(SettleDlgLayout->indexOf(PlanListView) + 1, planNote);
     showMaximized();
 }
 
@@ -63,10 +71,21 @@ void settleEdit::fillBalances()
 
 void settleEdit::fillPlan()
 {
-    if (SettleWithCheckBox->isChecked() && SettleWithComboBox->currentIndex() >= 0)
+    if (SettleWithCheckBox->isChecked() && SettleWithComboBox->currentIndex() >= 0) {
         shownPlan = settlement.settleWith(SettleWithComboBox->currentIndex());
-    else
-        shownPlan = settlement.fewestTransfers();
+        planNote->clear();
+    } else {
+        const Settlement::Plan plan = settlement.fewestTransfers();
+        shownPlan = plan.transfers;
+        if (shownPlan.isEmpty())
+            planNote->clear();
+        else if (plan.provenFewest)
+            planNote->setText(tr("These are the fewest transfers possible."));
+        else
+            planNote->setText(tr("The plan may not be the fewest transfers possible: too many "
+                                 "travellers owe or are owed to prove it."));
+    }
+    planNote->setVisible(!planNote->text().isEmpty());
     PlanListView->clear();
     QList<QTreeWidgetItem *> rows;
     for (const Settlement::Transfer &transfer : shownPlan)

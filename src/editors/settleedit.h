@@ -3,6 +3,7 @@
 #include "forms/settledlg.h"
 #include "settle/settlement.h"
 
+class QLabel;
 class WayFernData;
 
 // Settling up at the end of a journey: shows the balances with the kitty, what the shares
@@ -19,6 +20,9 @@ public:
     void setData();
     // The plan as shown.
     const QList<Settlement::Transfer> &plan() const { return shownPlan; }
+    // Says whether the plan shown is proven to be the fewest transfers; empty and hidden for
+    // a plan around one traveller or when nobody owes anything.
+    QLabel *planNote = nullptr;
 
 public slots:
     void slotBook() override;

@@ -494,6 +494,8 @@ void paintReport(const JourneyReport &r, QPdfWriter &writer, QPainter &p)
         page.line(JourneyReport::nobodyOwesText(), body);
     for (const QString &line : r.plan)
         page.line(QStringLiteral("\u2022 ") + line, body);
+    if (!r.plan.isEmpty())
+        page.line(r.planNoteLine(), body);
 
     page.heading(JourneyReport::tr("Costs"));
     CostListPainter costs(page, p, writer, 8);

@@ -95,8 +95,12 @@ void printSettlement(WayFernData &document)
     // What is unbooked comes from costs whose shares do not add up to them.
     for (const Settlement::OpenCost &cost : settlement.openCosts())
         printf("open cost : %s\n", qPrintable(Settlement::openCostText(cost)));
-    for (const Settlement::Transfer &transfer : settlement.fewestTransfers())
+    const Settlement::Plan plan = settlement.fewestTransfers();
+    for (const Settlement::Transfer &transfer : plan.transfers)
         printf("transfer  : %s\n", qPrintable(Settlement::transferText(transfer, base)));
+    if (!plan.transfers.isEmpty())
+        printf("plan      : %s\n", plan.provenFewest ? "the fewest transfers possible"
+                                                       : "may not be the fewest transfers");
 }
 
 } // namespace

@@ -144,8 +144,10 @@ JourneyReport JourneyReport::fromJourney(const WayFernData &doc, const QString &
     for (const Settlement::OpenCost &cost : settlement.openCosts())
         r.openCosts.append(Settlement::openCostText(cost, openPattern));
     const QString pattern = tr("%1 pays %2 %3 %4");
-    for (const Settlement::Transfer &transfer : settlement.fewestTransfers())
+    const Settlement::Plan plan = settlement.fewestTransfers();
+    for (const Settlement::Transfer &transfer : plan.transfers)
         r.plan.append(Settlement::transferText(transfer, r.currency, pattern));
+    r.planProvenFewest = plan.provenFewest;
     return r;
 }
 
@@ -175,6 +177,16 @@ QString JourneyReport::unbookedLine() const
             .arg(centsText(unbooked), currency);
     return tr("Left unbooked by the division of shared costs: %1 %2")
         .arg(centsText(unbooked), currency);
+}
+
+QString JourneyReport::planNoteLine() const
+{
+    if (plan.isEmpty())
+        return QString();
+    if (planProvenFewest)
+        return tr("These are the fewest transfers possible.");
+    return tr("The plan may not be the fewest transfers possible: too many travellers owe or "
+              "are owed to prove it.");
 }
 
 QString JourneyReport::html() const
@@ -262,6 +274,7 @@ QString JourneyReport::html() const
         for (const QString &line : plan)
             out += QStringLiteral("<li>%1</li>\n").arg(esc(line));
         out += QStringLiteral("</ul>\n");
+        out += QStringLiteral("<p>%1</p>\n").arg(esc(planNoteLine()));
     }
 
     out += QStringLiteral("<h2>%1</h2>\n").arg(esc(tr("Costs")));

@@ -70,7 +70,8 @@ public:
     qint64 unbooked = 0;
     // The shared costs whose shares do not add up to them: "12.06.2002 H 75.40, shares 70.00".
     QStringList openCosts;
-    QStringList plan; // "XY pays AB 12.30 EUR"
+    QStringList plan;             // "XY pays AB 12.30 EUR"
+    bool planProvenFewest = true; // false beyond Settlement::MaxProvenParties
     QList<Cost> costs;
 
     // Shown texts, shared by both outputs so they read alike.
@@ -80,6 +81,8 @@ public:
     QString perDayLine() const;
     // What is unbooked, and why when it is not nothing: the costs follow in openCosts.
     QString unbookedLine() const;
+    // Under the plan: whether it is proven to be the fewest transfers; empty without a plan.
+    QString planNoteLine() const;
     static QString nobodyOwesText() { return tr("Nobody owes anybody anything."); }
     static QString centsText(qint64 cents);
     // The largest value of the bars, for scaling a chart; 0 when there is none above 0.

@@ -4,11 +4,13 @@
 #include "settle/sharelines.h"
 
 #include <QHash>
+#include <QtAlgorithms>
 
 #include <algorithm>
 #include <cmath>
 #include <set>
 #include <tuple>
+#include <vector>
 
 namespace {
 
@@ -95,22 +97,26 @@ Settlement Settlement::fromJourney(const WayFernData &doc, const QString &kittyN
     return s;
 }
 
-QList<Settlement::Transfer> Settlement::fewestTransfers() const
+namespace {
+
+// Largest debtor pays largest creditor until all are settled; ties go by name, then by
+// index. On parties summing to zero this takes at most one transfer less than their count.
+QList<Settlement::Transfer> greedyPlan(const QList<const Settlement::Party *> &parties)
 {
     // Ordered so that the first element is the largest amount, the smaller name first
-    // among equal amounts: the plan does not depend on the order of the travellers.
-    using Key = std::tuple<qint64, QString, int>; // (-amount, name, index into all)
+    // among equal amounts.
+    using Key = std::tuple<qint64, QString, int>; // (-amount, name, index into parties)
     std::set<Key> debtors;
     std::set<Key> creditors;
-    for (int i = 0; i < all.count(); ++i) {
-        const Party &p = all.at(i);
+    for (int i = 0; i < parties.count(); ++i) {
+        const Settlement::Party &p = *parties.at(i);
         if (p.cents < 0)
             debtors.insert({p.cents, p.name, i});
         else if (p.cents > 0)
             creditors.insert({-p.cents, p.name, i});
     }
 
-    QList<Transfer> plan;
+    QList<Settlement::Transfer> plan;
     while (!debtors.empty() && !creditors.empty()) {
         const Key debtor = *debtors.begin();
         const Key creditor = *creditors.begin();
@@ -119,14 +125,97 @@ QList<Settlement::Transfer> Settlement::fewestTransfers() const
         const qint64 owes = -std::get<0>(debtor);
         const qint64 owed = -std::get<0>(creditor);
         const qint64 amount = std::min(owes, owed);
-        const Party &from = all.at(std::get<2>(debtor));
-        const Party &to = all.at(std::get<2>(creditor));
-        plan.append(Transfer{from.user, to.user, from.name, to.name, amount});
+        const Settlement::Party &from = *parties.at(std::get<2>(debtor));
+        const Settlement::Party &to = *parties.at(std::get<2>(creditor));
+        plan.append(Settlement::Transfer{from.user, to.user, from.name, to.name, amount});
         if (owes > amount)
             debtors.insert({-(owes - amount), from.name, std::get<2>(debtor)});
         if (owed > amount)
             creditors.insert({-(owed - amount), to.name, std::get<2>(creditor)});
     }
+    return plan;
+}
+
+// Splits `cents` (summing to zero, at most MaxProvenParties of them) into the most groups
+// that each sum to zero, as bit masks over the positions.
+//
+// most[mask] is the largest number of zero-sum blocks that the members of `mask` can be
+// cut into when they are taken away one at a time: a block ends wherever what is left sums
+// to zero. Every split into zero-sum groups is such a sequence, so most[full] is the most
+// groups there are. O(2^n * n) time.
+QList<quint32> zeroSumGroups(const std::vector<qint64> &cents)
+{
+    const int n = int(cents.size());
+    const quint32 full = n == 0 ? 0 : (quint32(1) << n) - 1;
+    std::vector<qint64> sum(size_t(full) + 1, 0);
+    std::vector<quint8> most(size_t(full) + 1, 0);
+    for (quint32 mask = 1; mask <= full; ++mask) {
+        const int low = qCountTrailingZeroBits(mask);
+        sum[mask] = sum[mask & (mask - 1)] + cents[size_t(low)];
+        quint8 best = 0;
+        for (quint32 rest = mask; rest != 0; rest &= rest - 1) {
+            const quint32 without = mask & ~(rest & (~rest + 1));
+            best = std::max(best, most[without]);
+        }
+        most[mask] = best + (sum[mask] == 0 ? 1 : 0);
+    }
+
+    // Walk back from the full set, always taking away the first member (in the order of
+    // `cents`) that keeps the most groups: the split depends only on that order.
+    QList<quint32> groups;
+    quint32 mask = full;
+    quint32 groupStart = full;
+    while (mask != 0) {
+        const quint8 keep = most[mask] - (sum[mask] == 0 ? 1 : 0);
+        for (int i = 0; i < n; ++i) {
+            const quint32 bit = quint32(1) << i;
+            if ((mask & bit) != 0 && most[mask & ~bit] == keep) {
+                mask &= ~bit;
+                break;
+            }
+        }
+        if (sum[mask] == 0) {
+            groups.append(groupStart & ~mask);
+            groupStart = mask;
+        }
+    }
+    return groups;
+}
+
+} // namespace
+
+Settlement::Plan Settlement::fewestTransfers() const
+{
+    // The parties owing or owed in an order that does not depend on the travellers' order.
+    QList<const Party *> owing;
+    for (const Party &p : all)
+        if (p.cents != 0)
+            owing.append(&p);
+    std::stable_sort(owing.begin(), owing.end(), [](const Party *a, const Party *b) {
+        return std::tie(a->name, a->cents) < std::tie(b->name, b->cents);
+    });
+
+    Plan plan;
+    if (owing.count() > MaxProvenParties) {
+        plan.transfers = greedyPlan(owing);
+        plan.provenFewest = false;
+    } else {
+        std::vector<qint64> cents;
+        for (const Party *p : owing)
+            cents.push_back(p->cents);
+        for (const quint32 group : zeroSumGroups(cents)) {
+            QList<const Party *> members;
+            for (int i = 0; i < owing.count(); ++i)
+                if ((group & (quint32(1) << i)) != 0)
+                    members.append(owing.at(i));
+            plan.transfers += greedyPlan(members);
+        }
+    }
+    std::stable_sort(plan.transfers.begin(), plan.transfers.end(),
+                     [](const Transfer &a, const Transfer &b) {
+                         return std::make_tuple(-a.cents, a.fromName, a.toName)
+                             < std::make_tuple(-b.cents, b.fromName, b.toName);
+                     });
     return plan;
 }
 

@@ -64,9 +64,22 @@ public:
     static QString openCostText(const OpenCost &cost,
                                 const QString &pattern = QStringLiteral("%1 %2 %3, shares %4"));
 
-    // The fewest transfers found by letting the largest debtor pay the largest creditor,
-    // ties broken by name: at most one transfer less than there are parties owing or owed.
-    QList<Transfer> fewestTransfers() const;
+    // Up to this many parties owing or owed, the plan is proven to be the fewest transfers.
+    static constexpr int MaxProvenParties = 20;
+
+    struct Plan
+    {
+        QList<Transfer> transfers; // the largest amount first, then by payer and receiver
+        // False only beyond MaxProvenParties: a plan with fewer transfers may exist.
+        bool provenFewest = true;
+    };
+
+    // The fewest transfers that settle every balance and the kitty. The parties owing or
+    // owed are split into the most groups that settle among themselves; a group of k then
+    // needs k - 1 transfers, its largest debtor paying its largest creditor first. Beyond
+    // MaxProvenParties that split is skipped (one group). Ties go by name and amount, so
+    // the travellers' order does not change the plan.
+    Plan fewestTransfers() const;
     // Every other party settles with the traveller at position `user` alone.
     QList<Transfer> settleWith(int user) const;
 
