@@ -10,6 +10,9 @@
 
 #include <QtTest>
 
+#include <tuple>
+#include <utility>
+
 class TestJourneyCsv : public QObject
 {
     Q_OBJECT
@@ -79,13 +82,54 @@ private slots:
         KtoData *share = user->addKto(4);
         share->change = -12.5;
         doc.basecurrency = QStringLiteral("EUR");
+        CurrData *euro = doc.currencies.append();
+        euro->short_ = QStringLiteral("EUR");
+        euro->factor = QStringLiteral("1.0");
+        doc.recalcFactors();
 
         const QByteArray csv = JourneyCsv::costs(doc);
         QCOMPARE(csv,
                  QByteArray("date,type,comment,foreign value,currency,rate,base value,base "
-                            "currency,shared,'@me\r\n"
+                            "currency,shared,'@me,booked rate\r\n"
                             "01.02.2003,'=cmd|'/c calc'!A0,\"Taxi, \"\"late\"\"\nride\",12.50,"
-                            "EUR,1.0000,12.50,EUR,yes,12.50\r\n"));
+                            "EUR,1.0000,12.50,EUR,yes,12.50,1.0000\r\n"));
+    }
+
+    void theRateIsTheAppliedOneAndTheBookedRateComesLast()
+    {
+        WayFernData doc;
+        doc.basecurrency = QStringLiteral("EUR");
+        const std::pair<const char *, const char *> factors[] = {
+            {"EUR", "1.0"}, {"CHF", "1.5"}, {"NOK", "8.0"}};
+        for (const auto &[name, factor] : factors) {
+            CurrData *currency = doc.currencies.append();
+            currency->short_ = QString::fromLatin1(name);
+            currency->factor = QString::fromLatin1(factor);
+        }
+        doc.recalcFactors();
+        // Booked at other rates than the currencies' present ones: the base values follow
+        // the currencies, and so does the rate column.
+        const std::tuple<const char *, const char *, double> booked[] = {
+            {"CHF", "36.00", 1.0}, {"NOK", "80", 10.0}, {"EUR", "12.5", 2.0}, {"XYZ", "7", 3.0}};
+        for (const auto &[ctype, fval, exchange] : booked) {
+            CostsData *cost = doc.costs.append();
+            cost->ctype = QString::fromLatin1(ctype);
+            cost->fval = QString::fromLatin1(fval);
+            cost->exchangevalue = exchange;
+        }
+        doc.recalcCosts();
+
+        const QList<QByteArray> lines = JourneyCsv::costs(doc).split('\n');
+        QCOMPARE(lines.size(), 6);
+        QCOMPARE(lines.at(0),
+                 QByteArray("date,type,comment,foreign value,currency,rate,base value,base "
+                            "currency,shared,booked rate\r"));
+        QCOMPARE(lines.at(1), QByteArray(",,,36.00,CHF,1.5000,24.00,EUR,no,1.0000\r"));
+        QCOMPARE(lines.at(2), QByteArray(",,,80.00,NOK,8.0000,10.00,EUR,no,10.0000\r"));
+        QCOMPARE(lines.at(3), QByteArray(",,,12.50,EUR,1.0000,12.50,EUR,no,2.0000\r"));
+        // A currency that the journey does not know applies no rate.
+        QCOMPARE(lines.at(4), QByteArray(",,,7.00,XYZ,,0.00,EUR,no,3.0000\r"));
+        QCOMPARE(lines.at(5), QByteArray());
     }
 
     void aShareOfNothingIsWrittenWithoutASign()
@@ -98,7 +142,7 @@ private slots:
         user->addKto(1)->change = 0.0; // a traveller who takes no part
         user->addKto(-3)->change = -0.001;
         QCOMPARE(JourneyCsv::costs(doc).split('\n').at(1),
-                 QByteArray(",,,0.00,,0.0000,0.00,,yes,0.00\r"));
+                 QByteArray(",,,0.00,,,0.00,,yes,0.00,0.0000\r"));
         QVERIFY(JourneyCsv::accounts(doc).endsWith(",0.00,0.00\r\n"));
         QVERIFY(!JourneyCsv::accounts(doc).contains("-0.00"));
     }

@@ -639,6 +639,14 @@ Währungen.</translation>
         <source>Left unbooked because the shares of these costs do not add up to them: %1 %2</source>
         <translation>Nicht gebucht, weil die Anteile dieser Kosten nicht ihren Betrag ergeben: %1 %2</translation>
     </message>
+    <message>
+        <source>These are the fewest transfers possible.</source>
+        <translation>Das sind die wenigsten möglichen Überweisungen.</translation>
+    </message>
+    <message>
+        <source>The plan may not be the fewest transfers possible: too many travellers owe or are owed to prove it.</source>
+        <translation>Der Plan braucht vielleicht nicht die wenigsten Überweisungen: zu viele Reisende schulden oder bekommen Geld, um es zu beweisen.</translation>
+    </message>
 </context>
 <context>
     <name>MainDlg1</name>
@@ -2458,6 +2466,18 @@ Danach ist jeder Saldo 0.00.</translation>
     <message>
         <source>and %1 more</source>
         <translation>und %1 weitere</translation>
+    </message>
+    <message>
+        <source>Whether the plan is proven to need the fewest transfers.</source>
+        <translation>Ob bewiesen ist, dass der Plan die wenigsten Überweisungen braucht.</translation>
+    </message>
+    <message>
+        <source>These are the fewest transfers possible.</source>
+        <translation>Das sind die wenigsten möglichen Überweisungen.</translation>
+    </message>
+    <message>
+        <source>The plan may not be the fewest transfers possible: too many travellers owe or are owed to prove it.</source>
+        <translation>Der Plan braucht vielleicht nicht die wenigsten Überweisungen: zu viele Reisende schulden oder bekommen Geld, um es zu beweisen.</translation>
     </message>
 </context>
 <context>

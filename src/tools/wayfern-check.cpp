@@ -1,10 +1,13 @@
 // Reads a journey and prints what it holds: a check of a file without the window.
-//   wayfern-check JOURNEY.wfn                   what the journey holds, with the reader's trace
-//   wayfern-check --settle JOURNEY.wfn          balances, kitty and who pays whom
-//   wayfern-check --csv costs|accounts JOURNEY.wfn    the costs or the accounts as CSV
-//   wayfern-check JOURNEY.wfn --report FILE.pdf the journey report as PDF and, beside it,
-//                                               as HTML (FILE.html)
-// With --settle and --csv only the answer goes to standard output, so scripts can use it.
+//   wayfern-check JOURNEY.wfn                         what the journey holds
+//   wayfern-check --settle JOURNEY.wfn                balances, kitty and who pays whom
+//   wayfern-check --csv costs|accounts [-o FILE] JOURNEY.wfn
+//                                                     the costs or the accounts as CSV
+//   wayfern-check --report FILE.pdf JOURNEY.wfn       the journey report as PDF and, beside
+//                                                     it, as HTML (FILE.html)
+// Options come in any order. Standard output carries only the answer, so scripts can use it;
+// the reader's printed lines go to standard error with --trace and nowhere without it.
+// Exit status: 0 done, 1 the journey cannot be read or the answer not written, 2 a usage error.
 #include "data/journeycalc.h"
 #include "data/wayferndata.h"
 #include "export/journeycsv.h"
@@ -13,9 +16,13 @@
 #include "settle/settlement.h"
 #include "storage/scqtutil.h"
 #include "storage/wayfernio.h"
+#include "wayfernversion.h"
 
+#include <QCommandLineParser>
 #include <QCoreApplication>
+#include <QFileInfo>
 #include <QGuiApplication>
+#include <QSaveFile>
 
 #include <cstdio>
 #include <cstdlib>
@@ -27,32 +34,62 @@
 
 namespace {
 
-int usage(const char *program)
+constexpr int usageError = 2;
+
+int usage(const QCommandLineParser &parser, const QString &problem)
 {
-    fprintf(stderr,
-            "usage: %s [--settle | --csv costs|accounts] JOURNEY.wfn\n"
-            "       %s JOURNEY.wfn --report FILE.pdf\n",
-            program, program);
-    return 2;
+    fprintf(stderr, "wayfern-check: %s\n%s", qPrintable(problem), qPrintable(parser.helpText()));
+    return usageError;
 }
 
-// Reads with the reader's printed lines sent to nowhere.
-int readQuietly(WayfernIO &io, const QString &path)
+// Holds a journey read with the reader's printed lines (and the configuration's, which it
+// prints when the document is made) sent to standard error or to nowhere: standard output
+// keeps only the answer.
+class QuietRead
 {
-    fflush(stdout);
-    const int saved = dup(STDOUT_FILENO);
-    const int null = open("/dev/null", O_WRONLY);
-    if (saved >= 0 && null >= 0)
-        dup2(null, STDOUT_FILENO);
-    const int result = io.ReadFile(path);
-    fflush(stdout);
-    if (saved >= 0) {
-        dup2(saved, STDOUT_FILENO);
-        close(saved);
+public:
+    QuietRead(bool trace)
+    {
+        fflush(stdout);
+        saved = dup(STDOUT_FILENO);
+        const int target = trace ? dup(STDERR_FILENO) : open("/dev/null", O_WRONLY);
+        if (saved >= 0 && target >= 0)
+            dup2(target, STDOUT_FILENO);
+        if (target >= 0)
+            close(target);
     }
-    if (null >= 0)
-        close(null);
-    return result;
+    ~QuietRead() { restore(); }
+    QuietRead(const QuietRead &) = delete;
+    QuietRead &operator=(const QuietRead &) = delete;
+
+    void restore()
+    {
+        fflush(stdout);
+        if (saved >= 0) {
+            dup2(saved, STDOUT_FILENO);
+            close(saved);
+            saved = -1;
+        }
+    }
+
+private:
+    int saved = -1;
+};
+
+QString readProblemText(const WayfernIO &io)
+{
+    switch (io.readProblem) {
+    case WayfernIO::ReadProblem::NotOpened:
+        return io.readProblemDetail.isEmpty() ? QStringLiteral("cannot be opened")
+                                              : io.readProblemDetail;
+    case WayfernIO::ReadProblem::NoHeader:
+        return QStringLiteral("not a journey (no Header section)");
+    case WayfernIO::ReadProblem::SectionMissing:
+        return QStringLiteral("section missing: %1").arg(io.readProblemDetail);
+    case WayfernIO::ReadProblem::None:
+        break;
+    }
+    return QStringLiteral("not readable");
 }
 
 void printOverview(WayFernData &document)
@@ -110,7 +147,7 @@ int main(int argc, char **argv)
     // The report's pages need fonts, so a GUI application, but never a display.
     bool report = false;
     for (int i = 1; i < argc; ++i)
-        report = report || strcmp(argv[i], "--report") == 0;
+        report = report || strncmp(argv[i], "--report", 8) == 0;
     std::unique_ptr<QCoreApplication> app;
     if (report) {
         setenv("QT_QPA_PLATFORM", "offscreen", 0);
@@ -118,48 +155,108 @@ int main(int argc, char **argv)
     } else {
         app = std::make_unique<QCoreApplication>(argc, argv);
     }
-    QStringList args = app->arguments();
-    args.removeFirst();
+    QCoreApplication::setApplicationName(QStringLiteral("wayfern-check"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(WAYFERN_VERSION));
+
+    QCommandLineParser parser;
+    parser.setApplicationDescription(
+        QStringLiteral("Reads a journey and prints what it holds; with an option, only the "
+                       "answer asked for."));
+    // Own help and version options: the parser's help would add Qt's options too.
+    const QCommandLineOption helpOption({QStringLiteral("h"), QStringLiteral("help")},
+                                        QStringLiteral("Print this help."));
+    const QCommandLineOption versionOption({QStringLiteral("v"), QStringLiteral("version")},
+                                           QStringLiteral("Print the version."));
+    const QCommandLineOption settleOption(
+        QStringLiteral("settle"),
+        QStringLiteral("Print the balances, the kitty and who pays whom."));
+    const QCommandLineOption csvOption(QStringLiteral("csv"),
+                                       QStringLiteral("Write the costs or the accounts as CSV."),
+                                       QStringLiteral("costs|accounts"));
+    const QCommandLineOption outputOption(
+        {QStringLiteral("o"), QStringLiteral("output")},
+        QStringLiteral("With --csv: write the CSV to FILE, whole or not at all, instead of "
+                       "standard output."),
+        QStringLiteral("FILE"));
+    const QCommandLineOption reportOption(
+        QStringLiteral("report"),
+        QStringLiteral("Write the journey report to FILE.pdf and, beside it, FILE.html."),
+        QStringLiteral("FILE.pdf"));
+    const QCommandLineOption traceOption(
+        QStringLiteral("trace"),
+        QStringLiteral("Print the reader's lines to standard error while the journey is read."));
+    parser.addOptions({helpOption, versionOption, settleOption, csvOption, outputOption,
+                       reportOption, traceOption});
+    parser.addPositionalArgument(QStringLiteral("JOURNEY.wfn"),
+                                 QStringLiteral("The journey to read."));
+
+    if (!parser.parse(app->arguments()))
+        return usage(parser, parser.errorText());
+    if (parser.isSet(helpOption)) {
+        printf("%s", qPrintable(parser.helpText()));
+        return 0;
+    }
+    if (parser.isSet(versionOption)) {
+        printf("wayfern-check %s\n", WAYFERN_VERSION);
+        return 0;
+    }
+
+    // A value that looks like an option is one whose value was left out: `--report --settle J`
+    // must not write a file named --settle.
+    for (const QCommandLineOption &option : {csvOption, outputOption, reportOption}) {
+        for (const QString &value : parser.values(option)) {
+            if (value.isEmpty() || value.startsWith(QLatin1Char('-')))
+                return usage(parser,
+                             QStringLiteral("option --%1 needs a value, not '%2'")
+                                 .arg(option.names().constLast(), value));
+        }
+        if (parser.values(option).size() > 1)
+            return usage(
+                parser,
+                QStringLiteral("option --%1 given more than once").arg(option.names().constLast()));
+    }
 
     enum class Mode { Overview, Settle, CsvCosts, CsvAccounts, Report } mode = Mode::Overview;
-    QString reportPath;
-    const qsizetype reportAt = args.indexOf(QStringLiteral("--report"));
-    if (reportAt >= 0) {
-        reportPath = args.value(reportAt + 1);
-        if (reportPath.isEmpty() || reportPath.startsWith(QLatin1String("--")))
-            return usage(argv[0]);
-        args.remove(reportAt, 2);
-        mode = Mode::Report;
-    }
-    if (mode == Mode::Report) {
-        // The report stands alone: no other mode with it.
-    } else if (args.value(0) == QLatin1String("--settle")) {
+    const int modes = int(parser.isSet(settleOption)) + int(parser.isSet(csvOption))
+        + int(parser.isSet(reportOption));
+    if (modes > 1)
+        return usage(parser, QStringLiteral("--settle, --csv and --report go one at a time"));
+    if (parser.isSet(settleOption)) {
         mode = Mode::Settle;
-        args.removeFirst();
-    } else if (args.value(0) == QLatin1String("--csv")) {
-        const QString what = args.value(1);
+    } else if (parser.isSet(csvOption)) {
+        const QString what = parser.value(csvOption);
         if (what == QLatin1String("costs"))
             mode = Mode::CsvCosts;
         else if (what == QLatin1String("accounts"))
             mode = Mode::CsvAccounts;
         else
-            return usage(argv[0]);
-        args.remove(0, 2);
+            return usage(parser,
+                         QStringLiteral("--csv takes costs or accounts, not '%1'").arg(what));
+    } else if (parser.isSet(reportOption)) {
+        mode = Mode::Report;
     }
-    if (args.size() != 1 || args.first().startsWith(QLatin1String("--")))
-        return usage(argv[0]);
+    if (parser.isSet(outputOption) && mode != Mode::CsvCosts && mode != Mode::CsvAccounts)
+        return usage(parser, QStringLiteral("-o goes with --csv only"));
+    const QStringList journeys = parser.positionalArguments();
+    if (journeys.size() != 1)
+        return usage(parser,
+                     journeys.isEmpty() ? QStringLiteral("no journey given")
+                                        : QStringLiteral("one journey at a time"));
+    const QString journey = journeys.first();
 
+    QuietRead quiet(parser.isSet(traceOption));
     WayFernData document;
     WayfernIO io(&document);
+    const int read = io.ReadFile(journey);
+    quiet.restore();
+    if (read != 0) {
+        fprintf(stderr, "wayfern-check: cannot read %s: %s\n", qPrintable(journey),
+                qPrintable(readProblemText(io)));
+        return 1;
+    }
     if (mode == Mode::Overview) {
-        if (io.ReadFile(args.first()) != 0)
-            return 1;
         printOverview(document);
         return 0;
-    }
-    if (readQuietly(io, args.first()) != 0) {
-        fprintf(stderr, "wayfern-check: cannot read %s\n", qPrintable(args.first()));
-        return 1;
     }
     if (mode == Mode::Settle) {
         printSettlement(document);
@@ -167,7 +264,8 @@ int main(int argc, char **argv)
     }
     JourneyCalc::refreshFigures(document, ScQtUtil::lastDate);
     if (mode == Mode::Report) {
-        const JourneyReport figures = JourneyReport::fromJourney(document, args.first());
+        const QString reportPath = parser.value(reportOption);
+        const JourneyReport figures = JourneyReport::fromJourney(document, journey);
         QString problem;
         if (!ReportWriter::write(figures, reportPath, &problem)) {
             fprintf(stderr, "wayfern-check: could not write the report %s: %s\n",
@@ -180,6 +278,16 @@ int main(int argc, char **argv)
     }
     const QByteArray csv = mode == Mode::CsvCosts ? JourneyCsv::costs(document)
                                                   : JourneyCsv::accounts(document);
+    if (parser.isSet(outputOption)) {
+        const QString path = parser.value(outputOption);
+        QSaveFile file(path);
+        if (!file.open(QIODevice::WriteOnly) || file.write(csv) != csv.size() || !file.commit()) {
+            fprintf(stderr, "wayfern-check: could not write %s: %s\n", qPrintable(path),
+                    qPrintable(file.errorString()));
+            return 1;
+        }
+        return 0;
+    }
     fwrite(csv.constData(), 1, size_t(csv.size()), stdout);
-    return 0;
+    return fflush(stdout) == 0 ? 0 : 1;
 }

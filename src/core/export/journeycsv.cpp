@@ -36,6 +36,17 @@ void appendText(QByteArray &out, const QString &text)
     out += JourneyCsv::textField(text).toUtf8();
 }
 
+// The currency whose factor turns the cost into base money: the last of that name, as the
+// journey's own computation finds it.
+const CurrData *appliedCurrency(const WayFernData &doc, const QString &ctype)
+{
+    for (int i = doc.currencies.count() - 1; i >= 0; --i) {
+        if (doc.currencies.at(i)->short_ == ctype)
+            return doc.currencies.at(i);
+    }
+    return nullptr;
+}
+
 } // namespace
 
 QString JourneyCsv::textField(const QString &text)
@@ -65,7 +76,7 @@ QByteArray JourneyCsv::costs(const WayFernData &doc)
         out += ',';
         appendText(out, user->short_);
     }
-    out += "\r\n";
+    out += ",booked rate\r\n";
 
     const QByteArray base = textField(doc.basecurrency).toUtf8();
     const ShareLines shares(doc);
@@ -82,7 +93,11 @@ QByteArray JourneyCsv::costs(const WayFernData &doc)
         out += ',';
         appendText(out, cost->ctype);
         out += ',';
-        appendNumber(out, cost->exchangevalue, 4);
+        // The rate that made the base value, from the currency as it stands now; a cost in
+        // a currency the journey does not know has none.
+        const CurrData *currency = appliedCurrency(doc, cost->ctype);
+        if (currency && currency->invfactor != 0.0)
+            appendNumber(out, 1.0 / currency->invfactor, 4);
         out += ',';
         appendNumber(out, cost->bvalue, 2);
         out += ',';
@@ -101,6 +116,9 @@ QByteArray JourneyCsv::costs(const WayFernData &doc)
         }
         out += shared ? ",yes" : ",no";
         out += shareCells;
+        // The rate stored with the cost when it was booked; no figure is computed from it.
+        out += ',';
+        appendNumber(out, cost->exchangevalue, 4);
         out += "\r\n";
     }
     return out;

@@ -13,7 +13,10 @@ class WayFernData;
 namespace JourneyCsv {
 
 // date, type, comment, foreign value, currency, rate, base value, base currency, shared,
-// then each traveller's share of the cost, one column per traveller in list order.
+// then each traveller's share of the cost, one column per traveller in list order, then the
+// booked rate. The rate is the one applied: the currency's present factor in foreign units
+// per base unit, so that the foreign value divided by it is the base value; empty for a
+// currency the journey does not know. The booked rate is the one stored with the cost.
 QByteArray costs(const WayFernData &doc);
 // traveller, date, type, change, running total: every account line, traveller by
 // traveller, lines in account order.
