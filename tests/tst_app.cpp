@@ -199,15 +199,15 @@ private slots:
         WayfernApp::forkProcess = &::fork;
     }
 
-    void toolbarHoldsTheFileOperationsInOrder()
+    void toolbarHoldsTheFileOperationsInOrderWithUndoAndRedoLast()
     {
         ShellFixture fx;
         WayfernApp app;
         QCOMPARE(app.toolBar->objectName(), QStringLiteral("file operations"));
         QCOMPARE(app.toolBar->windowTitle(), QStringLiteral("file operations"));
         const QList<QAction *> actions = app.toolBar->actions();
-        // The end of a journey comes after the record actions.
-        QCOMPARE(actions.size(), 13);
+        // The end of a journey comes after the record actions, undo and redo last.
+        QCOMPARE(actions.size(), 15);
         QCOMPARE(actions.at(0), app.fileNew);
         QCOMPARE(actions.at(1), app.fileOpen);
         QCOMPARE(actions.at(2), app.fileSave);
@@ -223,6 +223,8 @@ private slots:
         QCOMPARE(actions.at(10), app.settleUp);
         QCOMPARE(actions.at(11), app.report);
         QCOMPARE(actions.at(12), app.exportCsv);
+        QCOMPARE(actions.at(13), app.editUndo);
+        QCOMPARE(actions.at(14), app.editRedo);
         QVERIFY(!app.menuWidget());
     }
 

@@ -58,7 +58,7 @@ private slots:
     }
     void cleanup() { ModalHelper::cancelPending(); }
 
-    void theActionComesAfterTheExistingOnesOnTheToolbar()
+    void theActionComesAfterTheExistingOnesOnTheToolbarBeforeUndoAndRedo()
     {
         ShellFixture fx;
         WayfernApp app;
@@ -67,12 +67,14 @@ private slots:
         QVERIFY(!app.settleUp->icon().isNull());
         QVERIFY(app.settleUp->whatsThis().startsWith(QStringLiteral("Settle up\n\n")));
         const QList<QAction *> actions = app.toolBar->actions();
-        // Only the report and the CSV export come after it.
-        QCOMPARE(actions.at(actions.count() - 3), app.settleUp);
-        QCOMPARE(actions.at(actions.count() - 2), app.report);
-        QCOMPARE(actions.last(), app.exportCsv);
+        // Only the report, the CSV export, undo and redo come after it.
+        QCOMPARE(actions.at(actions.count() - 5), app.settleUp);
+        QCOMPARE(actions.at(actions.count() - 4), app.report);
+        QCOMPARE(actions.at(actions.count() - 3), app.exportCsv);
+        QCOMPARE(actions.at(actions.count() - 2), app.editUndo);
+        QCOMPARE(actions.last(), app.editRedo);
         // What stood there before keeps its place: help, then what's this.
-        QCOMPARE(actions.at(actions.count() - 5), app.openHelp);
+        QCOMPARE(actions.at(actions.count() - 7), app.openHelp);
     }
 
     void theFormCarriesItsNamesTextsAndTips()

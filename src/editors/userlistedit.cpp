@@ -1,5 +1,6 @@
 #include "editors/userlistedit.h"
 
+#include "data/journeyhistory.h"
 #include "data/wayferndata.h"
 #include "dialogs/calenderedit.h"
 #include "editors/editorkeys.h"
@@ -98,12 +99,14 @@ void userListEdit::slotSelectionChanged(QTreeWidgetItem *item)
 
 void userListEdit::slotAppend()
 {
+    JourneyStep step(document, ChangeScope::everyAccount());
     currentUser = document->users.append();
     usersSeen = document->users.generation();
     userInput->prepare(currentUser, calendar);
     userInput->exec();
     userInput->hide();
     if (userInput->result() == QDialog::Accepted) {
+        step.setText(tr("new traveller %1").arg(currentUser->short_));
         emit overChanged();
     } else {
         document->users.remove(currentUser);
@@ -118,9 +121,11 @@ void userListEdit::slotChange()
     if (QTreeWidgetItem *row = ListView->currentItem()) {
         currentUser = findByItem(row);
         if (currentUser) {
+            JourneyStep step(document, ChangeScope());
             userInput->prepare(currentUser, calendar);
             userInput->exec();
             userInput->hide();
+            step.setText(tr("change traveller %1").arg(currentUser->short_));
             emit overChanged();
         }
     }
@@ -181,6 +186,8 @@ void userListEdit::slotDelete()
     if (leave.hasLines)
         text += leaveText(leave) + QStringLiteral("\n\n");
     text += tr("confirm with yes !");
+    JourneyStep step(document, ChangeScope::everyAccount());
+    step.setText(tr("delete traveller %1").arg(currentUser->short_));
     const auto answer = QMessageBox::information(this, tr("Delete item"), text,
                                                  QMessageBox::Yes | QMessageBox::Cancel);
     if (answer == QMessageBox::Yes) {
@@ -201,6 +208,9 @@ void userListEdit::bookCash(int magic, const QString &type)
     if (row)
         currentUser = findByItem(row);
     if (row && currentUser) {
+        JourneyStep step(document, ChangeScope::lines(magic));
+        step.setText(magic == -2 ? tr("deposit of %1").arg(currentUser->short_)
+                                 : tr("pay-off of %1").arg(currentUser->short_));
         currentUser->addKto(magic);
         KtoData *line = currentUser->kto.last();
         // The empty date opens the calendar before the dialog.

@@ -10,6 +10,7 @@
 #include "report/journeyreport.h"
 #include "report/reportwriter.h"
 #include "shell/journeyrecovery.h"
+#include "shell/journeyundo.h"
 #include "shell/wayfernview.h"
 #include "wayfernversion.h"
 
@@ -48,6 +49,7 @@ WayfernApp::WayfernApp(QWidget *parent, const char *name, Qt::WindowFlags flags,
     initStatusBar();
     initDoc();
     initView();
+    initUndoActions();
     recovery = std::make_unique<JourneyRecovery>(doc);
 
     // A journey named on the command line comes first; one that cannot be read is named in
@@ -217,6 +219,34 @@ void WayfernApp::initActions()
                 fileQuit});
 }
 
+void WayfernApp::initUndoActions()
+{
+    QUndoStack *stack = view->undo->stack();
+    editUndo = new QAction(QIcon(QStringLiteral(":/shell/undo.xpm")), tr("Undo"), this);
+    editUndo->setObjectName(QStringLiteral("editUndo"));
+    editUndo->setShortcut(QKeySequence(tr("Ctrl+Z")));
+    editUndo->setStatusTip(tr("Takes the last change back"));
+    editRedo = new QAction(QIcon(QStringLiteral(":/shell/redo.xpm")), tr("Redo"), this);
+    editRedo->setObjectName(QStringLiteral("editRedo"));
+    editRedo->setShortcuts({QKeySequence(tr("Ctrl+Shift+Z")), QKeySequence(tr("Ctrl+Y"))});
+    editRedo->setStatusTip(tr("Makes the change taken back again"));
+    connect(editUndo, &QAction::triggered, stack, &QUndoStack::undo);
+    connect(editRedo, &QAction::triggered, stack, &QUndoStack::redo);
+    // The tool tip names the step that the action takes back or makes again.
+    const auto follow = [this, stack] {
+        editUndo->setEnabled(stack->canUndo());
+        editRedo->setEnabled(stack->canRedo());
+        editUndo->setToolTip(stack->canUndo() ? tr("Undo: %1").arg(stack->undoText()) : tr("Undo"));
+        editRedo->setToolTip(stack->canRedo() ? tr("Redo: %1").arg(stack->redoText()) : tr("Redo"));
+    };
+    connect(stack, &QUndoStack::indexChanged, this, follow);
+    connect(stack, &QUndoStack::cleanChanged, this, follow);
+    follow();
+    addActions({editUndo, editRedo});
+    toolBar->addAction(editUndo);
+    toolBar->addAction(editRedo);
+}
+
 void WayfernApp::initMenuBar()
 {
     // Not called: the window keeps no menu. The edit actions of this layout are never
@@ -331,6 +361,8 @@ void WayfernApp::slotFileNew()
         // Show the empty journey that is left, not the rows of the one before.
         view->refreshView();
     }
+    // Nothing of the journey before can be undone into the new one.
+    view->undo->clear();
     fileName = QStringLiteral("");
     doc->lastfile = QStringLiteral("");
     adoptLock(nullptr, QString());
@@ -376,6 +408,7 @@ QString WayfernApp::offerRecovery()
     if (answer == QMessageBox::Yes && view->loadView(path)) {
         // The journey keeps its own file: the changes are back, but not saved yet.
         doc->setModified(true);
+        view->undo->markUnsaved();
         return tr("Restored the unsaved changes of %1.").arg(journey);
     }
     // Nothing is deleted without asking: the file goes aside under its date.

@@ -51,6 +51,9 @@ public:
     QAction *report = nullptr;
     // The costs and the accounts as CSV files for spreadsheets.
     QAction *exportCsv = nullptr;
+    // Undo and redo of the journey's steps; their tool tips name the step.
+    QAction *editUndo = nullptr;
+    QAction *editRedo = nullptr;
     QString fileName;
 
     // How the help viewer's process is made; replaceable so that a failing fork can be
@@ -115,6 +118,8 @@ private:
     QString templateProblem;
 
     void initActions();
+    // Made once the view and its history exist.
+    void initUndoActions();
     void initMenuBar();
     void initToolBar();
     void initStatusBar();

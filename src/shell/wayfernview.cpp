@@ -2,6 +2,7 @@
 
 #include "data/datetext.h"
 #include "data/journeycalc.h"
+#include "data/journeyhistory.h"
 #include "data/wayferndata.h"
 #include "dialogs/calenderedit.h"
 #include "dialogs/scqtwidgetutil.h"
@@ -12,6 +13,7 @@
 #include "editors/settleedit.h"
 #include "editors/tipedit.h"
 #include "editors/userlistedit.h"
+#include "shell/journeyundo.h"
 #include "shell/wayfernapp.h"
 #include "storage/printline.h"
 #include "storage/wayfernio.h"
@@ -39,6 +41,8 @@ WayfernView::WayfernView(WayfernApp *parent, WayFernData *doc)
     sharedPixmap = std::make_unique<QPixmap>(QStringLiteral(":/shell/shared.xpm"));
 
     doc->clearAll();
+    undo = std::make_unique<JourneyUndo>(doc);
+    connect(undo.get(), &JourneyUndo::stepApplied, this, &WayfernView::refreshAfterStep);
     app = parent;
     actucost = nullptr;
     actutip = nullptr;
@@ -102,6 +106,8 @@ void WayfernView::createDialogs()
 
 void WayfernView::openBase()
 {
+    JourneyStep step(doc, ChangeScope());
+    step.setText(tr("base settings"));
     // The dialog's signals do the rest.
     baseInput->setData();
     baseInput->exec();
@@ -110,6 +116,8 @@ void WayfernView::openBase()
 
 void WayfernView::openCurr()
 {
+    JourneyStep step(doc, ChangeScope());
+    step.setText(tr("currencies and rates"));
     // No refresh: changed rates reach the lists with the next one.
     currListInput->setData();
     currListInput->exec();
@@ -127,6 +135,8 @@ void WayfernView::openUser()
 
 void WayfernView::openSettle()
 {
+    JourneyStep step(doc, ChangeScope::everyAccount());
+    step.setText(tr("book the settle-up plan"));
     settleInput->setData();
     settleInput->exec();
     settleInput->hide();
@@ -158,6 +168,8 @@ void WayfernView::initLists()
 
 void WayfernView::refreshView()
 {
+    // The sorts change the journey: outside an action they join the step before.
+    JourneyStep step(doc, ChangeScope());
     forgetStaleRecords();
     sortCostsFollowingCurrent();
     calcSums();
@@ -167,6 +179,30 @@ void WayfernView::refreshView()
     if (doc->userflag)
         doc->recalcUsers();
     fillOverview();
+}
+
+void WayfernView::refreshAfterStep(CostsData *cost)
+{
+    if (cost)
+        actucost = cost;
+    forgetStaleRecords();
+    if (actuuser && !doc->users.contains(actuuser))
+        actuuser = doc->users.first();
+    if (actucurr && !doc->currencies.contains(actucurr))
+        actucurr = doc->currencies.first();
+    calcSums();
+    fillCosts();
+    fillTips();
+    if (doc->userflag)
+        doc->recalcUsers();
+    fillOverview();
+}
+
+QString WayfernView::stepName(const CostsData *cost)
+{
+    QStringList parts{cost->date, cost->type, cost->fval, cost->ctype};
+    parts.removeAll(QString());
+    return parts.join(QLatin1Char(' '));
 }
 
 void WayfernView::forgetStaleRecords()
@@ -426,10 +462,14 @@ bool WayfernView::loadView(const QString &path)
     }
     fileProblem.clear();
     takeJourney(read);
-    // A new journey: the current records of the old one are gone.
+    // A new journey: the current records of the old one are gone, and so are its steps.
     actucost = nullptr;
     actutip = nullptr;
+    // Sorting what was read is part of reading it, not a step.
+    doc->history = nullptr;
     refreshView();
+    doc->history = undo.get();
+    undo->clear();
     return true;
 }
 
@@ -458,6 +498,7 @@ bool WayfernView::saveView(const QString &path)
     }
     fileProblem.clear();
     doc->setModified(false);
+    undo->markSaved();
     return true;
 }
 
@@ -469,10 +510,11 @@ void WayfernView::slotCostsNew()
         && DateText::isDate(actucost->date);
     const QString date = fromSelected ? actucost->date
                                       : QDate::currentDate().toString(QStringLiteral("dd.MM.yyyy"));
+    const int id = doc->nextCostId();
+    JourneyStep step(doc, ChangeScope::costs({id}));
     CostsData *cost = doc->costs.append();
     cost->date = date;
     actucost = cost;
-    const int id = doc->nextCostId();
     cost->id = id;
     costsInput->prepare(actucost, calendar);
     costsInput->exec();
@@ -481,6 +523,8 @@ void WayfernView::slotCostsNew()
         doc->removeAllKto(id);
         doc->costs.remove(cost);
         actucost = doc->costs.first();
+    } else {
+        step.setText(tr("new cost %1").arg(stepName(cost)));
     }
     refreshView();
 }
@@ -491,11 +535,16 @@ void WayfernView::slotCostsChange()
     if (!item)
         return;
     actucost = findCost(item);
-    if (actucost) {
-        costsInput->prepare(actucost, calendar);
-        costsInput->exec();
-        costsInput->hide();
+    if (!actucost) {
+        refreshView();
+        return;
     }
+    JourneyStep step(doc, ChangeScope::costs({actucost->id}));
+    costsInput->prepare(actucost, calendar);
+    costsInput->exec();
+    costsInput->hide();
+    // Named as the cost is now; the sort may move its contents to another row.
+    step.setText(tr("change cost %1").arg(stepName(actucost)));
     refreshView();
 }
 
@@ -511,6 +560,8 @@ void WayfernView::slotCostsDelete()
         + QStringLiteral(" ") + cost->ctype + QStringLiteral("\n") + tr("or ") + cost->bval
         + QStringLiteral(" ") + doc->basecurrency + QStringLiteral("\n\n")
         + tr("confirm with yes !");
+    JourneyStep step(doc, ChangeScope::costs({cost->id}));
+    step.setText(tr("delete cost %1").arg(stepName(cost)));
     const auto answer = QMessageBox::information(this, tr("Delete item"), text,
                                                  QMessageBox::Yes | QMessageBox::Cancel);
     if (answer == QMessageBox::Yes) {
@@ -536,13 +587,16 @@ void WayfernView::slotCPaste()
 {
     if (!actucost || !costCopied || !doc->costs.contains(actucost))
         return;
+    // A new cost of its own: the source's account lines stay with the source.
+    const int id = doc->nextCostId();
+    JourneyStep step(doc, ChangeScope::costs({id}));
     // On top of the selected entry; the sort then places it by its date.
     CostsData *cost = doc->costs.insert(doc->costs.indexOf(actucost));
     actucost = cost;
     costsInput->copyData(&costBuffer, cost);
-    // A new cost of its own: the source's account lines stay with the source.
-    cost->id = doc->nextCostId();
+    cost->id = id;
     cost->shared = false;
+    step.setText(tr("paste cost %1").arg(stepName(cost)));
     doc->setModified(true);
     refreshView();
 }
@@ -551,6 +605,7 @@ void WayfernView::slotCPaste()
 // until the next full refresh; only paste sorts.
 void WayfernView::slotTipNew()
 {
+    JourneyStep step(doc, ChangeScope());
     TipData *tip = doc->tips.append();
     actutip = tip;
     tipInput->prepare(actutip, calendar);
@@ -559,18 +614,22 @@ void WayfernView::slotTipNew()
     if (tipInput->result() == QDialog::Rejected) {
         doc->tips.remove(tip);
         actutip = doc->tips.first();
+    } else {
+        step.setText(tr("new tip %1").arg(tip->name));
     }
     fillTips();
 }
 
 void WayfernView::slotTipChange()
 {
+    JourneyStep step(doc, ChangeScope());
     if (QTreeWidgetItem *item = TipListView->currentItem()) {
         actutip = findTip(item);
         if (actutip) {
             tipInput->prepare(actutip, calendar);
             tipInput->exec();
             tipInput->hide();
+            step.setText(tr("change tip %1").arg(actutip->name));
         }
     }
     fillTips();
@@ -586,6 +645,8 @@ void WayfernView::slotTipDelete()
         return;
     const QString text = tr("Delete entry") + QStringLiteral("\n") + tip->tiptype
         + QStringLiteral("\n") + tip->name + QStringLiteral("\n\n") + tr("confirm with yes !");
+    JourneyStep step(doc, ChangeScope());
+    step.setText(tr("delete tip %1").arg(tip->name));
     const auto answer = QMessageBox::information(this, tr("Delete item"), text,
                                                  QMessageBox::Yes | QMessageBox::Cancel);
     if (answer == QMessageBox::Yes) {
@@ -610,10 +671,12 @@ void WayfernView::slotTPaste()
 {
     if (!actutip || !tipCopied || !doc->tips.contains(actutip))
         return;
+    JourneyStep step(doc, ChangeScope());
     // In front of the selected tip; the full refresh then sorts it in by its date.
     TipData *tip = doc->tips.insert(doc->tips.indexOf(actutip));
     actutip = tip;
     tipInput->copyData(&tipBuffer, tip);
+    step.setText(tr("paste tip %1").arg(tip->name));
     doc->setModified(true);
     refreshView();
 }

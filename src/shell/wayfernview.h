@@ -11,6 +11,7 @@
 class QPixmap;
 class QTreeWidgetItem;
 class WayFernData;
+class JourneyUndo;
 class WayfernApp;
 class WayfernIO;
 class WayfernIOCfg;
@@ -51,6 +52,9 @@ public:
     void createDialogs();
     void initLists();
     void refreshView();
+    // After an undo or a redo: the lists show the journey as the step left it, unsorted,
+    // so that it stays exactly as it was. `cost` becomes the current one when given.
+    void refreshAfterStep(CostsData *cost);
     void sortCosts();
     void sortTips();
     void fillCosts();
@@ -82,6 +86,8 @@ public:
     std::unique_ptr<WayfernIO> io;
     std::unique_ptr<WayfernIOLast> ioLast;
     std::unique_ptr<WayfernIOCfg> ioCfg;
+    // Every action on the journey is a step here, to be undone and redone.
+    std::unique_ptr<JourneyUndo> undo;
     CostsData costBuffer;
     TipData tipBuffer;
     QString labelCommon;
@@ -119,4 +125,6 @@ private:
     // The date sort moves contents between list positions: afterwards `actucost` points at
     // the position that holds the cost it pointed at before.
     void sortCostsFollowingCurrent();
+    // How a step names a cost or a tip: "13.11.2026 Fuel 75.40 EUR".
+    static QString stepName(const CostsData *cost);
 };

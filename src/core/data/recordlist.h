@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <iterator>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -46,6 +47,35 @@ public:
         ++changes;
         const size_t at = i < 0 ? 0 : std::min(size_t(i), items.size());
         return items.insert(items.begin() + long(at), std::make_unique<T>())->get();
+    }
+
+    // Inserts a copy of `value` in front of position `i` (see insert()) and returns it.
+    T *insert(int i, const T &value)
+    {
+        T *record = insert(i);
+        *record = value;
+        return record;
+    }
+
+    // Destroys the record at position `i`.
+    void removeAt(int i)
+    {
+        items.erase(items.begin() + i);
+        ++changes;
+    }
+
+    // Takes `n` records from position `at` on, or puts a run of records in there: a long run
+    // costs one shift of the rest of the list.
+    void removeRange(int at, int n)
+    {
+        items.erase(items.begin() + at, items.begin() + at + n);
+        ++changes;
+    }
+    void insertRange(int at, std::vector<std::unique_ptr<T>> run)
+    {
+        items.insert(items.begin() + at, std::make_move_iterator(run.begin()),
+                     std::make_move_iterator(run.end()));
+        ++changes;
     }
 
     int count() const { return int(items.size()); }

@@ -10,6 +10,8 @@
 
 // The one journey document of the running program. Everybody gets a plain pointer to it;
 // the main window owns it.
+class JourneyHistory;
+
 class WayFernData : public QObject
 {
     Q_OBJECT
@@ -41,6 +43,8 @@ public:
 
     bool modified = false;
     quint64 changes = 0;
+    // Where the actions record their steps for undo; none outside the window.
+    JourneyHistory *history = nullptr;
 
     // Lookups walk from the last record to the first: among equal keys the last one wins.
     UserData *findUser(const QString &key) const;
