@@ -77,6 +77,7 @@ private slots:
     void unreadableFileIsNoPage();
     void serviceAnswerGivesRate();
     void jsonWithoutRequestedCodeGivesNoRate();
+    void jsonCodeOutsideTheRatesObjectGivesNoRate();
     void jsonMalformedNumberGivesNoRate_data();
     void jsonMalformedNumberGivesNoRate();
     void jsonRateKeyIsReadWithoutRatesObject();
@@ -295,6 +296,19 @@ void TestRatePage::jsonWithoutRequestedCodeGivesNoRate()
     QCOMPARE(RatePage::readJsonRate(R"({"message":"not found"})", QStringLiteral("NOK")), -1.0);
 }
 
+void TestRatePage::jsonCodeOutsideTheRatesObjectGivesNoRate()
+{
+    // The code behind the rates object, or in an object beside it, is no rate of that code.
+    const QByteArray behind = R"({"rates":{"CZK":1},"NOK":5})";
+    QCOMPARE(RatePage::readJsonRate(behind, QStringLiteral("NOK")), -1.0);
+    QCOMPARE(RatePage::readRateFile(write(behind), QStringLiteral("NOK")), -1.0);
+    QCOMPARE(RatePage::readJsonRate(behind, QStringLiteral("CZK")), 1.0);
+    const QByteArray beside = R"({"rates":{"CZK":1},"other":{"NOK":5}})";
+    QCOMPARE(RatePage::readJsonRate(beside, QStringLiteral("NOK")), -1.0);
+    const QByteArray before = R"({"NOK":5,"rates":{"CZK":1}})";
+    QCOMPARE(RatePage::readJsonRate(before, QStringLiteral("NOK")), -1.0);
+}
+
 void TestRatePage::jsonMalformedNumberGivesNoRate_data()
 {
     QTest::addColumn<QByteArray>("answer");
@@ -307,6 +321,9 @@ void TestRatePage::jsonMalformedNumberGivesNoRate_data()
     QTest::newRow("null") << QByteArray(R"({"rates":{"NOK":null}})");
     QTest::newRow("too large") << QByteArray(R"({"rates":{"NOK":1e999}})");
     QTest::newRow("point without digits") << QByteArray(R"({"rates":{"NOK":11.}})");
+    QTest::newRow("leading zero") << QByteArray(R"({"rates":{"NOK":011.45}})");
+    QTest::newRow("leading zeros") << QByteArray(R"({"rates":{"NOK":00}})");
+    QTest::newRow("negative leading zero") << QByteArray(R"({"rates":{"NOK":-02.5}})");
     QTest::newRow("rate key malformed") << QByteArray(R"({"rate":"zero"})");
 }
 
