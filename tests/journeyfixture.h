@@ -19,3 +19,21 @@ inline bool readJourneyFixture(WayFernData &doc, const QString &name)
     JourneyCalc::refreshFigures(doc, ScQtUtil::lastDate);
     return true;
 }
+
+// The journey of check-journey.wfn with figures that round to nothing from below: the hotel
+// night is 0.004 below nothing and the other costs are nothing, so the total, the day, the
+// hotel's category and EF's deposit and balance are all -0.004 or a little more.
+inline bool readJourneyJustBelowNothing(WayFernData &doc)
+{
+    if (!readJourneyFixture(doc, QStringLiteral("check-journey.wfn")))
+        return false;
+    for (CostsData *cost : doc.costs)
+        cost->fval = cost->type == QLatin1String("Hotel") ? QStringLiteral("-0.004")
+                                                          : QStringLiteral("0");
+    if (doc.users.count() < 3)
+        return false;
+    for (KtoData *line : doc.users.at(2)->kto)
+        line->change = -0.004;
+    JourneyCalc::refreshFigures(doc, ScQtUtil::lastDate);
+    return doc.total < 0.0 && doc.total > -0.005;
+}

@@ -261,6 +261,62 @@ private slots:
         }
     }
 
+    void jsonCatalogueIsListedInTheOrderOfItsCodes()
+    {
+        QList<CatalogueEntry> entries;
+        QCOMPARE(read("{\"NOK\":\"Norwegian Krone\",\"AUD\":\"Australian Dollar\","
+                      "\"CHF\":\"Swiss Franc\"}",
+                      &entries),
+                 0);
+        QCOMPARE(rows(entries),
+                 (QStringList{"AUD|Australian Dollar", "CHF|Swiss Franc", "NOK|Norwegian Krone"}));
+    }
+
+    void jsonCodeGivenTwiceIsListedOnceWithItsLastName()
+    {
+        // One row per code, as the list shows the codes; the later name replaces the earlier.
+        QList<CatalogueEntry> entries;
+        QCOMPARE(read("{\"NOK\":\"Krone\",\"AUD\":\"Australian Dollar\","
+                      "\"NOK\":\"Norwegian Krone\"}",
+                      &entries),
+                 0);
+        QCOMPARE(rows(entries), (QStringList{"AUD|Australian Dollar", "NOK|Norwegian Krone"}));
+    }
+
+    void jsonEscapedCodesAreTheirCharacters()
+    {
+        QList<CatalogueEntry> entries;
+        QCOMPARE(
+            read("{\"\\u0041UD\":\"Australian Dollar\",\"a\\/b\":\"\\ud83d\\udcb6\"}", &entries),
+            0);
+        QCOMPARE(rows(entries),
+                 (QStringList{"AUD|Australian Dollar", QString::fromUtf8("a/b|\U0001F4B6")}));
+    }
+
+    void jsonWithANestedValueOrALooseFormIsNoCatalogue()
+    {
+        const QByteArray pages[] = {
+            "{\"AUD\":\"Australian Dollar\",\"X\":{\"name\":\"x\"}}",
+            "{\"AUD\":\"Australian Dollar\",\"X\":[\"x\"]}",
+            "{\"AUD\":\"Australian Dollar\",\"X\":null}",
+            "{\"AUD\":\"Australian Dollar\",\"X\":.5}",
+            "{\"A\tUD\":\"Australian Dollar\"}",
+            "{\"AUD\":\"Australian Dollar\\a\"}",
+        };
+        for (const QByteArray &bytes : pages) {
+            QList<CatalogueEntry> entries;
+            QCOMPARE(read(bytes, &entries), 0);
+            QVERIFY2(entries.isEmpty(), bytes.constData());
+        }
+    }
+
+    void jsonCatalogueInLatin1IsRead()
+    {
+        QList<CatalogueEntry> entries;
+        QCOMPARE(read("{\"ISK\":\"Isl\xe4ndische Krone\"}", &entries), 0);
+        QCOMPARE(rows(entries), (QStringList{QString::fromUtf8("ISK|Isl\u00e4ndische Krone")}));
+    }
+
     void aBoxLineWinsOverJson()
     {
         QList<CatalogueEntry> entries;

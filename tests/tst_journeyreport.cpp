@@ -242,6 +242,32 @@ private slots:
         QVERIFY(html.endsWith(QStringLiteral("</html>\n")));
     }
 
+    void aFigureThatRoundsToNothingShowsNoMinusSign()
+    {
+        WayFernData doc;
+        QVERIFY(readJourneyJustBelowNothing(doc));
+        const JourneyReport r = JourneyReport::fromJourney(doc, QString());
+        QCOMPARE(r.totalText, QStringLiteral("0.00"));
+        QCOMPARE(r.perDayText, QStringLiteral("0.00"));
+        QCOMPARE(r.totalLine(), QStringLiteral("Total: 0.00 EUR in 4 costs"));
+        QCOMPARE(r.perDayLine(), QStringLiteral("Per day: 0.00 EUR"));
+        QCOMPARE(barTexts(r.categories), QStringList({"Food=0.00", "Hotel=0.00", "Train=0.00"}));
+        QCOMPARE(r.costs.at(0).comment, QStringLiteral("First night"));
+        QCOMPARE(r.costs.at(0).foreign, QStringLiteral("0.00 EUR"));
+        QCOMPARE(r.costs.at(0).baseValue, QStringLiteral("0.00"));
+        QCOMPARE(r.travellers.at(2).balance, 0);
+        QCOMPARE(JourneyReport::centsText(r.travellers.at(2).balance), QStringLiteral("0.00"));
+        QCOMPARE(JourneyReport::centsText(r.travellers.at(2).paidIn), QStringLiteral("0.00"));
+        const QString html = r.html();
+        QVERIFY(html.contains(QStringLiteral("Total: 0.00 EUR in 4 costs")));
+        QVERIFY(html.contains(QStringLiteral("<tr><td>Hotel</td><td class=\"bars\"><div "
+                                             "class=\"bar\" style=\"width: 0.0%\"></div></td>"
+                                             "<td class=\"num\">0.00</td></tr>")));
+        QVERIFY(html.contains(QStringLiteral("<td>First night</td><td class=\"num\">0.00 EUR"
+                                             "</td><td class=\"num\">0.00</td>")));
+        QVERIFY2(!html.contains(QStringLiteral("-0.00")), qPrintable(html));
+    }
+
     void markupInACommentIsEscaped()
     {
         WayFernData doc;

@@ -77,10 +77,18 @@ private slots:
     void unreadableFileIsNoPage();
     void serviceAnswerGivesRate();
     void jsonWithoutRequestedCodeGivesNoRate();
+    void jsonCodeOutsideTheRatesObjectGivesNoRate();
     void jsonMalformedNumberGivesNoRate_data();
     void jsonMalformedNumberGivesNoRate();
     void jsonRateKeyIsReadWithoutRatesObject();
     void jsonWithBlanksAndSeveralCodes();
+    void jsonRatesObjectHoldingObjectsStillGivesTheCode();
+    void jsonEscapedNamesAreTheirCharacters();
+    void jsonCodeGivenTwiceCountsWithItsLastValue();
+    void jsonAnswerInsideAnotherObjectIsFoundNearestToTheTopFirst();
+    void jsonAnswerThatIsNoJsonAnywhereGivesNoRate_data();
+    void jsonAnswerThatIsNoJsonAnywhereGivesNoRate();
+    void jsonAnswerInLatin1OrWithByteOrderMarkIsRead();
     void triggerLineWinsOverJson();
     void hugePageIsReadOnlyUpToLimit();
     void tenMegabyteLineIsReadWhole();
@@ -295,6 +303,19 @@ void TestRatePage::jsonWithoutRequestedCodeGivesNoRate()
     QCOMPARE(RatePage::readJsonRate(R"({"message":"not found"})", QStringLiteral("NOK")), -1.0);
 }
 
+void TestRatePage::jsonCodeOutsideTheRatesObjectGivesNoRate()
+{
+    // The code behind the rates object, or in an object beside it, is no rate of that code.
+    const QByteArray behind = R"({"rates":{"CZK":1},"NOK":5})";
+    QCOMPARE(RatePage::readJsonRate(behind, QStringLiteral("NOK")), -1.0);
+    QCOMPARE(RatePage::readRateFile(write(behind), QStringLiteral("NOK")), -1.0);
+    QCOMPARE(RatePage::readJsonRate(behind, QStringLiteral("CZK")), 1.0);
+    const QByteArray beside = R"({"rates":{"CZK":1},"other":{"NOK":5}})";
+    QCOMPARE(RatePage::readJsonRate(beside, QStringLiteral("NOK")), -1.0);
+    const QByteArray before = R"({"NOK":5,"rates":{"CZK":1}})";
+    QCOMPARE(RatePage::readJsonRate(before, QStringLiteral("NOK")), -1.0);
+}
+
 void TestRatePage::jsonMalformedNumberGivesNoRate_data()
 {
     QTest::addColumn<QByteArray>("answer");
@@ -307,6 +328,12 @@ void TestRatePage::jsonMalformedNumberGivesNoRate_data()
     QTest::newRow("null") << QByteArray(R"({"rates":{"NOK":null}})");
     QTest::newRow("too large") << QByteArray(R"({"rates":{"NOK":1e999}})");
     QTest::newRow("point without digits") << QByteArray(R"({"rates":{"NOK":11.}})");
+    QTest::newRow("leading zero") << QByteArray(R"({"rates":{"NOK":011.45}})");
+    QTest::newRow("leading zeros") << QByteArray(R"({"rates":{"NOK":00}})");
+    QTest::newRow("point without digits in front") << QByteArray(R"({"rates":{"NOK":.5}})");
+    QTest::newRow("minus and point") << QByteArray(R"({"rates":{"NOK":-.5}})");
+    QTest::newRow("point before exponent") << QByteArray(R"({"rates":{"NOK":1.e1}})");
+    QTest::newRow("negative leading zero") << QByteArray(R"({"rates":{"NOK":-02.5}})");
     QTest::newRow("rate key malformed") << QByteArray(R"({"rate":"zero"})");
 }
 
@@ -336,6 +363,87 @@ void TestRatePage::jsonWithBlanksAndSeveralCodes()
     QCOMPARE(RatePage::readJsonRate(answer, QStringLiteral("NOK")), 11.445);
     QCOMPARE(RatePage::readJsonRate(answer, QStringLiteral("PLN")), 4.2551);
     QCOMPARE(RatePage::readJsonRate(answer, QStringLiteral("EUR")), -1.0);
+}
+
+void TestRatePage::jsonRatesObjectHoldingObjectsStillGivesTheCode()
+{
+    const QByteArray answer = R"({"rates":{"CZK":{"buy":24.1,"sell":24.5},"NOK":11.45}})";
+    QCOMPARE(RatePage::readJsonRate(answer, QStringLiteral("NOK")), 11.45);
+    // The code's value is an object, not a number.
+    QCOMPARE(RatePage::readJsonRate(answer, QStringLiteral("CZK")), -1.0);
+}
+
+void TestRatePage::jsonEscapedNamesAreTheirCharacters()
+{
+    QCOMPARE(RatePage::readJsonRate(R"({"rates":{"N\u004fK":11.45}})", QStringLiteral("NOK")),
+             11.45);
+    QCOMPARE(RatePage::readJsonRate(R"({"r\u0061tes":{"NOK":7}})", QStringLiteral("NOK")), 7.0);
+    QCOMPARE(RatePage::readJsonRate(R"({"rat\u0065":2.5})", QStringLiteral("NOK")), 2.5);
+    // A name with a quote in it is that name, and no other.
+    const QByteArray quoted = "{\"rates\":{\"NOK\\\"\":3,\"NOK\":4}}";
+    QCOMPARE(RatePage::readJsonRate(quoted, QStringLiteral("NOK")), 4.0);
+}
+
+void TestRatePage::jsonCodeGivenTwiceCountsWithItsLastValue()
+{
+    // As JSON readers commonly take it: the later value replaces the earlier one.
+    QCOMPARE(RatePage::readJsonRate(R"({"rates":{"NOK":1,"NOK":2}})", QStringLiteral("NOK")), 2.0);
+    QCOMPARE(RatePage::readJsonRate(R"({"rates":{"NOK":"x","NOK":2}})", QStringLiteral("NOK")),
+             2.0);
+    QCOMPARE(RatePage::readJsonRate(R"({"rates":{"NOK":2,"NOK":null}})", QStringLiteral("NOK")),
+             -1.0);
+    QCOMPARE(
+        RatePage::readJsonRate(R"({"rates":{"CZK":1},"rates":{"NOK":2}})", QStringLiteral("NOK")),
+        2.0);
+}
+
+void TestRatePage::jsonAnswerInsideAnotherObjectIsFoundNearestToTheTopFirst()
+{
+    const QString nok = QStringLiteral("NOK");
+    QCOMPARE(RatePage::readJsonRate(R"({"data":{"rates":{"NOK":4}}})", nok), 4.0);
+    QCOMPARE(RatePage::readJsonRate(R"({"query":{"to":"NOK"},"info":{"rate":1.2}})", nok), 1.2);
+    QCOMPARE(RatePage::readJsonRate(R"({"data":[{"base":"EUR"},{"rate":3}]})", nok), 3.0);
+    QCOMPARE(RatePage::readJsonRate(R"({"a":{"rate":2},"rate":1})", nok), 1.0);
+    QCOMPARE(RatePage::readJsonRate(R"({"a":{"rates":{"NOK":2}},"rates":{"NOK":1}})", nok), 1.0);
+    // A code in a rates object wins over a rate nearer to the top.
+    QCOMPARE(RatePage::readJsonRate(R"({"rate":1,"a":{"rates":{"NOK":2}}})", nok), 2.0);
+    // The first rates object decides: without the code there, a rate key or nothing.
+    QCOMPARE(RatePage::readJsonRate(R"({"rates":{"CZK":1},"a":{"rates":{"NOK":2}}})", nok), -1.0);
+    QCOMPARE(RatePage::readJsonRate(R"({"rates":{"CZK":1},"a":{"rate":5}})", nok), 5.0);
+}
+
+void TestRatePage::jsonAnswerThatIsNoJsonAnywhereGivesNoRate_data()
+{
+    // The rate itself stands well in each; the page around it is no JSON answer.
+    QTest::addColumn<QByteArray>("answer");
+    QTest::newRow("cut off") << QByteArray(R"({"rates":{"NOK":11.45})");
+    QTest::newRow("text behind") << QByteArray(R"({"rates":{"NOK":11.45}} and more)");
+    QTest::newRow("second object") << QByteArray(R"({"rates":{"NOK":11.45}}{})");
+    QTest::newRow("text in front") << QByteArray(R"(rates: {"rates":{"NOK":11.45}})");
+    QTest::newRow("unknown escape") << QByteArray(R"({"note":"\x","rates":{"NOK":11.45}})");
+    QTest::newRow("line break in a text")
+        << QByteArray("{\"note\":\"a\nb\",\"rates\":{\"NOK\":11.45}}");
+    QTest::newRow("loose number elsewhere") << QByteArray(R"({"amount":1.,"rates":{"NOK":11.45}})");
+    QTest::newRow("trailing comma") << QByteArray(R"({"rates":{"NOK":11.45,}})");
+    QTest::newRow("array") << QByteArray(R"([{"rates":{"NOK":11.45}}])");
+    QTest::newRow("html") << QByteArray(R"(<p>{"rates":{"NOK":11.45}}</p>)");
+}
+
+void TestRatePage::jsonAnswerThatIsNoJsonAnywhereGivesNoRate()
+{
+    QFETCH(QByteArray, answer);
+    QCOMPARE(RatePage::readJsonRate(answer, QStringLiteral("NOK")), -1.0);
+    QCOMPARE(RatePage::readRateFile(write(answer), QStringLiteral("NOK")), -1.0);
+}
+
+void TestRatePage::jsonAnswerInLatin1OrWithByteOrderMarkIsRead()
+{
+    const QByteArray latin1 = "{\"note\":\"Kr\xf3na\",\"rates\":{\"ISK\":146.2}}";
+    QCOMPARE(RatePage::readRateFile(write(latin1), QStringLiteral("ISK")), 146.2);
+    const QByteArray marked = "\xef\xbb\xbf\r\n" + serviceAnswer + "\r\n";
+    QCOMPARE(RatePage::readRateFile(write(marked), QStringLiteral("NOK")), 11.45);
+    const QByteArray utf8 = "{\"note\":\"Kr\xc3\xb3na\",\"rates\":{\"ISK\":146.2}}";
+    QCOMPARE(RatePage::readJsonRate(utf8, QStringLiteral("ISK")), 146.2);
 }
 
 void TestRatePage::triggerLineWinsOverJson()

@@ -132,6 +132,30 @@ private slots:
         QVERIFY(text.contains(QStringLiteral("05.06.2002 F 10.00, shares 9.00")));
     }
 
+    void aFigureThatRoundsToNothingIsPrintedWithoutMinusSign()
+    {
+        WayFernData doc;
+        QVERIFY(readJourneyJustBelowNothing(doc));
+        const JourneyReport report = JourneyReport::fromJourney(doc, QStringLiteral("alpine.wfn"));
+        QTemporaryDir dir;
+        const QString pdf = dir.filePath(QStringLiteral("alpine.pdf"));
+        QString problem;
+        QVERIFY2(ReportWriter::write(report, pdf, &problem), qPrintable(problem));
+        QString error;
+        const QString text = pdfText(pdf, &error);
+        QVERIFY2(error.isEmpty(), qPrintable(error));
+        QVERIFY(text.contains(QStringLiteral("Total: 0.00 EUR in 4 costs")));
+        QVERIFY(text.contains(QStringLiteral("Per day: 0.00 EUR")));
+        // The hotel's bar and its cost row.
+        QCOMPARE(linesWith(text, {QStringLiteral("Hotel"), QStringLiteral("0.00")}).size(), 2);
+        QCOMPARE(linesWith(text,
+                           {QStringLiteral("01.06.2002"), QStringLiteral("First night"),
+                            QStringLiteral("0.00 EUR")})
+                     .size(),
+                 1);
+        QVERIFY2(!text.contains(QStringLiteral("-0.00")), qPrintable(text));
+    }
+
     void theHtmlPageIsWrittenBesideThePdf()
     {
         WayFernData doc;

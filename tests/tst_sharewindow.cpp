@@ -472,6 +472,63 @@ private slots:
                  savedLine("[CD_0]", "12.06.2002", 1, "25.00", "-30.0000"));
     }
 
+    void aSharedCostWhoseDateAloneChangesTakesItsAccountLinesToTheNewDate()
+    {
+        // 90.00 shared by three, 30.00 each; CD has a deposit of another date as well.
+        Window w(journey({cost("12.06.2002", "Food", "90.00", "Boat", 1)},
+                         {{"AB", "Berg", "Anna", {share("12.06.2002", 1, "33.30", "-30.0000")}},
+                          {"CD",
+                           "Dahl",
+                           "Carl",
+                           {line("01.06.2002", "deposit", -2, "100.00", "50.0000"),
+                            share("12.06.2002", 1, "33.30", "-30.0000")}},
+                          {"EF", "Falk", "Eva", {share("12.06.2002", 1, "33.30", "-30.0000")}}}));
+        QVERIFY(QTest::qWaitForWindowExposed(w.app.get()));
+        QVERIFY(!w.doc()->isModified());
+
+        QString header;
+        QStringList rows;
+        ModalTicket calendar, pay;
+        ModalTicket costs = changeCost(w, 0, [&](costsEdit *ed, ModalOutcome &out) {
+            tapRow(ed, "date", out);
+            calendar = ModalHelper::pickDateInNextCalendar(QDate(2002, 6, 14));
+            ed->ToolButton->click();
+            if (contentOf(ed->ListView, "date") != QLatin1String("14.06.2002"))
+                out.error += QStringLiteral("date row not 14.06.2002; ");
+            pay = inNextShareDialog(header, rows, [](userPayEdit *p, ModalOutcome &o) {
+                if (p->TextLabel->text() != QLatin1String("14.06.2002"))
+                    o.error += QStringLiteral("share dialog dated %1; ").arg(p->TextLabel->text());
+            });
+            ed->OkButton->click();
+        });
+        QVERIFY2(costs->handled && costs->error.isEmpty(), qPrintable(costs->error));
+        QVERIFY2(calendar && calendar->handled, calendar ? qPrintable(calendar->error) : "");
+        QVERIFY2(pay && pay->handled && pay->error.isEmpty(), pay ? qPrintable(pay->error) : "");
+        // The amount is untouched, so are the shares.
+        QCOMPARE(rows,
+                 (QStringList{"x|AB|33.3|-30.00|", "x|CD|33.3|-30.00|", "x|EF|33.3|-30.00|"}));
+
+        QCOMPARE(w.doc()->costs.at(0)->date, QStringLiteral("14.06.2002"));
+        for (int user = 0; user < 3; ++user) {
+            const KtoData *l = w.doc()->users.at(user)->findKto(1);
+            QVERIFY(l);
+            QCOMPARE(l->date, QStringLiteral("14.06.2002"));
+            QCOMPARE(l->change, -30.0);
+        }
+        // A line of another kind keeps its date.
+        QCOMPARE(w.doc()->users.at(1)->findKto(-2)->date, QStringLiteral("01.06.2002"));
+        QVERIFY(w.doc()->isModified());
+
+        w.app->fileSave->trigger();
+        const QStringList saved = savedLines(w.path());
+        QVERIFY(saved.contains(QStringLiteral("DATE=14.06.2002;")));
+        QVERIFY(!saved.contains(QStringLiteral("DATE=12.06.2002;")));
+        QCOMPARE(linesFrom(saved, QStringLiteral("[AB_0]"), 6),
+                 savedLine("[AB_0]", "14.06.2002", 1, "33.30", "-30.0000"));
+        QCOMPARE(linesFrom(saved, QStringLiteral("[EF_0]"), 6),
+                 savedLine("[EF_0]", "14.06.2002", 1, "33.30", "-30.0000"));
+    }
+
     void deletingATravellerNamesWhatLeavesDividesHisSharesAndQuitAsksToSave()
     {
         Window w(journey({cost("12.06.2002", "Hotel", "90.00", "Inn", 1),

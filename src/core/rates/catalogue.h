@@ -23,9 +23,10 @@ struct CatalogueEntry
 // where the entry in hand is not listed. What was read before the end stays in `entries`.
 //
 // A page without such a line may be the JSON answer of today's services, an object of codes
-// and names ({"AUD":"Australian Dollar",...}); it is listed in the object's order and gives
-// 0. Anything else, such as an object with a value that is not a text (a rate answer, say),
-// lists nothing and gives 0 as well: the page holds no catalogue.
+// and names ({"AUD":"Australian Dollar",...}); it is listed in the order of the codes, a code
+// given twice once with its last name, and gives 0. Anything else, such as an object with a
+// value that is not a text (a rate answer, say), lists nothing and gives 0 as well: the page
+// holds no catalogue.
 //
 // Results: 0 normal end, -1 the page cannot be opened, -2 the box breaks off.
 namespace Catalogue {

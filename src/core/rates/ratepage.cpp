@@ -1,8 +1,13 @@
 #include "rates/ratepage.h"
 
+#include "rates/jsonpage.h"
 #include "storage/printline.h"
 
 #include <QFile>
+#include <QJsonArray>
+#include <QJsonObject>
+#include <QJsonValue>
+#include <QList>
 #include <QStringView>
 
 #include <cmath>
@@ -12,81 +17,36 @@ namespace {
 
 const QByteArray triggerWords = QByteArrayLiteral("Exchange Rate");
 
-bool isJsonSpace(char c)
+// The number of a rate: a finite JSON number, else -1.0.
+double rateNumber(const QJsonValue &value)
 {
-    return c == ' ' || c == '\t' || c == '\n' || c == '\r';
-}
-
-int skipSpace(const QByteArray &text, int pos)
-{
-    while (pos < text.size() && isJsonSpace(text.at(pos)))
-        ++pos;
-    return pos;
-}
-
-bool isDigit(char c)
-{
-    return c >= '0' && c <= '9';
-}
-
-// A JSON number starting at `pos` (after blanks), which must end at a blank, ",", "}", "]"
-// or the end of the text. Anything else, or a number too large for a double, is -1.0.
-double jsonNumberAt(const QByteArray &text, int pos)
-{
-    const int size = text.size();
-    pos = skipSpace(text, pos);
-    const int start = pos;
-    if (pos < size && text.at(pos) == '-')
-        ++pos;
-    if (pos >= size || !isDigit(text.at(pos)))
+    if (!value.isDouble())
         return -1.0;
-    if (text.at(pos) == '0') {
-        ++pos;
-    } else {
-        while (pos < size && isDigit(text.at(pos)))
-            ++pos;
-    }
-    if (pos < size && text.at(pos) == '.') {
-        ++pos;
-        if (pos >= size || !isDigit(text.at(pos)))
-            return -1.0;
-        while (pos < size && isDigit(text.at(pos)))
-            ++pos;
-    }
-    if (pos < size && (text.at(pos) == 'e' || text.at(pos) == 'E')) {
-        ++pos;
-        if (pos < size && (text.at(pos) == '+' || text.at(pos) == '-'))
-            ++pos;
-        if (pos >= size || !isDigit(text.at(pos)))
-            return -1.0;
-        while (pos < size && isDigit(text.at(pos)))
-            ++pos;
-    }
-    if (pos < size) {
-        const char next = text.at(pos);
-        if (!isJsonSpace(next) && next != ',' && next != '}' && next != ']')
-            return -1.0;
-    }
-    bool ok = false;
-    const double value = text.mid(start, pos - start).toDouble(&ok);
-    if (!ok || !std::isfinite(value))
-        return -1.0;
-    return value;
+    const double rate = value.toDouble();
+    return std::isfinite(rate) ? rate : -1.0;
 }
 
-// Position behind `"key"` followed by blanks and ":" within [from, to), or -1.
-int valueBehindKey(const QByteArray &text, const QByteArray &quotedKey, int from, int to)
+// Every object of the answer, the answer first, then the objects inside it level by level
+// (objects in arrays too), so that the one nearest to the top comes first.
+QList<QJsonObject> objectsByLevel(const QJsonObject &answer)
 {
-    int at = from;
-    while (true) {
-        at = text.indexOf(quotedKey, at);
-        if (at < 0 || at + quotedKey.size() > to)
-            return -1;
-        const int colon = skipSpace(text, at + quotedKey.size());
-        if (colon < to && text.at(colon) == ':')
-            return colon + 1;
-        at += quotedKey.size();
+    QList<QJsonObject> objects{answer};
+    QList<QJsonValue> values;
+    for (qsizetype next = 0; next < objects.size(); ++next) {
+        for (const QJsonValue &value : objects.at(next))
+            values.append(value);
+        // Arrays are opened in the same pass; their objects join the level behind.
+        for (qsizetype v = 0; v < values.size(); ++v) {
+            const QJsonValue value = values.at(v);
+            if (value.isObject())
+                objects.append(value.toObject());
+            else if (value.isArray())
+                for (const QJsonValue &item : value.toArray())
+                    values.append(item);
+        }
+        values.clear();
     }
+    return objects;
 }
 
 } // namespace
@@ -199,28 +159,26 @@ double rateFromTrigger(const QString &trigger)
 
 double readJsonRate(const QByteArray &page, const QString &to)
 {
-    const QByteArray ratesKey = QByteArrayLiteral("\"rates\"");
-    int at = 0;
-    while (true) {
-        const int value = valueBehindKey(page, ratesKey, at, page.size());
-        if (value < 0)
-            break;
-        const int open = skipSpace(page, value);
-        if (open < page.size() && page.at(open) == '{') {
-            int close = page.indexOf('}', open);
-            if (close < 0)
-                close = page.size();
-            const QByteArray key = '"' + to.toUtf8() + '"';
-            const int number = valueBehindKey(page, key, open + 1, close);
-            if (number >= 0)
-                return jsonNumberAt(page, number);
-            break;
-        }
-        at = value;
+    QJsonObject answer;
+    if (!JsonPage::readObject(page, &answer))
+        return -1.0;
+    const QList<QJsonObject> objects = objectsByLevel(answer);
+    // The first "rates" object decides: it holds the code, or the answer has no such table.
+    for (const QJsonObject &object : objects) {
+        const QJsonValue rates = object.value(QLatin1String("rates"));
+        if (!rates.isObject())
+            continue;
+        const QJsonObject table = rates.toObject();
+        const auto found = table.constFind(to);
+        if (found != table.constEnd())
+            return rateNumber(found.value());
+        break;
     }
-    const int number = valueBehindKey(page, QByteArrayLiteral("\"rate\""), 0, page.size());
-    if (number >= 0)
-        return jsonNumberAt(page, number);
+    for (const QJsonObject &object : objects) {
+        const auto found = object.constFind(QLatin1String("rate"));
+        if (found != object.constEnd())
+            return rateNumber(found.value());
+    }
     return -1.0;
 }
 

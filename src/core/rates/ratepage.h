@@ -3,9 +3,9 @@
 #include <QByteArray>
 #include <QString>
 
-// Reading an exchange rate out of a downloaded page by plain text search. Two kinds of page
-// are understood: the HTML page with a rate table (its line holds "Exchange Rate" behind a
-// "<table>" tag) and, where no such line stands, a JSON answer of a rate service.
+// Reading an exchange rate out of a downloaded page. Two kinds of page are understood: the
+// HTML page with a rate table (its line holds "Exchange Rate" behind a "<table>" tag), read
+// by plain text search, and, where no such line stands, a JSON answer of a rate service.
 namespace RatePage {
 
 // Only this much of a page is ever read. A rate answer is a few hundred bytes and the old
@@ -35,8 +35,11 @@ double readCell(const QString &trigger, int n);
 // -1.0; a line with column figure 0 gives -1.0; else the cell.
 double rateFromTrigger(const QString &trigger);
 
-// The rate in a JSON answer: the number behind "TO": inside "rates":{...}, or else behind
-// "rate":. Missing or malformed: -1.0.
+// The rate in a JSON answer: the number of the code `to` in a "rates" object, or else the
+// number of "rate". Both are looked for in the answer itself first and then in the objects
+// inside it, nearest to the top first; the first "rates" object decides whether the code is
+// there. A name given twice in one object counts with its last value. Missing, no number,
+// or a page that is no JSON object: -1.0.
 double readJsonRate(const QByteArray &page, const QString &to);
 
 // The whole reading of a page file for currency `to`: the table rule when the page holds a

@@ -16,13 +16,21 @@ namespace {
 constexpr int DepositLine = -2;
 constexpr int PayOffLine = -3;
 
+// A rest that rounds to nothing is written without a sign: "-0.00" is "0.00".
+QString unsignedNothing(QString text)
+{
+    if (!text.startsWith(QLatin1Char('-')) || text.size() < 2)
+        return text;
+    for (qsizetype i = 1; i < text.size(); ++i)
+        if (text.at(i) != QLatin1Char('0') && text.at(i) != QLatin1Char('.'))
+            return text;
+    text.remove(0, 1);
+    return text;
+}
+
 QString money(double value)
 {
-    QString text = QString::asprintf("%.2f", value);
-    // A rest that rounds to nothing is written without a sign.
-    if (text == QLatin1String("-0.00"))
-        text.remove(0, 1);
-    return text;
+    return unsignedNothing(QString::asprintf("%.2f", value));
 }
 
 QString esc(const QString &text)
@@ -54,8 +62,9 @@ JourneyReport JourneyReport::fromJourney(const WayFernData &doc, const QString &
     if (r.title.isEmpty())
         r.title = tr("Journey");
     r.currency = doc.basecurrency;
-    r.totalText = doc.totaltext.isEmpty() ? money(doc.total) : doc.totaltext;
-    r.perDayText = doc.perdaytext.isEmpty() ? money(doc.perday) : doc.perdaytext;
+    // The journey's own texts, as the overview shows them, but never "-0.00".
+    r.totalText = doc.totaltext.isEmpty() ? money(doc.total) : unsignedNothing(doc.totaltext);
+    r.perDayText = doc.perdaytext.isEmpty() ? money(doc.perday) : unsignedNothing(doc.perdaytext);
 
     const CostsData *first = doc.costs.first();
     const CostsData *last = doc.costs.last();
