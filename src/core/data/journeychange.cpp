@@ -261,24 +261,24 @@ bool operator==(const JourneyChange::Head &a, const JourneyChange::Head &b)
         && a.distancetype == b.distancetype && a.userflag == b.userflag;
 }
 
-std::vector<std::pair<int, CostsData>> costsOf(const WayFernData &doc, const std::vector<int> &ids)
+// The scope's costs where they stand, and the flags of every cost, in one pass over the
+// costs: on a long journey the pass costs more than all that it collects.
+std::vector<std::pair<int, CostsData>> costsOf(const WayFernData &doc, const std::vector<int> &ids,
+                                               std::vector<bool> &flags)
 {
     std::vector<std::pair<int, CostsData>> costs;
+    flags.clear();
     if (ids.empty())
         return costs;
-    for (int i = 0; i < doc.costs.count(); ++i)
-        if (touches(ids, doc.costs.at(i)->id))
-            costs.emplace_back(i, kept(*doc.costs.at(i)));
-    return costs;
-}
-
-std::vector<bool> sharedOf(const WayFernData &doc)
-{
-    std::vector<bool> flags;
     flags.reserve(size_t(doc.costs.count()));
-    for (const CostsData *cost : doc.costs)
+    int i = 0;
+    for (const CostsData *cost : doc.costs) {
         flags.push_back(cost->shared);
-    return flags;
+        if (touches(ids, cost->id))
+            costs.emplace_back(i, kept(*cost));
+        ++i;
+    }
+    return costs;
 }
 
 } // namespace
@@ -299,9 +299,7 @@ std::unique_ptr<JourneySnapshot> JourneyChange::capture(const WayFernData &doc,
     snapshot->ttypes = copyList(doc.ttypes);
     snapshot->qtypes = copyList(doc.qtypes);
     snapshot->tips = copyList(doc.tips);
-    snapshot->costs = costsOf(doc, scope.costIds);
-    if (!scope.costIds.empty())
-        snapshot->shared = sharedOf(doc);
+    snapshot->costs = costsOf(doc, scope.costIds, snapshot->shared);
     if (scope.accounts) {
         snapshot->users = copyList(doc.users);
     } else {
@@ -328,7 +326,8 @@ JourneyChange JourneyChange::since(const JourneySnapshot &before, const WayFernD
     change.tips = stretch(before.tips, doc.tips);
 
     const std::vector<int> &ids = before.scope.costIds;
-    std::vector<std::pair<int, CostsData>> costsNow = costsOf(doc, ids);
+    std::vector<bool> flagsNow;
+    std::vector<std::pair<int, CostsData>> costsNow = costsOf(doc, ids, flagsNow);
     if (!samePlaced(before.costs, costsNow)) {
         change.costs.before = before.costs;
         change.costs.after = std::move(costsNow);
@@ -345,7 +344,6 @@ JourneyChange JourneyChange::since(const JourneySnapshot &before, const WayFernD
             from = std::min(from, at);
             lastAfter = std::max(lastAfter, at);
         }
-        const std::vector<bool> flagsNow = sharedOf(doc);
         const int nb = int(before.shared.size());
         const int na = int(flagsNow.size());
         int endBefore = nb;
