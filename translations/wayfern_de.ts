@@ -649,6 +649,13 @@ Währungen.</translation>
     </message>
 </context>
 <context>
+    <name>JourneyUndo</name>
+    <message>
+        <source>sort by date</source>
+        <translation>nach Datum sortieren</translation>
+    </message>
+</context>
+<context>
     <name>MainDlg1</name>
     <message>
         <source>WayFern</source>
@@ -2170,6 +2177,42 @@ Die nicht gespeicherten Änderungen an %1 vom %2 wiederherstellen?</translation>
         <source>CSV written: %1 and %2</source>
         <translation>CSV geschrieben: %1 und %2</translation>
     </message>
+    <message>
+        <source>Undo</source>
+        <translation>Rückgängig</translation>
+    </message>
+    <message>
+        <source>Ctrl+Z</source>
+        <translation>Ctrl+Z</translation>
+    </message>
+    <message>
+        <source>Takes the last change back</source>
+        <translation>Nimmt die letzte Änderung zurück</translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation>Wiederherstellen</translation>
+    </message>
+    <message>
+        <source>Ctrl+Shift+Z</source>
+        <translation>Ctrl+Shift+Z</translation>
+    </message>
+    <message>
+        <source>Ctrl+Y</source>
+        <translation>Ctrl+Y</translation>
+    </message>
+    <message>
+        <source>Makes the change taken back again</source>
+        <translation>Stellt die zurückgenommene Änderung wieder her</translation>
+    </message>
+    <message>
+        <source>Undo: %1</source>
+        <translation>Rückgängig: %1</translation>
+    </message>
+    <message>
+        <source>Redo: %1</source>
+        <translation>Wiederherstellen: %1</translation>
+    </message>
 </context>
 <context>
     <name>WayfernView</name>
@@ -2228,6 +2271,50 @@ Die nicht gespeicherten Änderungen an %1 vom %2 wiederherstellen?</translation>
     <message>
         <source>Delete item</source>
         <translation>Eintrag löschen</translation>
+    </message>
+    <message>
+        <source>base settings</source>
+        <translation>Grunddaten</translation>
+    </message>
+    <message>
+        <source>currencies and rates</source>
+        <translation>Währungen und Kurse</translation>
+    </message>
+    <message>
+        <source>book the settle-up plan</source>
+        <translation>Ausgleichsplan buchen</translation>
+    </message>
+    <message>
+        <source>new cost %1</source>
+        <translation>neuer Kostenpunkt %1</translation>
+    </message>
+    <message>
+        <source>change cost %1</source>
+        <translation>Kostenpunkt ändern %1</translation>
+    </message>
+    <message>
+        <source>delete cost %1</source>
+        <translation>Kostenpunkt löschen %1</translation>
+    </message>
+    <message>
+        <source>paste cost %1</source>
+        <translation>Kostenpunkt einfügen %1</translation>
+    </message>
+    <message>
+        <source>new tip %1</source>
+        <translation>neuer Tipp %1</translation>
+    </message>
+    <message>
+        <source>change tip %1</source>
+        <translation>Tipp ändern %1</translation>
+    </message>
+    <message>
+        <source>delete tip %1</source>
+        <translation>Tipp löschen %1</translation>
+    </message>
+    <message>
+        <source>paste tip %1</source>
+        <translation>Tipp einfügen %1</translation>
     </message>
 </context>
 <context>
@@ -2692,6 +2779,26 @@ Eigene Felder können verloren gehen!</translation>
     <message>
         <source>and %1 more</source>
         <translation>und %1 weitere</translation>
+    </message>
+    <message>
+        <source>new traveller %1</source>
+        <translation>neuer Reisender %1</translation>
+    </message>
+    <message>
+        <source>change traveller %1</source>
+        <translation>Reisenden ändern %1</translation>
+    </message>
+    <message>
+        <source>delete traveller %1</source>
+        <translation>Reisenden löschen %1</translation>
+    </message>
+    <message>
+        <source>deposit of %1</source>
+        <translation>Einzahlung von %1</translation>
+    </message>
+    <message>
+        <source>pay-off of %1</source>
+        <translation>Auszahlung an %1</translation>
     </message>
 </context>
 <context>
