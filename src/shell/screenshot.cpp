@@ -13,12 +13,14 @@
 #include "editors/userpayedit.h"
 #include "rates/currsync.h"
 #include "rates/synclistedit.h"
+#include "shell/journeyrecovery.h"
 #include "shell/translationloader.h"
 #include "shell/wayfernapp.h"
 #include "shell/wayfernview.h"
 
 #include <QApplication>
 #include <QDir>
+#include <QCursor>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
@@ -33,12 +35,15 @@
 #include <QTcpSocket>
 #include <QTemporaryDir>
 #include <QTimer>
+#include <QToolBar>
+#include <QToolTip>
 #include <QToolButton>
 #include <QTreeWidget>
 #include <QWindow>
 
 #include <cstdio>
 #include <functional>
+#include <memory>
 
 // Pictures of the main window and of its dialogs for the documentation, taken as a user
 // sees them: every dialog opens through the window's own buttons and actions or through
@@ -479,6 +484,58 @@ void answerNextBox(QObject *context, QMessageBox::StandardButton button)
         });
 }
 
+// The undo button's tool tip after a cost was deleted; the deletion is then undone.
+void shootUndoTip(WayfernApp &window)
+{
+    WayfernView *view = window.view;
+    view->TabWidget2->setCurrentIndex(1);
+    QTreeWidgetItem *row = view->CostsListView->topLevelItem(1);
+    if (!row)
+        return;
+    view->CostsListView->setCurrentItem(row);
+    row->setSelected(true);
+    answerNextBox(&window, QMessageBox::Yes);
+    view->DeleteButton->click();
+    // On a small screen the button may sit behind the toolbar's extension arrow.
+    QWidget *button = window.toolBar->widgetForAction(window.editUndo);
+    QWidget *anchor = button && button->isVisible() ? button : window.toolBar;
+    const QPoint at = anchor == button ? QPoint(0, button->height())
+                                       : QPoint(anchor->width() / 3, anchor->height());
+    settle(&window);
+    // The pointer rests on the button, as when a tip comes up by itself.
+    QCursor::setPos(anchor->mapToGlobal(anchor->rect().center()));
+    QToolTip::showText(anchor->mapToGlobal(at), window.editUndo->toolTip(), anchor);
+    QElapsedTimer shown;
+    shown.start();
+    while (shown.elapsed() < 1500) {
+        QApplication::processEvents(QEventLoop::AllEvents, 50);
+        if (!QToolTip::isVisible())
+            QToolTip::showText(anchor->mapToGlobal(at), window.editUndo->toolTip(), anchor);
+    }
+    fprintf(stderr, "wayfern-screenshot: tool tip shown: %d, %s\n", int(QToolTip::isVisible()),
+            qPrintable(QToolTip::text()));
+    shoot(&window, "undo");
+    QToolTip::hideText();
+    window.editUndo->trigger();
+}
+
+// A second window asked to open the journey that the first one holds: its warning names
+// the process and the host that hold the lock.
+void shootLockMessage(WayfernApp &window)
+{
+    when(
+        &window, "lock message",
+        [] { return qobject_cast<QMessageBox *>(QApplication::activeModalWidget()) != nullptr; },
+        [] {
+            auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+            shoot(box, "journey-locked");
+            if (QAbstractButton *ok = box->button(QMessageBox::Ok))
+                ok->click();
+        });
+    WayfernApp second(nullptr, nullptr, {}, window.fileName);
+    second.doc->setModified(false);
+}
+
 // Settling up through its toolbar action, before and after the plan is booked.
 void shootSettleUp(WayfernApp &window)
 {
@@ -502,6 +559,32 @@ void shootSettleUp(WayfernApp &window)
         });
     });
     window.settleUp->trigger();
+}
+
+// The question at the start when a crash left a recovery file of the journey; the
+// question comes before the window is on the screen, so the picture is the box alone. Yes
+// brings the (same) journey back.
+void shootRecoveryQuestion(const QTemporaryDir &scratch, const QString &journey)
+{
+    const QString name = QFileInfo(journey).fileName();
+    QFile::copy(scratch.filePath(name), JourneyRecovery::pathFor(scratch.path(), name));
+    when(
+        qApp, "recovery question",
+        [] { return qobject_cast<QMessageBox *>(QApplication::activeModalWidget()) != nullptr; },
+        [] {
+            auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+            settle(box);
+            const QString path =
+                outDir + QStringLiteral("/recovery") + suffix + QStringLiteral(".png");
+            if (!box->grab().save(path)) {
+                fprintf(stderr, "wayfern-screenshot: could not save %s\n", qPrintable(path));
+                ++failures;
+            }
+            if (QAbstractButton *yes = box->button(QMessageBox::Yes))
+                yes->click();
+        });
+    WayfernApp window;
+    window.doc->setModified(false);
 }
 
 } // namespace
@@ -531,21 +614,27 @@ int main(int argc, char *argv[])
     }
     QDir().mkpath(outDir);
 
-    WayfernApp window;
-    window.show();
-    maximise(&window);
-    QTimer::singleShot(0, &window, [&] {
-        shootMainWindow(window);
-        shootCostDialogs(window);
-        shootBaseSettings(window);
-        shootUserDialogs(window);
-        shootTipEditor(window);
-        shootCurrencyDialogs(window);
-        shootRedividedShare(window);
-        shootDeleteTraveller(window);
-        shootSettleUp(window);
-        // Nothing of the journey is saved: the window goes without the question.
-        window.doc->setModified(false);
+    auto window = std::make_unique<WayfernApp>();
+    window->show();
+    maximise(window.get());
+    QTimer::singleShot(0, window.get(), [&] {
+        shootMainWindow(*window);
+        shootCostDialogs(*window);
+        shootBaseSettings(*window);
+        shootUserDialogs(*window);
+        shootTipEditor(*window);
+        shootCurrencyDialogs(*window);
+        shootRedividedShare(*window);
+        shootDeleteTraveller(*window);
+        shootUndoTip(*window);
+        shootLockMessage(*window);
+        shootSettleUp(*window);
+        // Nothing of the journey is saved: the window goes without the question, and with
+        // it the lock, so that the next start opens the journey again.
+        window->doc->setModified(false);
+        window.reset();
+        if (argc > 2)
+            shootRecoveryQuestion(scratch, QString::fromLocal8Bit(argv[2]));
         QCoreApplication::exit(failures ? 1 : 0);
     });
     return app.exec();
