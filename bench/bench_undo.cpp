@@ -59,6 +59,8 @@ int main(int argc, char **argv)
 
     QRandomGenerator random(20261124);
     std::vector<JourneyChange> history;
+    // As the window keeps it.
+    AccountIndex lines;
     std::vector<double> record, undo, redo;
     size_t held = 0;
     const long rssBefore = residentKb();
@@ -67,7 +69,7 @@ int main(int argc, char **argv)
         const int id = n % 4 == 2 ? doc.nextCostId() : cost->id;
         QElapsedTimer timer;
         timer.start();
-        auto before = JourneyChange::capture(doc, ChangeScope::costs({id}));
+        auto before = JourneyChange::capture(doc, ChangeScope::costs({id}), &lines);
         double ms = timer.nsecsElapsed() / 1e6;
         switch (n % 4) {
         case 0:

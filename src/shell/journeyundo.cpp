@@ -75,7 +75,7 @@ void JourneyUndo::begin(const ChangeScope &scope)
 {
     if (depth++ > 0)
         return;
-    before = JourneyChange::capture(*doc, scope);
+    before = JourneyChange::capture(*doc, scope, &lines);
 }
 
 void JourneyUndo::end(const QString &text)

@@ -50,4 +50,5 @@ private:
     int depth = 0;
     bool following = true;
     std::unique_ptr<JourneySnapshot> before;
+    AccountIndex lines;
 };

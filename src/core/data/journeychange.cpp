@@ -182,11 +182,18 @@ bool touches(const std::vector<int> &ids, int id)
 }
 
 // The account lines of the scope's costs, where they stand.
-std::vector<std::pair<int, KtoData>> linesOf(const UserData &user, const std::vector<int> &ids)
+std::vector<std::pair<int, KtoData>> linesOf(const WayFernData &doc, int at,
+                                             const std::vector<int> &ids, AccountIndex *index)
 {
     std::vector<std::pair<int, KtoData>> lines;
     if (ids.empty())
         return lines;
+    const UserData &user = *doc.users.at(at);
+    if (index) {
+        for (int i : index->positions(doc, at, ids))
+            lines.emplace_back(i, *user.kto.at(i));
+        return lines;
+    }
     for (int i = 0; i < user.kto.count(); ++i)
         if (touches(ids, user.kto.at(i)->magic))
             lines.emplace_back(i, *user.kto.at(i));
@@ -288,11 +295,40 @@ JourneyChange::~JourneyChange() = default;
 JourneyChange::JourneyChange(JourneyChange &&) noexcept = default;
 JourneyChange &JourneyChange::operator=(JourneyChange &&) noexcept = default;
 
+std::vector<int> AccountIndex::positions(const WayFernData &doc, int user,
+                                         const std::vector<int> &ids)
+{
+    if (journey != &doc || usersGeneration != doc.users.generation()
+        || int(entries.size()) != doc.users.count()) {
+        journey = &doc;
+        usersGeneration = doc.users.generation();
+        entries.assign(size_t(doc.users.count()), Entry());
+    }
+    const UserData *traveller = doc.users.at(user);
+    Entry &entry = entries[size_t(user)];
+    if (entry.user != traveller || entry.generation != traveller->kto.generation()
+        || int(entry.magics.size()) != traveller->kto.count()) {
+        entry.user = traveller;
+        entry.generation = traveller->kto.generation();
+        entry.magics.clear();
+        entry.magics.reserve(size_t(traveller->kto.count()));
+        for (const KtoData *line : traveller->kto)
+            entry.magics.push_back(line->magic);
+    }
+    std::vector<int> found;
+    for (size_t i = 0; i < entry.magics.size(); ++i)
+        if (touches(ids, entry.magics[i]))
+            found.push_back(int(i));
+    return found;
+}
+
 std::unique_ptr<JourneySnapshot> JourneyChange::capture(const WayFernData &doc,
-                                                        const ChangeScope &scope)
+                                                        const ChangeScope &scope,
+                                                        AccountIndex *index)
 {
     auto snapshot = std::make_unique<JourneySnapshot>();
     snapshot->scope = scope;
+    snapshot->index = index;
     snapshot->head = headOf(doc);
     snapshot->currencies = copyList(doc.currencies);
     snapshot->ctypes = copyList(doc.ctypes);
@@ -303,9 +339,9 @@ std::unique_ptr<JourneySnapshot> JourneyChange::capture(const WayFernData &doc,
     if (scope.accounts) {
         snapshot->users = copyList(doc.users);
     } else {
-        for (const UserData *user : doc.users) {
-            snapshot->users.push_back(ownFieldsOf(*user));
-            snapshot->lines.push_back(linesOf(*user, scope.costIds));
+        for (int i = 0; i < doc.users.count(); ++i) {
+            snapshot->users.push_back(ownFieldsOf(*doc.users.at(i)));
+            snapshot->lines.push_back(linesOf(doc, i, scope.costIds, index));
         }
     }
     return snapshot;
@@ -378,7 +414,7 @@ JourneyChange JourneyChange::since(const JourneySnapshot &before, const WayFernD
         if (before.scope.accounts) {
             account.lines = stretch(then.kto, user->kto);
         } else {
-            std::vector<std::pair<int, KtoData>> linesNow = linesOf(*user, ids);
+            std::vector<std::pair<int, KtoData>> linesNow = linesOf(doc, i, ids, before.index);
             if (!samePlaced(before.lines[size_t(i)], linesNow)) {
                 account.lines.before = before.lines[size_t(i)];
                 account.lines.after = std::move(linesNow);

@@ -50,6 +50,30 @@ struct Placed
 
 class JourneySnapshot;
 
+// Where the account lines of a cost stand, without a walk over every line: the magic of
+// each line of each traveller, kept beside the accounts. A traveller's copy counts while his
+// account has neither gained nor lost a line since, and all of them while no traveller came
+// or went; else it is taken again. On a long journey the walk over the lines, one object
+// each, costs more than everything else that a step does.
+class AccountIndex
+{
+public:
+    // The positions in the account of the traveller at `user` of the lines whose magic is
+    // one of `ids`, first to last.
+    std::vector<int> positions(const WayFernData &doc, int user, const std::vector<int> &ids);
+
+private:
+    struct Entry
+    {
+        const UserData *user = nullptr;
+        unsigned long long generation = 0;
+        std::vector<int> magics;
+    };
+    unsigned long long usersGeneration = 0;
+    const WayFernData *journey = nullptr;
+    std::vector<Entry> entries;
+};
+
 // One step of the journey's history: exactly what an action changed, and nothing of what
 // it left alone, so that it can be taken back and done again to the byte. What the
 // refresh recomputes (base values, sums, letters) is not kept.
@@ -61,8 +85,10 @@ public:
     JourneyChange(JourneyChange &&) noexcept;
     JourneyChange &operator=(JourneyChange &&) noexcept;
 
+    // `index`, when given, finds the account lines and must outlive the snapshot.
     static std::unique_ptr<JourneySnapshot> capture(const WayFernData &doc,
-                                                    const ChangeScope &scope);
+                                                    const ChangeScope &scope,
+                                                    AccountIndex *index = nullptr);
     // What changed from `before` to the journey as it is now.
     static JourneyChange since(const JourneySnapshot &before, const WayFernData &doc);
 
@@ -132,4 +158,5 @@ public:
     // the scope's costs.
     std::vector<UserData> users;
     std::vector<std::vector<std::pair<int, KtoData>>> lines;
+    AccountIndex *index = nullptr;
 };
