@@ -106,6 +106,22 @@ private slots:
         QVERIFY(!QFile::exists(recoveryOf(fx)));
     }
 
+    void undoingBackToTheSavedJourneyRemovesTheRecoveryFile()
+    {
+        ShellFixture fx({QStringLiteral("sample.wfn")});
+        fx.writeLast(QStringLiteral("sample.wfn"));
+        WayfernApp app;
+        QVERIFY(deleteTheBoat(app));
+        QVERIFY(waitFor([&] { return QFile::exists(recoveryOf(fx)); }));
+        app.editUndo->trigger();
+        QVERIFY(!app.doc->isModified());
+        QVERIFY(!QFile::exists(recoveryOf(fx)));
+        // Redone, the change is kept again.
+        app.editRedo->trigger();
+        QVERIFY(waitFor([&] { return QFile::exists(recoveryOf(fx)); }));
+        QVERIFY(!hasBoat(recoveryOf(fx)));
+    }
+
     void quittingWithNoRemovesTheRecoveryFile()
     {
         ShellFixture fx({QStringLiteral("sample.wfn")});

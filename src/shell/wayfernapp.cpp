@@ -241,6 +241,11 @@ void WayfernApp::initUndoActions()
     };
     connect(stack, &QUndoStack::indexChanged, this, follow);
     connect(stack, &QUndoStack::cleanChanged, this, follow);
+    // Undone back to what is saved: there is nothing left to recover after a crash.
+    connect(stack, &QUndoStack::cleanChanged, this, [this](bool clean) {
+        if (clean && recovery && !doc->isModified())
+            recovery->discard();
+    });
     follow();
     addActions({editUndo, editRedo});
     toolBar->addAction(editUndo);
