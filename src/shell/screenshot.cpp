@@ -19,8 +19,8 @@
 #include "shell/wayfernview.h"
 
 #include <QApplication>
-#include <QDir>
 #include <QCursor>
+#include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
@@ -36,8 +36,8 @@
 #include <QTemporaryDir>
 #include <QTimer>
 #include <QToolBar>
-#include <QToolTip>
 #include <QToolButton>
+#include <QToolTip>
 #include <QTreeWidget>
 #include <QWindow>
 

@@ -322,9 +322,8 @@ std::vector<int> AccountIndex::positions(const WayFernData &doc, int user,
     return found;
 }
 
-std::unique_ptr<JourneySnapshot> JourneyChange::capture(const WayFernData &doc,
-                                                        const ChangeScope &scope,
-                                                        AccountIndex *index)
+std::unique_ptr<JourneySnapshot>
+JourneyChange::capture(const WayFernData &doc, const ChangeScope &scope, AccountIndex *index)
 {
     auto snapshot = std::make_unique<JourneySnapshot>();
     snapshot->scope = scope;

@@ -86,9 +86,8 @@ public:
     JourneyChange &operator=(JourneyChange &&) noexcept;
 
     // `index`, when given, finds the account lines and must outlive the snapshot.
-    static std::unique_ptr<JourneySnapshot> capture(const WayFernData &doc,
-                                                    const ChangeScope &scope,
-                                                    AccountIndex *index = nullptr);
+    static std::unique_ptr<JourneySnapshot>
+    capture(const WayFernData &doc, const ChangeScope &scope, AccountIndex *index = nullptr);
     // What changed from `before` to the journey as it is now.
     static JourneyChange since(const JourneySnapshot &before, const WayFernData &doc);
 
