@@ -49,21 +49,6 @@ public:
         return items.insert(items.begin() + long(at), std::make_unique<T>())->get();
     }
 
-    // Inserts a copy of `value` in front of position `i` (see insert()) and returns it.
-    T *insert(int i, const T &value)
-    {
-        T *record = insert(i);
-        *record = value;
-        return record;
-    }
-
-    // Destroys the record at position `i`.
-    void removeAt(int i)
-    {
-        items.erase(items.begin() + i);
-        ++changes;
-    }
-
     // Takes `n` records from position `at` on, or puts a run of records in there: a long run
     // costs one shift of the rest of the list.
     void removeRange(int at, int n)
