@@ -72,7 +72,7 @@ QString WayfernIO::shared(QStringView value)
     if (value.size() > 32)
         return value.toString();
     if (sharedTexts.empty())
-        sharedTexts.resize(4096);
+        sharedTexts.resize(sharedSlots);
     QString &slot = sharedTexts[RecordStream::hashText(value) % sharedTexts.size()];
     if (slot != value)
         slot = value.toString();

@@ -53,6 +53,10 @@ public:
     // Why the last WriteFile failed, as the system words it; empty after a success.
     QString writeProblem;
 
+    // How many slots the cache of repeated texts has (see shared()): texts whose hashes
+    // meet in a slot must still read back as themselves.
+    static constexpr size_t sharedSlots = 4096;
+
 private:
     template <typename Record, typename Dispatch, typename After>
     int readGroup(RecordStream *stream, const char *reader, const QString &prefix, int count,
