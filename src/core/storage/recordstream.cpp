@@ -8,12 +8,21 @@
 bool RecordStream::open(const QString &path)
 {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        openError = file.errorString();
+    return open(&file);
+}
+
+bool RecordStream::open(QIODevice *device)
+{
+    if (!device->isOpen() && !device->open(QIODevice::ReadOnly)) {
+        openError = device->errorString();
+        return false;
+    }
+    if (!device->isReadable()) {
+        openError = device->errorString();
         return false;
     }
     openError.clear();
-    setText(decode(file.readAll()));
+    setText(decode(device->readAll()));
     return true;
 }
 

@@ -78,14 +78,16 @@ int ScQtUtil::writeRecord(QTextStream *stream, const QString &key, bool value)
     return writeRecord(stream, key, value ? QStringLiteral("TRUE") : QStringLiteral("FALSE"));
 }
 
-bool ScQtUtil::openAtHeader(RecordStream &stream, const QString &path, const QString &name,
+QString ScQtUtil::joinPath(const QString &path, const QString &name)
+{
+    return path.isEmpty() ? name : path + u'/' + name;
+}
+
+bool ScQtUtil::openAtHeader(RecordStream &stream, QIODevice *device, const QString &name,
                             const char *reader)
 {
-    if (path.isNull())
-        return false;
-    const QString fullName = path.isEmpty() ? name : path + u'/' + name;
-    if (!stream.open(fullName)) {
-        printLine("\n%s::ReadFile - file not found (%s)\n", reader, cstr(fullName).constData());
+    if (!stream.open(device)) {
+        printLine("\n%s::ReadFile - file not found (%s)\n", reader, cstr(name).constData());
         return false;
     }
     if (findSection(&stream, QStringLiteral("Header"), true) != 0) {

@@ -3,6 +3,7 @@
 #include "storage/printline.h"
 #include "storage/recordsink.h"
 
+#include <QFile>
 #include <QTextStream>
 
 #include <charconv>
@@ -133,11 +134,17 @@ void WayfernIO::writeAddress(QTextStream *stream, const Record *record)
 
 int WayfernIO::ReadFile(const QString &path)
 {
+    QFile file(path);
+    return ReadFile(&file, path);
+}
+
+int WayfernIO::ReadFile(QIODevice *device, const QString &name)
+{
     readProblem = ReadProblem::None;
     readProblemDetail.clear();
     RecordStream stream;
-    if (!stream.open(path)) {
-        printLine("\nWayfernIO::ReadFile - file not found (%s)\n", cstr(path).constData());
+    if (!stream.open(device)) {
+        printLine("\nWayfernIO::ReadFile - file not found (%s)\n", cstr(name).constData());
         readProblem = ReadProblem::NotOpened;
         readProblemDetail = stream.errorString();
         return -1;
@@ -459,8 +466,14 @@ int WayfernIO::ReadFileCTip(RecordStream *stream, int count, RecordList<CustomDa
 
 int WayfernIO::WriteFile(const QString &path)
 {
-    return RecordSink::writeFile(
-        path, "WayfernIO",
+    return RecordSink::saveFile(
+        path, "WayfernIO", [&](QIODevice *file) { return WriteFile(file, path); }, &writeProblem);
+}
+
+int WayfernIO::WriteFile(QIODevice *device, const QString &name)
+{
+    return RecordSink::writeDevice(
+        device, name, "WayfernIO",
         [&](QTextStream *stream) {
             writeFileHead(stream, "data", "Data-File");
             *stream << "[Header]\n";
@@ -484,7 +497,7 @@ int WayfernIO::WriteFile(const QString &path)
             WriteFileTips(stream);
             WriteFileUsers(stream);
             WriteFileCurr(stream);
-            *stream << "\n##EOF WAYFERN DATA FILE " << path << "\n";
+            *stream << "\n##EOF WAYFERN DATA FILE " << name << "\n";
         },
         &writeProblem);
 }

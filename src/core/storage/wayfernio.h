@@ -5,6 +5,8 @@
 
 #include <vector>
 
+class QIODevice;
+
 // Reads and writes one journey as a ".wfn" text file.
 class WayfernIO : public ScQtUtil
 {
@@ -13,8 +15,14 @@ public:
 
     // 0 read; -1 when the file is missing or has no "Header" section.
     int ReadFile(const QString &path);
+    // The same from a device, read from where it stands to its end and opened for reading
+    // when it is closed; `name` stands for it in the printed lines.
+    int ReadFile(QIODevice *device, const QString &name);
     // 0 written; -1 when the file cannot be written.
     int WriteFile(const QString &path);
+    // The same into a device, opened for writing when it is closed; `name` stands for it in
+    // the end marker and the printed lines, where the path stands otherwise.
+    int WriteFile(QIODevice *device, const QString &name);
 
     // One reader per group, each with the number of sections to read: 0, or -1 when a
     // section is missing.
