@@ -65,9 +65,9 @@ for target in "${targets[@]}"; do
     | tail -n 20 || true
   # Executions per second over the whole run, the first pass over the corpus included.
   units=$(sed -n 's/^stat::number_of_executed_units: *//p' "$run/log" | tail -n 1)
-  awk -v t="$target" -v n="${units:-0}" -v ns="$((end - start))" \
-    'BEGIN { s = ns / 1e9; printf "   fuzz_%s: %d executions in %.1f s: %.0f per second\n",
-             t, n, s, s > 0 ? n / s : 0 }'
+  awk -v t="$target" -v n="${units:-0}" -v ns="$((end - start))" 'BEGIN {
+    s = ns / 1e9; r = s > 0 ? n / s : 0
+    printf "   fuzz_%s: %d executions in %.1f s: %.0f per second\n", t, n, s, r }'
   if [ "${WAYFERN_FUZZ_MERGE:-0}" = 1 ]; then
     mkdir -p "$run/merged"
     "$build/fuzz/fuzz_$target" -merge=1 "${options[@]}" "$run/merged" \

@@ -35,6 +35,9 @@ QString RecordSink::failure() const
 
 QByteArray RecordSink::encode(const QString &text)
 {
+    // Plain ASCII, the common case, reads back as itself in any case.
+    if (std::all_of(text.begin(), text.end(), [](QChar c) { return c.unicode() < 0x80; }))
+        return text.toLatin1();
     const bool fits =
         std::all_of(text.begin(), text.end(), [](QChar c) { return c.unicode() < 0x100; });
     if (fits) {

@@ -31,6 +31,8 @@ public:
     bool isOpen() const { return opened; }
 
     bool atEnd() const { return pos >= text.size(); }
+    // The length of the whole text.
+    qsizetype size() const { return text.size(); }
     // The next line; an empty view at the end.
     QStringView readLine();
     void rewind() { pos = 0; }

@@ -120,7 +120,20 @@ namespace {
 template <typename T>
 int writeFormatted(QTextStream *stream, const QString &key, T value, const QString &format)
 {
-    *stream << key << '=' << QString::asprintf(format.toLatin1().constData(), value) << ";\n";
+    // The formats are short: their Latin-1 bytes go on the stack, as every record of a
+    // journey's accounts has a few numbers.
+    char spec[16];
+    if (format.size() < qsizetype(sizeof spec)) {
+        qsizetype i = 0;
+        for (; i < format.size(); ++i) {
+            const char16_t c = format.at(i).unicode();
+            spec[i] = c < 0x100 ? char(c) : '?';
+        }
+        spec[i] = 0;
+        *stream << key << '=' << QString::asprintf(spec, value) << ";\n";
+    } else {
+        *stream << key << '=' << QString::asprintf(format.toLatin1().constData(), value) << ";\n";
+    }
     return 0;
 }
 } // namespace

@@ -5,7 +5,9 @@
 
 #include <QFile>
 #include <QTextStream>
+#include <QtMath>
 
+#include <algorithm>
 #include <charconv>
 #include <cstdio>
 
@@ -73,7 +75,7 @@ QString WayfernIO::shared(QStringView value)
     if (value.size() > 32)
         return value.toString();
     if (sharedTexts.empty())
-        sharedTexts.resize(sharedSlots);
+        sharedTexts.resize(sharedSize);
     QString &slot = sharedTexts[RecordStream::hashText(value) % sharedTexts.size()];
     if (slot != value)
         slot = value.toString();
@@ -156,6 +158,11 @@ int WayfernIO::ReadFile(QIODevice *device, const QString &name)
         return -1;
     }
     document->clearAll();
+    // A small file holds few texts to share: a small cache serves it and is quicker to set
+    // up and tear down than the full one.
+    sharedTexts.clear();
+    sharedSize = std::min<size_t>(
+        sharedSlots, std::max<quint64>(64, qNextPowerOfTwo(quint64(stream.size()) / 64)));
 
     walkSection(&stream, [&](QStringView key, QStringView value) {
         if (keyIs(key, u"JOURNEY-NAME"))
@@ -386,8 +393,14 @@ int WayfernIO::ReadFileUsers(RecordStream *stream, int count)
 
 int WayfernIO::ReadFileUserAccount(RecordStream *stream, UserData *user, int count)
 {
+    const QString prefix = user->short_ + u'_';
+    // The trace of every account line is built in one buffer that keeps its memory: a large
+    // journey has hundreds of thousands of them. The head up to the section's number is the
+    // same for all of them.
+    const QByteArray head = "\nWayfernIO::ReadFileUserAccount - hstr : " + cstr(prefix);
+    QByteArray trace;
     return readGroup(
-        stream, "ReadFileUserAccount", user->short_ + u'_', count, user->kto,
+        stream, "ReadFileUserAccount", prefix, count, user->kto,
         [&](KtoData *line, QStringView key, QStringView value) {
             if (keyIs(key, u"DATE"))
                 line->date = shared(value);
@@ -403,12 +416,17 @@ int WayfernIO::ReadFileUserAccount(RecordStream *stream, UserData *user, int cou
                 return false;
             return true;
         },
-        [](KtoData *line, const QString &section) {
-            // Printed for every account line of a journey: the same text as "%d" and
-            // "%.4f", without printf.
-            QByteArray trace = "\nWayfernIO::ReadFileUserAccount - hstr : " + cstr(section);
+        [&](KtoData *line, const QString &section) {
+            // The same text as "%s", "%d" and "%.4f", without printf. The section is the
+            // prefix and its number in ASCII digits.
+            trace.resize(0);
+            trace += head;
+            for (qsizetype i = prefix.size(); i < section.size(); ++i)
+                trace += char(section.at(i).unicode());
             trace += "\n                                 ID   : ";
-            trace += QByteArray::number(line->magic);
+            char number[16];
+            trace.append(number,
+                         std::to_chars(number, number + sizeof number, line->magic).ptr - number);
             trace += "\n                                 val  : ";
             appendFixed4(trace, line->change);
             trace += "\n                                 perc : ";

@@ -61,8 +61,9 @@ public:
     // Why the last WriteFile failed, as the system words it; empty after a success.
     QString writeProblem;
 
-    // How many slots the cache of repeated texts has (see shared()): texts whose hashes
-    // meet in a slot must still read back as themselves.
+    // How many slots the cache of repeated texts has at most (see shared()): texts whose
+    // hashes meet in a slot must still read back as themselves. Every size of the cache is
+    // a power of two up to this one, so texts that meet in the largest meet in every one.
     static constexpr size_t sharedSlots = 4096;
 
 private:
@@ -80,6 +81,7 @@ private:
     // through a small cache in which a new text takes the slot of an old one.
     QString shared(QStringView value);
     std::vector<QString> sharedTexts;
+    size_t sharedSize = sharedSlots; // the number of slots when the cache is set up
 
     // The section counts of the header. They survive from one read to the next: a header
     // without a count key reads as many sections as the file before had.
