@@ -6,6 +6,13 @@
 #include <QTextStream>
 
 #include <charconv>
+#include <type_traits>
+
+namespace {
+// Ends every record. A view of Latin-1 goes into the stream as it is, while a C string is
+// first made into a text of its own: a journey has many records.
+constexpr QLatin1StringView recordEnd(";\n");
+} // namespace
 
 bool ScQtUtil::lastBool = false;
 DateParts ScQtUtil::lastDate;
@@ -69,7 +76,7 @@ QString ScQtUtil::stringValue(QStringView value)
 
 int ScQtUtil::writeRecord(QTextStream *stream, const QString &key, const QString &value)
 {
-    *stream << key << '=' << value << ";\n";
+    *stream << key << '=' << value << recordEnd;
     return 0;
 }
 
@@ -120,8 +127,16 @@ namespace {
 template <typename T>
 int writeFormatted(QTextStream *stream, const QString &key, T value, const QString &format)
 {
-    // The formats are short: their Latin-1 bytes go on the stack, as every record of a
-    // journey's accounts has a few numbers.
+    // Every account line has a few numbers: a whole number in "%d" is printed without a
+    // text of its own, and the bytes of other formats go on the stack.
+    if constexpr (std::is_same_v<T, int>) {
+        if (format == QLatin1StringView("%d")) {
+            char number[16];
+            const char *end = std::to_chars(number, number + sizeof number, value).ptr;
+            *stream << key << '=' << QLatin1StringView(number, end) << recordEnd;
+            return 0;
+        }
+    }
     char spec[16];
     if (format.size() < qsizetype(sizeof spec)) {
         qsizetype i = 0;
@@ -130,9 +145,10 @@ int writeFormatted(QTextStream *stream, const QString &key, T value, const QStri
             spec[i] = c < 0x100 ? char(c) : '?';
         }
         spec[i] = 0;
-        *stream << key << '=' << QString::asprintf(spec, value) << ";\n";
+        *stream << key << '=' << QString::asprintf(spec, value) << recordEnd;
     } else {
-        *stream << key << '=' << QString::asprintf(format.toLatin1().constData(), value) << ";\n";
+        *stream << key << '=' << QString::asprintf(format.toLatin1().constData(), value)
+                << recordEnd;
     }
     return 0;
 }

@@ -50,9 +50,14 @@ void writeSections(QTextStream *stream, const QString &prefix, const RecordList<
 {
     int index = 0;
     for (Record *record : list) {
-        *stream << '[' << prefix << index++ << "]\n";
+        // Number and ends as views: a stream makes a text of its own of an int or a C string.
+        char number[16];
+        *stream << '[' << prefix
+                << QLatin1StringView(number,
+                                     std::to_chars(number, number + sizeof number, index++).ptr)
+                << QLatin1StringView("]\n");
         keys(record);
-        *stream << "\n";
+        *stream << '\n';
     }
 }
 
