@@ -38,16 +38,17 @@ int ScQtUtil::splitRecord(QStringView line, RecordView &parts)
     const qsizetype eq = line.indexOf(u'=');
     if (eq < 0)
         return -1;
-    parts.key = line.left(eq);
-    parts.sep = line.mid(eq, 1);
-    const QStringView remainder = line.mid(eq + 1);
+    // Every position is inside the line: sliced() spares the range checks of mid().
+    parts.key = line.first(eq);
+    parts.sep = line.sliced(eq, 1);
+    const QStringView remainder = line.sliced(eq + 1);
     // The value runs to the last ";": text with a ";" of its own comes back whole, and a
     // line whose value holds none splits as it always did.
     const qsizetype semi = remainder.lastIndexOf(u';');
     if (semi < 0)
         return -1;
-    parts.value = remainder.left(semi);
-    parts.rest = remainder.mid(semi + 1);
+    parts.value = remainder.first(semi);
+    parts.rest = remainder.sliced(semi + 1);
     return 0;
 }
 
