@@ -138,15 +138,15 @@ int writeFormatted(QTextStream *stream, const QString &key, T value, const QStri
             return 0;
         }
     }
-    char spec[16];
-    if (format.size() < qsizetype(sizeof spec)) {
+    char formatBytes[16];
+    if (format.size() < qsizetype(sizeof formatBytes)) {
         qsizetype i = 0;
         for (; i < format.size(); ++i) {
             const char16_t c = format.at(i).unicode();
-            spec[i] = c < 0x100 ? char(c) : '?';
+            formatBytes[i] = c < 0x100 ? char(c) : '?';
         }
-        spec[i] = 0;
-        *stream << key << '=' << QString::asprintf(spec, value) << recordEnd;
+        formatBytes[i] = 0;
+        *stream << key << '=' << QString::asprintf(formatBytes, value) << recordEnd;
     } else {
         *stream << key << '=' << QString::asprintf(format.toLatin1().constData(), value)
                 << recordEnd;
