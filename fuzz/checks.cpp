@@ -7,12 +7,10 @@
 #include "storage/wayferniocfg.h"
 #include "storage/wayferniolast.h"
 
+#include <QBuffer>
 #include <QByteArray>
-#include <QDir>
-#include <QFile>
 #include <QRegularExpression>
 #include <QStringList>
-#include <QTemporaryDir>
 
 #include <cstring>
 #include <memory>
@@ -69,42 +67,29 @@ const char baseJourney[] = "<?wayfern version=\"0.1\" type=\"data\"?>\n"
                            "[CURRENCY_1]\nSHORT-TERM=NOK;\nFACTOR=8.10;\nTYPE=floating;\n\n"
                            "##EOF\n";
 
-// Files of the checks live in one temporary folder for the whole run.
-class Scratch
+// Every file of the checks lives in memory: a file system would set the pace.
+QByteArray inMemory(const uint8_t *data, size_t size)
 {
-public:
-    Scratch() : dir(QDir::tempPath() + QStringLiteral("/wayfern-fuzz-XXXXXX"))
-    {
-        QDir(dir.path()).mkpath(QStringLiteral("in"));
-        QDir(dir.path()).mkpath(QStringLiteral("out"));
-    }
-    QString path(const char *name) const { return dir.path() + u'/' + QLatin1String(name); }
-    bool valid() const { return dir.isValid(); }
-
-private:
-    QTemporaryDir dir;
-};
-
-Scratch &scratch()
-{
-    static Scratch instance;
-    return instance;
+    return QByteArray::fromRawData(reinterpret_cast<const char *>(data), qsizetype(size));
 }
 
-bool writeBytes(const QString &path, const uint8_t *data, size_t size)
+// What a reader (WayfernIO, WayfernIOCfg, WayfernIOLast) answers on `bytes` as file `name`.
+template <typename IO>
+int readFrom(IO &&io, const QByteArray &bytes, const QString &name)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate))
-        return false;
-    return file.write(reinterpret_cast<const char *>(data), qint64(size)) == qint64(size);
+    QBuffer buffer;
+    buffer.setData(bytes);
+    return io.ReadFile(&buffer, name);
 }
 
-QByteArray readBytes(const QString &path)
+// The bytes that a writer gives as file `name`; empty when it fails.
+template <typename IO>
+QByteArray writtenBy(IO &&io, const QString &name)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
+    QBuffer buffer;
+    if (!buffer.open(QIODevice::WriteOnly) || io.WriteFile(&buffer, name) != 0)
         return QByteArray();
-    return file.readAll();
+    return buffer.data();
 }
 
 // Drops the line of the date and the line of the time of writing, which are the only bytes
@@ -144,24 +129,30 @@ QString decoded(const uint8_t *data, size_t size)
 
 // ---- journey ----------------------------------------------------------------------------
 
-// What a journey document writes, without the moment of writing; null when it cannot be
-// written. Always at the same path, as the path goes into the end marker.
+const QString journeyName = QStringLiteral("journey.wfn");
+
+// What a journey document writes; empty when it cannot be written. Always under the same
+// name, as the name goes into the end marker.
+QByteArray journeyFile(WayFernData &doc)
+{
+    return writtenBy(WayfernIO(&doc), journeyName);
+}
+
+// The same without the moment of writing.
 QByteArray journeyBytes(WayFernData &doc)
 {
-    const QString out = scratch().path("out/journey.wfn");
-    if (WayfernIO(&doc).WriteFile(out) != 0)
-        return QByteArray();
-    return undated(readBytes(out));
+    return undated(journeyFile(doc));
+}
+
+int readJourney(WayFernData &doc, const QByteArray &bytes)
+{
+    return readFrom(WayfernIO(&doc), bytes, journeyName);
 }
 
 bool readBase(WayFernData &doc)
 {
-    static const QString base = [] {
-        const QString path = scratch().path("in/base.wfn");
-        writeBytes(path, reinterpret_cast<const uint8_t *>(baseJourney), sizeof baseJourney - 1);
-        return path;
-    }();
-    return WayfernIO(&doc).ReadFile(base) == 0;
+    static const QByteArray base = QByteArray::fromRawData(baseJourney, sizeof baseJourney - 1);
+    return readJourney(doc, base) == 0;
 }
 
 struct JourneyCounts
@@ -207,16 +198,14 @@ bool accountHeadsUnique(const WayFernData &doc)
 
 const char *checkJourney(const uint8_t *data, size_t size)
 {
-    EXPECT(scratch().valid(), "journey: no temporary folder");
-    const QString in = scratch().path("in/journey.wfn");
-    EXPECT(writeBytes(in, data, size), "journey: input not written");
+    const QByteArray in = inMemory(data, size);
 
     WayFernData doc;
     EXPECT(readBase(doc), "journey: the base journey does not read");
     static const QByteArray before = journeyBytes(doc);
     EXPECT(!before.isEmpty(), "journey: the base journey does not write");
 
-    const int result = WayfernIO(&doc).ReadFile(in);
+    const int result = readJourney(doc, in);
     const bool header = hasHeadLine(decoded(data, size), u"[Header]");
     EXPECT(result == (header ? 0 : -1), "journey: result differs from the heads present");
 
@@ -242,7 +231,7 @@ const char *checkJourney(const uint8_t *data, size_t size)
     {
         WayFernData again;
         EXPECT(readBase(again), "journey: the base journey does not read again");
-        EXPECT(WayfernIO(&again).ReadFile(in) == 0, "journey: second read fails");
+        EXPECT(readJourney(again, in) == 0, "journey: second read fails");
         EXPECT(journeyBytes(again) == written, "journey: second read gives another document");
     }
 
@@ -255,11 +244,11 @@ const char *checkJourney(const uint8_t *data, size_t size)
     for (CurrData *curr : doc.currencies)
         if (curr->factor.isEmpty())
             curr->factor = QStringLiteral("1.0");
-    const QByteArray settled = journeyBytes(doc);
+    const QByteArray settledFile = journeyFile(doc);
+    const QByteArray settled = undated(settledFile);
     const bool exact = accountHeadsUnique(doc);
     WayFernData back;
-    EXPECT(WayfernIO(&back).ReadFile(scratch().path("out/journey.wfn")) == 0,
-           "journey: written file does not read");
+    EXPECT(readJourney(back, settledFile) == 0, "journey: written file does not read");
     const JourneyCounts backCounts(back);
     if (exact) {
         EXPECT(backCounts.groups == counts.groups, "journey: record counts change on reading back");
@@ -323,27 +312,28 @@ bool sameFields(const QList<QString *> &a, const QList<QString *> &b)
     return true;
 }
 
-QByteArray configBytes(WayFernData &doc)
+const QString configName = QStringLiteral("wayfern.cfg");
+
+QByteArray configFile(WayFernData &doc)
 {
-    const QString out = scratch().path("out/wayfern.cfg");
-    if (WayfernIOCfg(&doc).WriteFile(out) != 0)
-        return QByteArray();
-    return undated(readBytes(out));
+    return writtenBy(WayfernIOCfg(&doc), configName);
+}
+
+int readConfig(WayFernData &doc, const QByteArray &bytes)
+{
+    return readFrom(WayfernIOCfg(&doc), bytes, configName);
 }
 
 } // namespace
 
 const char *checkConfig(const uint8_t *data, size_t size)
 {
-    EXPECT(scratch().valid(), "config: no temporary folder");
-    const QString inDir = scratch().path("in");
-    EXPECT(writeBytes(inDir + QStringLiteral("/wayfern.cfg"), data, size),
-           "config: input not written");
+    const QByteArray in = inMemory(data, size);
 
     WayFernData doc;
     WayFernConfig &config = doc.config;
     setSentinels(config);
-    const int result = WayfernIOCfg(&doc).ReadFile(inDir, QStringLiteral("wayfern.cfg"));
+    const int result = readConfig(doc, in);
     const QString text = decoded(data, size);
     const bool header = hasHeadLine(text, u"[Header]");
     const bool sync = hasHeadLine(text, u"[HTMLSYNC]");
@@ -358,20 +348,19 @@ const char *checkConfig(const uint8_t *data, size_t size)
     {
         WayFernData again;
         setSentinels(again.config);
-        EXPECT(WayfernIOCfg(&again).ReadFile(inDir, QStringLiteral("wayfern.cfg")) == result,
-               "config: second read answers otherwise");
+        EXPECT(readConfig(again, in) == result, "config: second read answers otherwise");
         EXPECT(sameFields(headerFields(again.config) + syncFields(again.config),
                           headerFields(config) + syncFields(config)),
                "config: second read gives other values");
     }
 
     // The writer puts no "[HTMLSYNC]" head: a written file reads as far as "Header".
-    const QByteArray written = configBytes(doc);
-    EXPECT(!written.isEmpty(), "config: does not write");
+    const QByteArray writtenFile = configFile(doc);
+    EXPECT(!writtenFile.isEmpty(), "config: does not write");
+    const QByteArray written = undated(writtenFile);
     WayFernData back;
     setSentinels(back.config);
-    EXPECT(WayfernIOCfg(&back).ReadFile(scratch().path("out"), QStringLiteral("wayfern.cfg")) == -1,
-           "config: written file reads to its end");
+    EXPECT(readConfig(back, writtenFile) == -1, "config: written file reads to its end");
     EXPECT(sameFields(headerFields(back.config), headerFields(config)),
            "config: header values change on reading back");
     EXPECT(untouched(syncFields(back.config), 5), "config: reading back sets a sync value");
@@ -379,7 +368,7 @@ const char *checkConfig(const uint8_t *data, size_t size)
     const QList<QString *> backSync = syncFields(back.config);
     for (qsizetype i = 0; i < readSync.size(); ++i)
         *backSync.at(i) = *readSync.at(i);
-    EXPECT(configBytes(back) == written, "config: read-back values write other bytes");
+    EXPECT(undated(configFile(back)) == written, "config: read-back values write other bytes");
     return nullptr;
 }
 
@@ -387,12 +376,16 @@ const char *checkConfig(const uint8_t *data, size_t size)
 
 namespace {
 
-QByteArray lastBytes(WayFernData &doc)
+const QString lastName = QStringLiteral("wayfern.last");
+
+QByteArray lastFile(WayFernData &doc)
 {
-    const QString out = scratch().path("out/wayfern.last");
-    if (WayfernIOLast(&doc).WriteFile(out) != 0)
-        return QByteArray();
-    return undated(readBytes(out));
+    return writtenBy(WayfernIOLast(&doc), lastName);
+}
+
+int readLast(WayFernData &doc, const QByteArray &bytes)
+{
+    return readFrom(WayfernIOLast(&doc), bytes, lastName);
 }
 
 const QString lastSentinel = QStringLiteral("untouched.wfn");
@@ -401,14 +394,11 @@ const QString lastSentinel = QStringLiteral("untouched.wfn");
 
 const char *checkLastState(const uint8_t *data, size_t size)
 {
-    EXPECT(scratch().valid(), "laststate: no temporary folder");
-    const QString inDir = scratch().path("in");
-    EXPECT(writeBytes(inDir + QStringLiteral("/wayfern.last"), data, size),
-           "laststate: input not written");
+    const QByteArray in = inMemory(data, size);
 
     WayFernData doc;
     doc.lastfile = lastSentinel;
-    const int result = WayfernIOLast(&doc).ReadFile(inDir, QStringLiteral("wayfern.last"));
+    const int result = readLast(doc, in);
     const bool header = hasHeadLine(decoded(data, size), u"[Header]");
     EXPECT(result == (header ? 0 : -1), "laststate: result differs from the heads present");
     if (result != 0) {
@@ -418,15 +408,14 @@ const char *checkLastState(const uint8_t *data, size_t size)
     }
     EXPECT(!doc.lastfile.isNull(), "laststate: read gives a null name");
 
-    const QByteArray written = lastBytes(doc);
-    EXPECT(!written.isEmpty(), "laststate: does not write");
+    const QByteArray writtenFile = lastFile(doc);
+    EXPECT(!writtenFile.isEmpty(), "laststate: does not write");
+    const QByteArray written = undated(writtenFile);
     WayFernData back;
     back.lastfile = lastSentinel;
-    EXPECT(WayfernIOLast(&back).ReadFile(scratch().path("out"), QStringLiteral("wayfern.last"))
-               == 0,
-           "laststate: written file does not read");
+    EXPECT(readLast(back, writtenFile) == 0, "laststate: written file does not read");
     EXPECT(back.lastfile == doc.lastfile, "laststate: name changes on reading back");
-    EXPECT(lastBytes(back) == written, "laststate: read-back name writes other bytes");
+    EXPECT(undated(lastFile(back)) == written, "laststate: read-back name writes other bytes");
     return nullptr;
 }
 

@@ -26,6 +26,12 @@ extern "C" int LLVMFuzzerInitialize(int *, char ***)
         dup2(null, STDOUT_FILENO);
         close(null);
     }
+    // Even to /dev/null every flushed line is a system call: the stream of standard output
+    // drops its lines itself.
+    cookie_io_functions_t drop = {};
+    drop.write = [](void *, const char *, size_t size) { return ssize_t(size); };
+    if (FILE *nowhere = fopencookie(nullptr, "w", drop))
+        stdout = nowhere;
     return 0;
 }
 

@@ -51,16 +51,25 @@ for target in "${targets[@]}"; do
   mkdir -p "$run/new" "$run/seeds" "$top/fuzz/corpus/$target"
   n=0
   for f in $(seeds_of "$target"); do ln -s "$f" "$run/seeds/$((n++))-$(basename "$f")"; done
+  # A few inputs (travellers that share their account sections) take a thousand times as
+  # long as the rest: the fuzzer gives inputs less of its time the longer they run.
   options=(-max_len=65536 -timeout=25 -rss_limit_mb=2048 -dict="$top/fuzz/wayfern.dict"
-           -artifact_prefix="$run/" -print_final_stats=1)
+           -artifact_prefix="$run/" -print_final_stats=1 -entropic_scale_per_exec_time=1)
   echo "== fuzz_$target: $seconds s"
+  start=$(date +%s%N)
   if ! "$build/fuzz/fuzz_$target" "${options[@]}" -max_total_time="$seconds" \
       "$run/new" "$top/fuzz/corpus/$target" "$top/fuzz/regressions/$target" "$run/seeds" \
       2>"$run/log"; then
     failed+=("$target")
   fi
+  end=$(date +%s%N)
   grep -E '^(#[0-9]+[[:space:]]+DONE|stat::|==[0-9]+==ERROR|SUMMARY)|broken promise' "$run/log" \
     | tail -n 20 || true
+  # Executions per second over the whole run, the first pass over the corpus included.
+  units=$(sed -n 's/^stat::number_of_executed_units: *//p' "$run/log" | tail -n 1)
+  awk -v t="$target" -v n="${units:-0}" -v ns="$((end - start))" 'BEGIN {
+    s = ns / 1e9; r = s > 0 ? n / s : 0
+    printf "   fuzz_%s: %d executions in %.1f s: %.0f per second\n", t, n, s, r }'
   if [ "${WAYFERN_FUZZ_MERGE:-0}" = 1 ]; then
     mkdir -p "$run/merged"
     "$build/fuzz/fuzz_$target" -merge=1 "${options[@]}" "$run/merged" \

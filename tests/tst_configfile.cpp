@@ -7,6 +7,7 @@
 #include "storage/wayferniocfg.h"
 #include "wayfernversion.h"
 
+#include <QBuffer>
 #include <QDir>
 #include <QTemporaryDir>
 #include <QtTest>
@@ -53,6 +54,8 @@ private slots:
     void writtenFileReadsBackOnlyAsFarAsHeader();
     void writerFailureIsReported();
     void catalogueKeyIsReadAndWrittenWhenSet();
+    void configurationInMemoryReadsAndWritesAsTheFile();
+    void deviceThatCannotBeReadIsReportedByItsName();
 
 private:
     QTemporaryDir dir;
@@ -320,6 +323,43 @@ void TestConfigFile::catalogueKeyIsReadAndWrittenWhenSet()
     doc.config.catalogue = QString();
     QCOMPARE(writer.WriteFile(out), 0);
     QVERIFY(!readBytes(out).contains("CATALOGUE"));
+}
+
+void TestConfigFile::configurationInMemoryReadsAndWritesAsTheFile()
+{
+    const QByteArray bytes =
+        QByteArray(workingConfig).replace("[HTMLSYNC]\n", "[HTMLSYNC]\nX=1;\n");
+    WayFernData fromFile;
+    QString filePrinted;
+    QCOMPARE(read(fromFile, bytes, &filePrinted), 0);
+
+    WayFernData fromMemory;
+    WayfernIOCfg io(&fromMemory);
+    QBuffer in;
+    in.setData(bytes);
+    StdoutCapture out;
+    QCOMPARE(io.ReadFile(&in, QStringLiteral("wayfern.cfg")), 0);
+    QCOMPARE(out.text(), filePrinted);
+    QVERIFY(filePrinted.contains(QStringLiteral("unknown syncheader-entry : X")));
+    QCOMPARE(fromMemory.config.datapath, fromFile.config.datapath);
+    QCOMPARE(fromMemory.config.postfix, fromFile.config.postfix);
+
+    const QString file = dir.filePath(QStringLiteral("written.cfg"));
+    QCOMPARE(WayfernIOCfg(&fromFile).WriteFile(file), 0);
+    QBuffer written;
+    QCOMPARE(io.WriteFile(&written, QStringLiteral("written.cfg")), 0);
+    QCOMPARE(undatedLines(written.data()), undatedLines(readBytes(file)));
+}
+
+void TestConfigFile::deviceThatCannotBeReadIsReportedByItsName()
+{
+    WayFernData doc;
+    WayfernIOCfg io(&doc);
+    QBuffer writeOnly;
+    QVERIFY(writeOnly.open(QIODevice::WriteOnly));
+    StdoutCapture out;
+    QCOMPARE(io.ReadFile(&writeOnly, QStringLiteral("memo.cfg")), -1);
+    QCOMPARE(out.text(), QStringLiteral("\nWayfernIOCfg::ReadFile - file not found (memo.cfg)\n"));
 }
 
 QTEST_GUILESS_MAIN(TestConfigFile)

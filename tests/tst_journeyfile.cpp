@@ -7,6 +7,7 @@
 #include "storage/wayfernio.h"
 #include "wayfernversion.h"
 
+#include <QBuffer>
 #include <QDir>
 #include <QFileInfo>
 #include <QTemporaryDir>
@@ -82,6 +83,10 @@ private slots:
     void writeToDirectoryFailsWithMessage();
     void readProblemTellsMissingFileNoHeaderAndMissingSection();
     void writeProblemGivesTheSystemsReasonAndClearsOnSuccess();
+    void journeyInMemoryReadsAsTheFileWithTheSameTrace();
+    void journeyInMemoryWritesTheBytesOfTheFile();
+    void deviceThatCannotBeReadIsReportedByItsName();
+    void deviceThatCannotBeWrittenIsReportedByItsName();
 
 private:
     QTemporaryDir dir;
@@ -949,6 +954,93 @@ void TestJourneyFile::writeProblemGivesTheSystemsReasonAndClearsOnSuccess()
     QCOMPARE(io.writeProblem, QString::fromLocal8Bit(strerror(EISDIR)));
     QCOMPARE(io.WriteFile(path(QStringLiteral("trip.wfn"))), 0);
     QCOMPARE(io.writeProblem, QString());
+}
+
+void TestJourneyFile::journeyInMemoryReadsAsTheFileWithTheSameTrace()
+{
+    // Account lines, an unknown key and a missing section: every kind of printed line.
+    const QByteArray bytes = readBytes(fixture(QStringLiteral("northern.wfn")))
+                                 .replace("[CURRENCY_1]", "[CURRENCY_9]")
+                                 .replace("[USER_0]\n", "[USER_0]\nPET=cat;\n");
+    const QString file = path(QStringLiteral("northern.wfn"));
+    QVERIFY(writeBytes(file, bytes));
+
+    WayFernData fromFile;
+    WayfernIO fileReader(&fromFile);
+    StdoutCapture fileOut;
+    QCOMPARE(fileReader.ReadFile(file), 0);
+    const QString filePrinted = fileOut.text();
+
+    WayFernData fromMemory;
+    WayfernIO memoryReader(&fromMemory);
+    QBuffer buffer;
+    buffer.setData(bytes);
+    StdoutCapture memoryOut;
+    QCOMPARE(memoryReader.ReadFile(&buffer, file), 0);
+    const QString memoryPrinted = memoryOut.text();
+
+    QVERIFY(filePrinted.contains(QStringLiteral("unknown header-entry : PET")));
+    QVERIFY(filePrinted.contains(QStringLiteral("section not found : CURRENCY_1")));
+    QVERIFY(filePrinted.contains(QStringLiteral("ReadFileUserAccount - hstr : ")));
+    QCOMPARE(memoryPrinted, filePrinted);
+    QCOMPARE(memoryReader.readProblem, WayfernIO::ReadProblem::SectionMissing);
+    QCOMPARE(memoryReader.readProblemDetail, fileReader.readProblemDetail);
+    QCOMPARE(fromMemory.costs.count(), fromFile.costs.count());
+    QCOMPARE(fromMemory.users.count(), fromFile.users.count());
+    QVERIFY(fromFile.users.count() > 0);
+    QCOMPARE(fromMemory.users.at(0)->kto.count(), fromFile.users.at(0)->kto.count());
+    QCOMPARE(fromMemory.currencies.count(), 1);
+}
+
+void TestJourneyFile::journeyInMemoryWritesTheBytesOfTheFile()
+{
+    WayFernData doc;
+    {
+        StdoutCapture quiet;
+        QCOMPARE(WayfernIO(&doc).ReadFile(fixture(QStringLiteral("northern.wfn"))), 0);
+    }
+    const QString file = path(QStringLiteral("out.wfn"));
+    WayfernIO io(&doc);
+    QCOMPARE(io.WriteFile(file), 0);
+    QBuffer buffer;
+    StdoutCapture out;
+    QCOMPARE(io.WriteFile(&buffer, file), 0);
+    QCOMPARE(out.text(), QString());
+    QVERIFY(buffer.isOpen());
+    QCOMPARE(undatedLines(buffer.data()), undatedLines(readBytes(file)));
+    QVERIFY(buffer.data().endsWith("\n##EOF WAYFERN DATA FILE " + file.toUtf8() + "\n"));
+
+    // The name given stands in the end marker.
+    QBuffer named;
+    QCOMPARE(io.WriteFile(&named, QStringLiteral("trip in memory")), 0);
+    QVERIFY(named.data().endsWith("\n##EOF WAYFERN DATA FILE trip in memory\n"));
+}
+
+void TestJourneyFile::deviceThatCannotBeReadIsReportedByItsName()
+{
+    WayFernData doc;
+    doc.journeyname = QStringLiteral("kept");
+    WayfernIO io(&doc);
+    QBuffer writeOnly;
+    QVERIFY(writeOnly.open(QIODevice::WriteOnly));
+    StdoutCapture out;
+    QCOMPARE(io.ReadFile(&writeOnly, QStringLiteral("memo")), -1);
+    QCOMPARE(out.text(), QStringLiteral("\nWayfernIO::ReadFile - file not found (memo)\n"));
+    QCOMPARE(io.readProblem, WayfernIO::ReadProblem::NotOpened);
+    QCOMPARE(doc.journeyname, QStringLiteral("kept"));
+}
+
+void TestJourneyFile::deviceThatCannotBeWrittenIsReportedByItsName()
+{
+    WayFernData doc;
+    WayfernIO io(&doc);
+    QBuffer readOnly;
+    QVERIFY(readOnly.open(QIODevice::ReadOnly));
+    StdoutCapture out;
+    QCOMPARE(io.WriteFile(&readOnly, QStringLiteral("memo")), -1);
+    QCOMPARE(out.text(), QStringLiteral("\nWayfernIO::WriteFile(memo) : file not open\n"));
+    QVERIFY(!io.writeProblem.isEmpty());
+    QCOMPARE(readOnly.data(), QByteArray());
 }
 
 QTEST_GUILESS_MAIN(TestJourneyFile)

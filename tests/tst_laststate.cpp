@@ -8,6 +8,7 @@
 #include "storage/wayferniolast.h"
 #include "wayfernversion.h"
 
+#include <QBuffer>
 #include <QDir>
 #include <QTemporaryDir>
 #include <QtTest>
@@ -28,6 +29,8 @@ private slots:
     void missingHeaderIsReported();
     void writerFailureIsReported();
     void latinOneNameThatLooksLikeUtf8ReadsBackUnchanged();
+    void lastStateInMemoryReadsAndWritesAsTheFile();
+    void deviceThatCannotBeWrittenIsReportedByItsName();
 
 private:
     QTemporaryDir dir;
@@ -187,6 +190,35 @@ void TestLastState::writerFailureIsReported()
     QCOMPARE(io.WriteFile(impossible), -1);
     QCOMPARE(out.text(),
              QStringLiteral("\nWayfernIOLast::WriteFile(%1) : file not open\n").arg(impossible));
+}
+
+void TestLastState::lastStateInMemoryReadsAndWritesAsTheFile()
+{
+    WayFernData doc;
+    doc.lastfile = QStringLiteral("tour.wfn");
+    const QString file = dir.filePath(QStringLiteral("wayfern.last"));
+    WayfernIOLast io(&doc);
+    QCOMPARE(io.WriteFile(file), 0);
+    QBuffer buffer;
+    QCOMPARE(io.WriteFile(&buffer, QStringLiteral("wayfern.last")), 0);
+    QCOMPARE(undatedLines(buffer.data()), undatedLines(readBytes(file)));
+
+    WayFernData back;
+    WayfernIOLast reader(&back);
+    buffer.close();
+    QCOMPARE(reader.ReadFile(&buffer, QStringLiteral("wayfern.last")), 0);
+    QCOMPARE(back.lastfile, QStringLiteral("tour.wfn"));
+}
+
+void TestLastState::deviceThatCannotBeWrittenIsReportedByItsName()
+{
+    WayFernData doc;
+    WayfernIOLast io(&doc);
+    QBuffer readOnly;
+    QVERIFY(readOnly.open(QIODevice::ReadOnly));
+    StdoutCapture out;
+    QCOMPARE(io.WriteFile(&readOnly, QStringLiteral("memo.last")), -1);
+    QCOMPARE(out.text(), QStringLiteral("\nWayfernIOLast::WriteFile(memo.last) : file not open\n"));
 }
 
 QTEST_GUILESS_MAIN(TestLastState)

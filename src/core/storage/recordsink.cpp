@@ -9,7 +9,7 @@
 #include <cerrno>
 #include <cstring>
 
-RecordSink::RecordSink(const QString &path) : path(path), file(path), out(&text) {}
+RecordSink::RecordSink(const QString &path) : path(path), file(path) {}
 
 bool RecordSink::open()
 {
@@ -35,6 +35,9 @@ QString RecordSink::failure() const
 
 QByteArray RecordSink::encode(const QString &text)
 {
+    // Plain ASCII, the common case, reads back as itself in any case.
+    if (std::all_of(text.begin(), text.end(), [](QChar c) { return c.unicode() < 0x80; }))
+        return text.toLatin1();
     const bool fits =
         std::all_of(text.begin(), text.end(), [](QChar c) { return c.unicode() < 0x100; });
     if (fits) {
@@ -47,22 +50,25 @@ QByteArray RecordSink::encode(const QString &text)
     return text.toUtf8();
 }
 
+bool RecordSink::writeText(QIODevice *device, const QString &text)
+{
+    const QByteArray bytes = encode(text);
+    return device->write(bytes) == bytes.size();
+}
+
 bool RecordSink::commit()
 {
-    out.flush();
-    const QByteArray bytes = encode(text);
-    text.clear();
-    if (file.write(bytes) != bytes.size()) {
-        error = file.errorString();
-        file.cancelWriting();
-        file.commit();
-        return false;
-    }
     if (!file.commit()) {
         error = file.errorString();
         return false;
     }
     return true;
+}
+
+void RecordSink::cancel()
+{
+    file.cancelWriting();
+    file.commit();
 }
 
 int RecordSink::notOpen(const char *writer, const QString &path, const QString &failure,

@@ -8,12 +8,21 @@
 bool RecordStream::open(const QString &path)
 {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        openError = file.errorString();
+    return open(&file);
+}
+
+bool RecordStream::open(QIODevice *device)
+{
+    if (!device->isOpen() && !device->open(QIODevice::ReadOnly)) {
+        openError = device->errorString();
+        return false;
+    }
+    if (!device->isReadable()) {
+        openError = device->errorString();
         return false;
     }
     openError.clear();
-    setText(decode(file.readAll()));
+    setText(decode(device->readAll()));
     return true;
 }
 
@@ -60,7 +69,7 @@ QStringView RecordStream::readLine()
     // A CR in front of the LF, or at the very end of the text, is no part of the line.
     if (end > pos && text.at(end - 1) == u'\r')
         --end;
-    const QStringView line = QStringView(text).mid(pos, end - pos);
+    const QStringView line = QStringView(text).sliced(pos, end - pos);
     pos = next;
     return line;
 }
@@ -95,7 +104,7 @@ void RecordStream::skipTo(const QString &pattern)
     // it, so a pattern ending in CR does not match there.
     const bool endsInCr = pattern.endsWith(u'\r');
     const auto lineBegins = [&](qsizetype h) {
-        if (!all.mid(h).startsWith(pattern))
+        if (!all.sliced(h).startsWith(pattern))
             return false;
         const qsizetype after = h + pattern.size();
         return !endsInCr || (after < text.size() && text.at(after) != u'\n');

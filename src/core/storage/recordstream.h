@@ -6,6 +6,8 @@
 
 #include <vector>
 
+class QIODevice;
+
 // A text file read whole into memory and handed out line by line, as a text stream's
 // readLine would: without the LF and a CR in front of it. The file's encoding is told
 // apart by its bytes: valid UTF-8 holding multi-byte sequences is UTF-8, anything else is
@@ -20,12 +22,17 @@ class RecordStream
 public:
     // Reads the whole file; false when it cannot be opened, and errorString() says why.
     bool open(const QString &path);
+    // Reads the device from where it stands to its end, opening it for reading first when
+    // it is closed; false when it cannot be read, and errorString() says why.
+    bool open(QIODevice *device);
     QString errorString() const { return openError; }
     // Uses a text in memory as the file's content.
     void setText(const QString &text);
     bool isOpen() const { return opened; }
 
     bool atEnd() const { return pos >= text.size(); }
+    // The length of the whole text.
+    qsizetype size() const { return text.size(); }
     // The next line; an empty view at the end.
     QStringView readLine();
     void rewind() { pos = 0; }

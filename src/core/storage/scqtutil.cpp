@@ -6,6 +6,13 @@
 #include <QTextStream>
 
 #include <charconv>
+#include <type_traits>
+
+namespace {
+// Ends every record. A view of Latin-1 goes into the stream as it is, while a C string is
+// first made into a text of its own: a journey has many records.
+constexpr QLatin1StringView recordEnd(";\n");
+} // namespace
 
 bool ScQtUtil::lastBool = false;
 DateParts ScQtUtil::lastDate;
@@ -31,16 +38,17 @@ int ScQtUtil::splitRecord(QStringView line, RecordView &parts)
     const qsizetype eq = line.indexOf(u'=');
     if (eq < 0)
         return -1;
-    parts.key = line.left(eq);
-    parts.sep = line.mid(eq, 1);
-    const QStringView remainder = line.mid(eq + 1);
+    // Every position is inside the line: sliced() spares the range checks of mid().
+    parts.key = line.first(eq);
+    parts.sep = line.sliced(eq, 1);
+    const QStringView remainder = line.sliced(eq + 1);
     // The value runs to the last ";": text with a ";" of its own comes back whole, and a
     // line whose value holds none splits as it always did.
     const qsizetype semi = remainder.lastIndexOf(u';');
     if (semi < 0)
         return -1;
-    parts.value = remainder.left(semi);
-    parts.rest = remainder.mid(semi + 1);
+    parts.value = remainder.first(semi);
+    parts.rest = remainder.sliced(semi + 1);
     return 0;
 }
 
@@ -69,7 +77,7 @@ QString ScQtUtil::stringValue(QStringView value)
 
 int ScQtUtil::writeRecord(QTextStream *stream, const QString &key, const QString &value)
 {
-    *stream << key << '=' << value << ";\n";
+    *stream << key << '=' << value << recordEnd;
     return 0;
 }
 
@@ -78,14 +86,16 @@ int ScQtUtil::writeRecord(QTextStream *stream, const QString &key, bool value)
     return writeRecord(stream, key, value ? QStringLiteral("TRUE") : QStringLiteral("FALSE"));
 }
 
-bool ScQtUtil::openAtHeader(RecordStream &stream, const QString &path, const QString &name,
+QString ScQtUtil::joinPath(const QString &path, const QString &name)
+{
+    return path.isEmpty() ? name : path + u'/' + name;
+}
+
+bool ScQtUtil::openAtHeader(RecordStream &stream, QIODevice *device, const QString &name,
                             const char *reader)
 {
-    if (path.isNull())
-        return false;
-    const QString fullName = path.isEmpty() ? name : path + u'/' + name;
-    if (!stream.open(fullName)) {
-        printLine("\n%s::ReadFile - file not found (%s)\n", reader, cstr(fullName).constData());
+    if (!stream.open(device)) {
+        printLine("\n%s::ReadFile - file not found (%s)\n", reader, cstr(name).constData());
         return false;
     }
     if (findSection(&stream, QStringLiteral("Header"), true) != 0) {
@@ -118,7 +128,29 @@ namespace {
 template <typename T>
 int writeFormatted(QTextStream *stream, const QString &key, T value, const QString &format)
 {
-    *stream << key << '=' << QString::asprintf(format.toLatin1().constData(), value) << ";\n";
+    // Every account line has a few numbers: a whole number in "%d" is printed without a
+    // text of its own, and the bytes of other formats go on the stack.
+    if constexpr (std::is_same_v<T, int>) {
+        if (format == QLatin1StringView("%d")) {
+            char number[16];
+            const char *end = std::to_chars(number, number + sizeof number, value).ptr;
+            *stream << key << '=' << QLatin1StringView(number, end) << recordEnd;
+            return 0;
+        }
+    }
+    char formatBytes[16];
+    if (format.size() < qsizetype(sizeof formatBytes)) {
+        qsizetype i = 0;
+        for (; i < format.size(); ++i) {
+            const char16_t c = format.at(i).unicode();
+            formatBytes[i] = c < 0x100 ? char(c) : '?';
+        }
+        formatBytes[i] = 0;
+        *stream << key << '=' << QString::asprintf(formatBytes, value) << recordEnd;
+    } else {
+        *stream << key << '=' << QString::asprintf(format.toLatin1().constData(), value)
+                << recordEnd;
+    }
     return 0;
 }
 } // namespace

@@ -9,6 +9,7 @@
 
 #include <cstring>
 
+class QIODevice;
 class QTextStream;
 
 namespace Wayfern {
@@ -87,10 +88,12 @@ public:
     int writeRecord(QTextStream *stream, const QString &key, float value, const QString &format);
     int writeRecord(QTextStream *stream, const QString &key, double value, const QString &format);
 
-    // The first steps of reading a small settings file: opens `path`/`name` (`name` alone
-    // when `path` is empty) and finds its "Header" section. A null `path` fails without a
-    // word; other failures print their line, naming `reader`.
-    bool openAtHeader(RecordStream &stream, const QString &path, const QString &name,
+    // The file `name` in the folder `path`, or `name` alone when `path` is empty.
+    static QString joinPath(const QString &path, const QString &name);
+    // The first steps of reading a small settings file: reads `device` (opened for reading
+    // when it is closed) and finds its "Header" section. A failure prints its line, naming
+    // `reader` and, for a device that cannot be read, `name`.
+    bool openAtHeader(RecordStream &stream, QIODevice *device, const QString &name,
                       const char *reader);
 
     // The processing line of a file of this `type` and the comment block under it, dated now.

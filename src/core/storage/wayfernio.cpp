@@ -3,8 +3,11 @@
 #include "storage/printline.h"
 #include "storage/recordsink.h"
 
+#include <QFile>
 #include <QTextStream>
+#include <QtMath>
 
+#include <algorithm>
 #include <charconv>
 #include <cstdio>
 
@@ -47,9 +50,14 @@ void writeSections(QTextStream *stream, const QString &prefix, const RecordList<
 {
     int index = 0;
     for (Record *record : list) {
-        *stream << '[' << prefix << index++ << "]\n";
+        // Number and ends as views: a stream makes a text of its own of an int or a C string.
+        char number[16];
+        *stream << '[' << prefix
+                << QLatin1StringView(number,
+                                     std::to_chars(number, number + sizeof number, index++).ptr)
+                << QLatin1StringView("]\n");
         keys(record);
-        *stream << "\n";
+        *stream << '\n';
     }
 }
 
@@ -72,7 +80,7 @@ QString WayfernIO::shared(QStringView value)
     if (value.size() > 32)
         return value.toString();
     if (sharedTexts.empty())
-        sharedTexts.resize(4096);
+        sharedTexts.resize(sharedSize);
     QString &slot = sharedTexts[RecordStream::hashText(value) % sharedTexts.size()];
     if (slot != value)
         slot = value.toString();
@@ -133,11 +141,17 @@ void WayfernIO::writeAddress(QTextStream *stream, const Record *record)
 
 int WayfernIO::ReadFile(const QString &path)
 {
+    QFile file(path);
+    return ReadFile(&file, path);
+}
+
+int WayfernIO::ReadFile(QIODevice *device, const QString &name)
+{
     readProblem = ReadProblem::None;
     readProblemDetail.clear();
     RecordStream stream;
-    if (!stream.open(path)) {
-        printLine("\nWayfernIO::ReadFile - file not found (%s)\n", cstr(path).constData());
+    if (!stream.open(device)) {
+        printLine("\nWayfernIO::ReadFile - file not found (%s)\n", cstr(name).constData());
         readProblem = ReadProblem::NotOpened;
         readProblemDetail = stream.errorString();
         return -1;
@@ -149,6 +163,11 @@ int WayfernIO::ReadFile(const QString &path)
         return -1;
     }
     document->clearAll();
+    // A small file holds few texts to share: a small cache serves it and is quicker to set
+    // up and tear down than the full one.
+    sharedTexts.clear();
+    sharedSize = std::min<size_t>(
+        sharedSlots, std::max<quint64>(64, qNextPowerOfTwo(quint64(stream.size()) / 64)));
 
     walkSection(&stream, [&](QStringView key, QStringView value) {
         if (keyIs(key, u"JOURNEY-NAME"))
@@ -379,8 +398,14 @@ int WayfernIO::ReadFileUsers(RecordStream *stream, int count)
 
 int WayfernIO::ReadFileUserAccount(RecordStream *stream, UserData *user, int count)
 {
+    const QString prefix = user->short_ + u'_';
+    // The trace of every account line is built in one buffer that keeps its memory: a large
+    // journey has hundreds of thousands of them. The head up to the section's number is the
+    // same for all of them.
+    const QByteArray head = "\nWayfernIO::ReadFileUserAccount - hstr : " + cstr(prefix);
+    QByteArray trace;
     return readGroup(
-        stream, "ReadFileUserAccount", user->short_ + u'_', count, user->kto,
+        stream, "ReadFileUserAccount", prefix, count, user->kto,
         [&](KtoData *line, QStringView key, QStringView value) {
             if (keyIs(key, u"DATE"))
                 line->date = shared(value);
@@ -396,12 +421,17 @@ int WayfernIO::ReadFileUserAccount(RecordStream *stream, UserData *user, int cou
                 return false;
             return true;
         },
-        [](KtoData *line, const QString &section) {
-            // Printed for every account line of a journey: the same text as "%d" and
-            // "%.4f", without printf.
-            QByteArray trace = "\nWayfernIO::ReadFileUserAccount - hstr : " + cstr(section);
+        [&](KtoData *line, const QString &section) {
+            // The same text as "%s", "%d" and "%.4f", without printf. The section is the
+            // prefix and its number in ASCII digits.
+            trace.resize(0);
+            trace += head;
+            for (qsizetype i = prefix.size(); i < section.size(); ++i)
+                trace += char(section.at(i).unicode());
             trace += "\n                                 ID   : ";
-            trace += QByteArray::number(line->magic);
+            char number[16];
+            trace.append(number,
+                         std::to_chars(number, number + sizeof number, line->magic).ptr - number);
             trace += "\n                                 val  : ";
             appendFixed4(trace, line->change);
             trace += "\n                                 perc : ";
@@ -459,8 +489,14 @@ int WayfernIO::ReadFileCTip(RecordStream *stream, int count, RecordList<CustomDa
 
 int WayfernIO::WriteFile(const QString &path)
 {
-    return RecordSink::writeFile(
-        path, "WayfernIO",
+    return RecordSink::saveFile(
+        path, "WayfernIO", [&](QIODevice *file) { return WriteFile(file, path); }, &writeProblem);
+}
+
+int WayfernIO::WriteFile(QIODevice *device, const QString &name)
+{
+    return RecordSink::writeDevice(
+        device, name, "WayfernIO",
         [&](QTextStream *stream) {
             writeFileHead(stream, "data", "Data-File");
             *stream << "[Header]\n";
@@ -484,7 +520,7 @@ int WayfernIO::WriteFile(const QString &path)
             WriteFileTips(stream);
             WriteFileUsers(stream);
             WriteFileCurr(stream);
-            *stream << "\n##EOF WAYFERN DATA FILE " << path << "\n";
+            *stream << "\n##EOF WAYFERN DATA FILE " << name << "\n";
         },
         &writeProblem);
 }

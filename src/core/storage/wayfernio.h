@@ -5,6 +5,8 @@
 
 #include <vector>
 
+class QIODevice;
+
 // Reads and writes one journey as a ".wfn" text file.
 class WayfernIO : public ScQtUtil
 {
@@ -13,8 +15,14 @@ public:
 
     // 0 read; -1 when the file is missing or has no "Header" section.
     int ReadFile(const QString &path);
+    // The same from a device, read from where it stands to its end and opened for reading
+    // when it is closed; `name` stands for it in the printed lines.
+    int ReadFile(QIODevice *device, const QString &name);
     // 0 written; -1 when the file cannot be written.
     int WriteFile(const QString &path);
+    // The same into a device, opened for writing when it is closed; `name` stands for it in
+    // the end marker and the printed lines, where the path stands otherwise.
+    int WriteFile(QIODevice *device, const QString &name);
 
     // One reader per group, each with the number of sections to read: 0, or -1 when a
     // section is missing.
@@ -53,6 +61,11 @@ public:
     // Why the last WriteFile failed, as the system words it; empty after a success.
     QString writeProblem;
 
+    // How many slots the cache of repeated texts has at most (see shared()): texts whose
+    // hashes meet in a slot must still read back as themselves. Every size of the cache is
+    // a power of two up to this one, so texts that meet in the largest meet in every one.
+    static constexpr size_t sharedSlots = 4096;
+
 private:
     template <typename Record, typename Dispatch, typename After>
     int readGroup(RecordStream *stream, const char *reader, const QString &prefix, int count,
@@ -68,6 +81,7 @@ private:
     // through a small cache in which a new text takes the slot of an old one.
     QString shared(QStringView value);
     std::vector<QString> sharedTexts;
+    size_t sharedSize = sharedSlots; // the number of slots when the cache is set up
 
     // The section counts of the header. They survive from one read to the next: a header
     // without a count key reads as many sections as the file before had.

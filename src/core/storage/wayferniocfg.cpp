@@ -3,14 +3,25 @@
 #include "storage/printline.h"
 #include "storage/recordsink.h"
 
+#include <QFile>
 #include <QTextStream>
 
 WayfernIOCfg::WayfernIOCfg(WayFernData *document) : document(document) {}
 
 int WayfernIOCfg::ReadFile(const QString &path, const QString &name)
 {
+    // No folder at all is no file to read, and nothing to say about it.
+    if (path.isNull())
+        return -1;
+    const QString fullName = joinPath(path, name);
+    QFile file(fullName);
+    return ReadFile(&file, fullName);
+}
+
+int WayfernIOCfg::ReadFile(QIODevice *device, const QString &name)
+{
     RecordStream stream;
-    if (!openAtHeader(stream, path, name, "WayfernIOCfg"))
+    if (!openAtHeader(stream, device, name, "WayfernIOCfg"))
         return -1;
     WayFernConfig &config = document->config;
     walkSection(&stream, [&](QStringView key, QStringView value) {
@@ -55,8 +66,14 @@ int WayfernIOCfg::ReadFile(const QString &path, const QString &name)
 
 int WayfernIOCfg::WriteFile(const QString &path)
 {
+    return RecordSink::saveFile(path, "WayfernIOCfg",
+                                [&](QIODevice *file) { return WriteFile(file, path); });
+}
+
+int WayfernIOCfg::WriteFile(QIODevice *device, const QString &name)
+{
     const WayFernConfig &config = document->config;
-    return RecordSink::writeFile(path, "WayfernIOCfg", [&](QTextStream *stream) {
+    return RecordSink::writeDevice(device, name, "WayfernIOCfg", [&](QTextStream *stream) {
         writeFileHead(stream, "config", "Config-File");
         *stream << "[Header]\n";
         writeRecord(stream, QStringLiteral("DATA-PATH"), config.datapath);

@@ -3,6 +3,8 @@
 #include "data/wayferndata.h"
 #include "storage/scqtutil.h"
 
+class QIODevice;
+
 // Reads "wayfern.cfg" into the document's configuration. The program never writes the
 // file; the writer stands ready, and what it writes reads back only as far as "Header".
 class WayfernIOCfg : public ScQtUtil
@@ -12,8 +14,14 @@ public:
 
     // Reads `path`/`name` (or `name` alone when `path` is empty): 0 read; -1 any failure.
     int ReadFile(const QString &path, const QString &name);
+    // The same from a device, opened for reading when it is closed; `name` stands for it in
+    // the printed lines.
+    int ReadFile(QIODevice *device, const QString &name);
     // Writes the complete `path`: 0 written; -1 when the file cannot be written.
     int WriteFile(const QString &path);
+    // The same into a device, opened for writing when it is closed; `name` stands for it in
+    // the printed lines.
+    int WriteFile(QIODevice *device, const QString &name);
 
     WayFernData *document;
 };
