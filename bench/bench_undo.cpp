@@ -62,6 +62,7 @@ int main(int argc, char **argv)
     // As the window keeps it.
     AccountIndex lines;
     std::vector<double> record, undo, redo;
+    std::vector<double> byKind[4];
     size_t held = 0;
     const long rssBefore = residentKb();
     for (int n = 0; n < steps; ++n) {
@@ -102,6 +103,7 @@ int main(int argc, char **argv)
         before.reset();
         ms += timer.nsecsElapsed() / 1e6;
         record.push_back(ms);
+        byKind[n % 4].push_back(ms);
         held += change.bytes();
         history.push_back(std::move(change));
     }
@@ -120,6 +122,10 @@ int main(int argc, char **argv)
         redo.push_back(timer.nsecsElapsed() / 1e6);
     }
     report("record one step", record);
+    report("  a comment changed", byKind[0]);
+    report("  a date changed, the cost moved", byKind[1]);
+    report("  a new cost shared by all", byKind[2]);
+    report("  a cost deleted", byKind[3]);
     report("undo one step", undo);
     report("redo one step", redo);
     fprintf(stderr, "%d steps held: %.2f MB counted by the steps, resident set grew %.2f MB\n",

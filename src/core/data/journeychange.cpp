@@ -277,13 +277,15 @@ std::vector<std::pair<int, CostsData>> costsOf(const WayFernData &doc, const std
     flags.clear();
     if (ids.empty())
         return costs;
-    flags.reserve(size_t(doc.costs.count()));
-    int i = 0;
-    for (const CostsData *cost : doc.costs) {
-        flags.push_back(cost->shared);
-        if (touches(ids, cost->id))
+    const int n = doc.costs.count();
+    flags.resize(size_t(n));
+    // Mostly one cost: the plain comparison keeps the loop tight.
+    const int only = ids.size() == 1 ? ids.front() : 0;
+    for (int i = 0; i < n; ++i) {
+        const CostsData *cost = doc.costs.at(i);
+        flags[size_t(i)] = cost->shared;
+        if (ids.size() == 1 ? cost->id == only : touches(ids, cost->id))
             costs.emplace_back(i, kept(*cost));
-        ++i;
     }
     return costs;
 }
@@ -316,8 +318,11 @@ std::vector<int> AccountIndex::positions(const WayFernData &doc, int user,
             entry.magics.push_back(line->magic);
     }
     std::vector<int> found;
-    for (size_t i = 0; i < entry.magics.size(); ++i)
-        if (touches(ids, entry.magics[i]))
+    const int only = ids.size() == 1 ? ids.front() : 0;
+    const size_t n = entry.magics.size();
+    const int *magic = entry.magics.data();
+    for (size_t i = 0; i < n; ++i)
+        if (ids.size() == 1 ? magic[i] == only : touches(ids, magic[i]))
             found.push_back(int(i));
     return found;
 }
