@@ -7,7 +7,7 @@ set -euo pipefail
 top="$(cd "$(dirname "$0")/.." && pwd)"
 bash "$top/scripts/setup.sh" screenshots
 build="${WAYFERN_BUILD_DIR:-$top/build}"
-cmake -S "$top" -B "$build"
+cmake -S "$top" -B "$build" -DWAYFERN_BUILD_SCREENSHOT_TOOL=ON
 cmake --build "$build" --target wayfern-screenshot --parallel "$(nproc)"
 out="${1:-$top/docs}"
 for size in 480x640 240x320; do
