@@ -4,6 +4,7 @@
 // window does it, and so are long random runs of them.
 
 #include "../bench/journeygen.h"
+#include "journeybytes.h"
 
 #include "data/journeycalc.h"
 #include "data/journeychange.h"
@@ -13,32 +14,12 @@
 #include "settle/travellerleave.h"
 #include "storage/wayfernio.h"
 
-#include <QFile>
 #include <QRandomGenerator>
-#include <QTemporaryDir>
 #include <QTest>
 
 #include <functional>
 
 namespace {
-
-// The journey's file without the dated comment lines, which differ from write to write.
-QByteArray bytesOf(WayFernData &doc)
-{
-    static QTemporaryDir dir;
-    const QString path = dir.path() + QStringLiteral("/j.wfn");
-    WayfernIO io(&doc);
-    if (io.WriteFile(path) != 0)
-        return QByteArray("<not written>");
-    QFile f(path);
-    if (!f.open(QIODevice::ReadOnly))
-        return QByteArray("<unreadable>");
-    QList<QByteArray> lines = f.readAll().split('\n');
-    lines.removeIf([](const QByteArray &line) {
-        return line.startsWith("# last modified :") || line.startsWith("#                 time =");
-    });
-    return lines.join('\n');
-}
 
 // What every refresh of the window does after an action: sort, recompute.
 void refresh(WayFernData &doc)
@@ -113,20 +94,20 @@ class TestJourneyChange : public QObject
     void checkStep(WayFernData &doc, const ChangeScope &scope,
                    const std::function<void(WayFernData &)> &act, bool expectChange = true)
     {
-        const QByteArray before = bytesOf(doc);
+        const QByteArray before = journeyBytes(&doc);
         auto snapshot = JourneyChange::capture(doc, scope);
         act(doc);
         refresh(doc);
-        const QByteArray after = bytesOf(doc);
+        const QByteArray after = journeyBytes(&doc);
         const JourneyChange change = JourneyChange::since(*snapshot, doc);
         QCOMPARE(change.isEmpty(), !expectChange);
         QCOMPARE(change.isEmpty(), before == after);
         change.undo(doc);
         refreshAfterStep(doc);
-        QCOMPARE(bytesOf(doc), before);
+        QCOMPARE(journeyBytes(&doc), before);
         change.redo(doc);
         refreshAfterStep(doc);
-        QCOMPARE(bytesOf(doc), after);
+        QCOMPARE(journeyBytes(&doc), after);
     }
 
 private slots:
@@ -333,7 +314,7 @@ private slots:
             WayFernData doc;
             smallJourney(doc, 80, seed);
             QRandomGenerator random(seed);
-            std::vector<QByteArray> states{bytesOf(doc)};
+            std::vector<QByteArray> states{journeyBytes(&doc)};
             std::vector<JourneyChange> steps;
             for (int n = 0; n < 60; ++n) {
                 ChangeScope scope;
@@ -405,26 +386,26 @@ private slots:
                 if (change.isEmpty())
                     continue;
                 steps.push_back(std::move(change));
-                states.push_back(bytesOf(doc));
+                states.push_back(journeyBytes(&doc));
                 // Now and then the step is taken back at once, and the next one starts there.
                 if (indexed && random.bounded(4) == 0) {
                     steps.back().undo(doc);
                     refreshAfterStep(doc);
                     steps.pop_back();
                     states.pop_back();
-                    QVERIFY2(bytesOf(doc) == states.back(), qPrintable(QString::number(n)));
+                    QVERIFY2(journeyBytes(&doc) == states.back(), qPrintable(QString::number(n)));
                 }
             }
             QVERIFY(steps.size() > 30);
             for (size_t i = steps.size(); i > 0; --i) {
                 steps[i - 1].undo(doc);
                 refreshAfterStep(doc);
-                QVERIFY2(bytesOf(doc) == states[i - 1], qPrintable(QString::number(i)));
+                QVERIFY2(journeyBytes(&doc) == states[i - 1], qPrintable(QString::number(i)));
             }
             for (size_t i = 0; i < steps.size(); ++i) {
                 steps[i].redo(doc);
                 refreshAfterStep(doc);
-                QVERIFY2(bytesOf(doc) == states[i + 1], qPrintable(QString::number(i)));
+                QVERIFY2(journeyBytes(&doc) == states[i + 1], qPrintable(QString::number(i)));
             }
         }
     }

@@ -4,6 +4,7 @@
 // saved state.
 
 #include "editortestutil.h"
+#include "journeybytes.h"
 #include "modalhelper.h"
 #include "shellfixture.h"
 #include "widgetreaders.h"
@@ -23,9 +24,7 @@
 #include "storage/wayfernio.h"
 
 #include <QApplication>
-#include <QFile>
 #include <QRegularExpression>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 #include <QToolBar>
@@ -34,24 +33,6 @@
 #include <memory>
 
 namespace {
-
-// The journey in hand as its file, without the dated comment lines.
-QByteArray journeyBytes(WayFernData *doc)
-{
-    static QTemporaryDir dir;
-    const QString path = dir.path() + QStringLiteral("/bytes.wfn");
-    WayfernIO io(doc);
-    if (io.WriteFile(path) != 0)
-        return QByteArray("<not written>");
-    QFile f(path);
-    if (!f.open(QIODevice::ReadOnly))
-        return QByteArray("<unreadable>");
-    QList<QByteArray> lines = f.readAll().split('\n');
-    lines.removeIf([](const QByteArray &line) {
-        return line.startsWith("# last modified :") || line.startsWith("#                 time =");
-    });
-    return lines.join('\n');
-}
 
 // The sample journey in a shown, active window on tab `tab` (1 costs, 2 tips).
 struct Window
@@ -140,6 +121,24 @@ bool typeInRow(QTreeWidget *list, QLineEdit *line, const QString &label, const Q
     return true;
 }
 
+// In the costs editor when it opens: types `amount` as the foreign value and confirms,
+// and confirms the share dialog that then comes with the even shares.
+ModalTicket typeAmountAndShare(const QString &amount)
+{
+    return ModalHelper::onNextModal(
+        [](QWidget *x) { return qobject_cast<costsEdit *>(x) != nullptr; },
+        [amount](QWidget *x, ModalOutcome &out) {
+            auto *ed = static_cast<costsEdit *>(x);
+            if (!typeInRow(ed->ListView, ed->LineEdit, QStringLiteral("foreign value"), amount))
+                out.error += QStringLiteral("no foreign value row; ");
+            ModalTicket share =
+                ModalHelper::clickInNextDialog(QStringLiteral("OkButton"), {}, "userPayEdit");
+            ed->OkButton->click();
+            if (!share->handled)
+                out.error += share->error;
+        });
+}
+
 QString costName(const CostsData *cost)
 {
     return cost->date + u' ' + cost->type + u' ' + cost->fval + u' ' + cost->ctype;
@@ -224,20 +223,8 @@ private slots:
         const QStringList rows = w.costRows();
         // On the day of the first cost, so that the sort moves it past the others.
         QVERIFY(ModalHelper::tapItem(w.v->CostsListView, w.v->CostsListView->topLevelItem(0)));
-        ModalTicket costs = ModalHelper::onNextModal(
-            [](QWidget *x) { return qobject_cast<costsEdit *>(x) != nullptr; },
-            [](QWidget *x, ModalOutcome &out) {
-                auto *ed = static_cast<costsEdit *>(x);
-                if (!typeInRow(ed->ListView, ed->LineEdit, QStringLiteral("foreign value"),
-                               QStringLiteral("92.63")))
-                    out.error += QStringLiteral("no foreign value row; ");
-                // The share dialog comes; OK books the even shares.
-                ModalTicket share =
-                    ModalHelper::clickInNextDialog(QStringLiteral("OkButton"), {}, "userPayEdit");
-                ed->OkButton->click();
-                if (!share->handled)
-                    out.error += share->error;
-            });
+        // The share dialog comes; OK books the even shares.
+        ModalTicket costs = typeAmountAndShare(QStringLiteral("92.63"));
         QTest::mouseClick(w.v->InsertButton, Qt::LeftButton);
         QVERIFY2(costs->handled && costs->error.isEmpty(), qPrintable(costs->error));
         // Every traveller has his share of it.
@@ -254,19 +241,7 @@ private slots:
         const QStringList rows = w.costRows();
         QVERIFY(ModalHelper::tapItem(w.v->CostsListView, w.v->CostsListView->topLevelItem(0)));
         QVERIFY(w.v->actucost->shared);
-        ModalTicket costs = ModalHelper::onNextModal(
-            [](QWidget *x) { return qobject_cast<costsEdit *>(x) != nullptr; },
-            [](QWidget *x, ModalOutcome &out) {
-                auto *ed = static_cast<costsEdit *>(x);
-                if (!typeInRow(ed->ListView, ed->LineEdit, QStringLiteral("foreign value"),
-                               QStringLiteral("75.40")))
-                    out.error += QStringLiteral("no foreign value row; ");
-                ModalTicket share =
-                    ModalHelper::clickInNextDialog(QStringLiteral("OkButton"), {}, "userPayEdit");
-                ed->OkButton->click();
-                if (!share->handled)
-                    out.error += share->error;
-            });
+        ModalTicket costs = typeAmountAndShare(QStringLiteral("75.40"));
         QTest::mouseClick(w.v->ChangeButton, Qt::LeftButton);
         QVERIFY2(costs->handled && costs->error.isEmpty(), qPrintable(costs->error));
         QCOMPARE(w.v->actucost->fval, QStringLiteral("75.40"));
