@@ -13,6 +13,16 @@
 #include <QList>
 #include <QTemporaryDir>
 
+// A journey file's bytes without the two dated comment lines.
+inline QByteArray undatedJourney(const QByteArray &bytes)
+{
+    QList<QByteArray> lines = bytes.split('\n');
+    lines.removeIf([](const QByteArray &line) {
+        return line.startsWith("# last modified :") || line.startsWith("#                 time =");
+    });
+    return lines.join('\n');
+}
+
 inline QByteArray journeyBytes(WayFernData *doc)
 {
     static QTemporaryDir dir;
@@ -23,9 +33,5 @@ inline QByteArray journeyBytes(WayFernData *doc)
     QFile f(path);
     if (!f.open(QIODevice::ReadOnly))
         return QByteArray("<unreadable>");
-    QList<QByteArray> lines = f.readAll().split('\n');
-    lines.removeIf([](const QByteArray &line) {
-        return line.startsWith("# last modified :") || line.startsWith("#                 time =");
-    });
-    return lines.join('\n');
+    return undatedJourney(f.readAll());
 }

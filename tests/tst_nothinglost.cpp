@@ -3,7 +3,9 @@
 // restart.
 
 #include "editortestutil.h"
+#include "journeybytes.h"
 #include "modalhelper.h"
+#include "samplewindow.h"
 #include "shellfixture.h"
 #include "widgetreaders.h"
 
@@ -28,34 +30,7 @@ QByteArray fileBytes(const QString &path)
     return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray("<unreadable>");
 }
 
-// The file without its two dated comment lines, which differ from save to save.
-QByteArray undated(const QByteArray &bytes)
-{
-    QList<QByteArray> lines = bytes.split('\n');
-    lines.removeIf([](const QByteArray &line) {
-        return line.startsWith("# last modified :") || line.startsWith("#                 time =");
-    });
-    return lines.join('\n');
-}
-
-// The sample journey in a window, on the tab `tab` (1 costs, 2 tips), shown so that rows can
-// be tapped.
-struct Window
-{
-    explicit Window(const ShellFixture &fx, int tab)
-    {
-        fx.writeLast(QStringLiteral("sample.wfn"));
-        app = std::make_unique<WayfernApp>();
-        v = app->view;
-        doc = app->doc;
-        app->show();
-        v->TabWidget2->setCurrentIndex(tab);
-        QVERIFY(QTest::qWaitForWindowExposed(app.get()));
-    }
-    std::unique_ptr<WayfernApp> app;
-    WayfernView *v = nullptr;
-    WayFernData *doc = nullptr;
-};
+using Window = SampleWindow;
 
 // Quit with Yes to the save question, inside the application's event loop as a user quits;
 // false with a message when no question came or the program did not end.
@@ -240,7 +215,7 @@ private slots:
         QCOMPARE(again.doc->tips.at(0)->comment, comment);
         again.doc->setModified(true);
         again.app->fileSave->trigger();
-        QCOMPARE(undated(fileBytes(sample)), undated(savedOnce));
+        QCOMPARE(undatedJourney(fileBytes(sample)), undatedJourney(savedOnce));
     }
 };
 

@@ -6,6 +6,7 @@
 #include "editortestutil.h"
 #include "journeybytes.h"
 #include "modalhelper.h"
+#include "samplewindow.h"
 #include "shellfixture.h"
 #include "widgetreaders.h"
 
@@ -35,18 +36,9 @@
 namespace {
 
 // The sample journey in a shown, active window on tab `tab` (1 costs, 2 tips).
-struct Window
+struct Window : SampleWindow
 {
-    explicit Window(const ShellFixture &fx, int tab = 1)
-    {
-        fx.writeLast(QStringLiteral("sample.wfn"));
-        app = std::make_unique<WayfernApp>();
-        v = app->view;
-        doc = app->doc;
-        app->show();
-        v->TabWidget2->setCurrentIndex(tab);
-        QVERIFY(QTest::qWaitForWindowExposed(app.get()));
-    }
+    using SampleWindow::SampleWindow;
 
     // A key of the window, pressed as a user does; the offscreen platform gives the window
     // the keyboard back after a dialog only when asked.
@@ -103,10 +95,6 @@ struct Window
         QVERIFY(doc->isModified());
         QCOMPARE(app->editUndo->toolTip(), QStringLiteral("Undo: ") + name);
     }
-
-    std::unique_ptr<WayfernApp> app;
-    WayfernView *v = nullptr;
-    WayFernData *doc = nullptr;
 };
 
 // In an item-and-content editor: types `text` into the row `label`.
