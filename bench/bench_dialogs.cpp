@@ -21,6 +21,7 @@
 #include <QDialog>
 #include <QElapsedTimer>
 #include <QEvent>
+#include <QItemSelectionModel>
 #include <QLineEdit>
 #include <QTimer>
 #include <QToolButton>
@@ -148,10 +149,10 @@ int main(int argc, char **argv)
 
     // A cost in the middle of the list: its list row is made current, as a tap makes it.
     const auto pickCost = [&](int round) {
-        QTreeWidgetItem *item = view->CostsListView->topLevelItem(
-            view->CostsListView->topLevelItemCount() / 2 + round * 7);
-        view->CostsListView->setCurrentItem(item);
-        item->setSelected(true);
+        QAbstractItemModel *rows = view->CostsListView->model();
+        view->CostsListView->selectionModel()->setCurrentIndex(
+            rows->index(rows->rowCount() / 2 + round * 7, 0),
+            QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
         QApplication::processEvents();
     };
     // The change button, as a tap; returns once the view has refreshed and painted.

@@ -27,7 +27,7 @@ QString shownText(const QWidget *widget)
         return widget->windowTitle();
     if (auto *box = qobject_cast<const QComboBox *>(widget))
         return WidgetReaders::comboTexts(box).join(u'|');
-    if (auto *list = qobject_cast<const QTreeWidget *>(widget))
+    if (auto *list = qobject_cast<const QTreeView *>(widget))
         return WidgetReaders::headerTexts(list).join(u'|');
     if (auto *table = qobject_cast<const QTableWidget *>(widget))
         return WidgetReaders::tableHeaderTexts(table).join(u'|');

@@ -9,6 +9,7 @@
 #include <QComboBox>
 #include <QDialog>
 #include <QElapsedTimer>
+#include <QItemSelectionModel>
 #include <QLineEdit>
 #include <QPointer>
 #include <QSignalSpy>
@@ -217,17 +218,34 @@ bool tapItem(QTreeWidget *view, QTreeWidgetItem *item, int column)
     return true;
 }
 
+bool tapRow(QAbstractItemView *view, int row, int column)
+{
+    if (!view)
+        return false;
+    const QModelIndex index = view->model()->index(row, column);
+    if (!index.isValid())
+        return false;
+    view->scrollTo(index);
+    const QRect rect = view->visualRect(index);
+    if (!rect.isValid() || !view->viewport()->rect().contains(rect.center()))
+        return false;
+    QTest::mouseClick(view->viewport(), Qt::LeftButton, Qt::NoModifier, rect.center());
+    return true;
+}
+
+bool selectRow(QAbstractItemView *view, int row)
+{
+    const QModelIndex index = view->model()->index(row, 0);
+    if (!index.isValid())
+        return false;
+    view->selectionModel()->setCurrentIndex(
+        index, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    return true;
+}
+
 bool tapCell(QTableWidget *table, int row, int column)
 {
-    if (!table)
-        return false;
-    const QModelIndex index = table->model()->index(row, column);
-    table->scrollTo(index);
-    const QRect rect = table->visualRect(index);
-    if (!rect.isValid() || !table->viewport()->rect().contains(rect.center()))
-        return false;
-    QTest::mouseClick(table->viewport(), Qt::LeftButton, Qt::NoModifier, rect.center());
-    return true;
+    return tapRow(table, row, column);
 }
 
 ModalTicket pickDateInNextCalendar(const QDate &date, int timeoutMs)

@@ -21,6 +21,7 @@
 #include <functional>
 #include <memory>
 
+class QAbstractItemView;
 class QDialog;
 class QTableWidget;
 class QTreeWidget;
@@ -88,6 +89,11 @@ void cancelPending();
 // Taps an item of a list view or a cell of a table the way a finger does: scrolls it into
 // view and clicks the middle of it. False when it can't be reached.
 bool tapItem(QTreeWidget *view, QTreeWidgetItem *item);
+// The same for top-level row `row` of any list, in the middle of `column`.
+bool tapRow(QAbstractItemView *view, int row, int column = 0);
+// Makes top-level row `row` current and selected, as a program does (no click); false when
+// the list has no such row.
+bool selectRow(QAbstractItemView *view, int row);
 // The same, in the middle of one column of the row (a tick box in column 0, say).
 bool tapItem(QTreeWidget *view, QTreeWidgetItem *item, int column);
 bool tapCell(QTableWidget *table, int row, int column);

@@ -534,9 +534,9 @@ private slots:
         app.show();
         v->TabWidget2->setCurrentIndex(1);
         QVERIFY(QTest::qWaitForWindowExposed(&app));
-        QTreeWidget *list = v->CostsListView;
-        QCOMPARE(list->topLevelItem(3)->text(0), QStringLiteral("01.06"));
-        QVERIFY(ModalHelper::tapItem(list, list->topLevelItem(3)));
+        QTreeView *list = v->CostsListView;
+        QCOMPARE(WidgetReaders::rowTexts(list, 3).value(0), QStringLiteral("01.06"));
+        QVERIFY(ModalHelper::tapRow(list, 3));
         const int before = app.doc->costs.count();
 
         QString openedDate, refusedText, keptText;

@@ -1,8 +1,10 @@
 #include "formcheck.h"
+#include "modalhelper.h"
 #include "shellfixture.h"
 #include "stdoutcapture.h"
 
 #include "data/wayferndata.h"
+#include "lists/journeylistmodels.h"
 #include "shell/wayfernapp.h"
 #include "shell/wayfernview.h"
 
@@ -77,12 +79,13 @@ bool closeChangedJourney(WayfernApp &app, const ShellFixture &fx,
 
 // Taps the first column of a row, presses `key` in the list, double-taps the row and
 // clears the selection; false when the row can't be reached.
-bool tapRowThenReturnThenDoubleTap(QTreeWidget *list, QTreeWidgetItem *row, Qt::Key key)
+bool tapRowThenReturnThenDoubleTap(QTreeView *list, int row, Qt::Key key)
 {
+    const QModelIndex index = list->model()->index(row, 0);
     // A tab just shown lays out its list from the event loop.
-    if (!QTest::qWaitFor([&] { return list->visualItemRect(row).isValid(); }))
+    if (!QTest::qWaitFor([&] { return list->visualRect(index).isValid(); }))
         return false;
-    const QRect rect = list->visualItemRect(row);
+    const QRect rect = list->visualRect(index);
     const QPoint inFirstColumn(rect.left() + 5, rect.center().y());
     if (!list->viewport()->rect().contains(inFirstColumn))
         return false;
@@ -105,17 +108,19 @@ public:
     void slotCostsChange() override { calls << "slotCostsChange"; }
     void slotCostsDelete() override { calls << "slotCostsDelete"; }
     void slotCostsNew() override { calls << "slotCostsNew"; }
-    void slotCostsSelectionChanged(QTreeWidgetItem *item) override
+    void slotCostsSelectionChanged(const QModelIndex &row) override
     {
-        calls << "slotCostsSelectionChanged " + (item ? item->text(0) : QStringLiteral("null"));
+        calls << "slotCostsSelectionChanged "
+                + (row.isValid() ? row.data().toString() : QStringLiteral("null"));
     }
     void slotTCopy() override { calls << "slotTCopy"; }
     void slotTipChange() override { calls << "slotTipChange"; }
     void slotTipDelete() override { calls << "slotTipDelete"; }
     void slotTipNew() override { calls << "slotTipNew"; }
-    void slotTipSelectionChanged(QTreeWidgetItem *item) override
+    void slotTipSelectionChanged(const QModelIndex &row) override
     {
-        calls << "slotTipSelectionChanged " + (item ? item->text(0) : QStringLiteral("null"));
+        calls << "slotTipSelectionChanged "
+                + (row.isValid() ? row.data().toString() : QStringLiteral("null"));
     }
 };
 
@@ -145,7 +150,7 @@ const FormCheck::WidgetRow mainFormWidgets[] = {
     {"PasteButton", "QToolButton", "", "PasteButton",
      "pastes the temp buffer into the costs \nlist (on top of the selected entry).",
      ":/shell/paste.xpm"},
-    {"CostsListView", "QTreeWidget", "date|tp|base|foreign|fcurr", "CostsListView",
+    {"CostsListView", "QTreeView", "date|tp|base|foreign|fcurr", "CostsListView",
      "This listview shows the\ncosts list."},
     {"tab_3", "QWidget", "&Tip"},
     {"TInsertButton", "QToolButton", "", "AppendButton",
@@ -164,7 +169,7 @@ const FormCheck::WidgetRow mainFormWidgets[] = {
     {"TPasteButton", "QToolButton", "", "PasteButton",
      "pastes the temp buffer into the tip \nlist (on top of the selected entry).",
      ":/shell/paste.xpm"},
-    {"TipListView", "QTreeWidget", "type|tip|quality", "", ""},
+    {"TipListView", "QTreeView", "type|tip|quality", "", ""},
 };
 
 const FormCheck::StubRow mainFormStubs[] = {
@@ -174,14 +179,14 @@ const FormCheck::StubRow mainFormStubs[] = {
     {"slotCostsChange()", "MainDlg1::slotCostsChange(): Not implemented yet!"},
     {"slotCostsDelete()", "MainDlg1::slotCostsDelete(): Not implemented yet!"},
     {"slotCostsNew()", "MainDlg1::slotCostsNew(): Not implemented yet!"},
-    {"slotCostsSelectionChanged(QTreeWidgetItem*)",
-     "MainDlg1::slotCostsSelectionChanged( QTreeWidgetItem * ): Not implemented yet!"},
+    {"slotCostsSelectionChanged(QModelIndex)",
+     "MainDlg1::slotCostsSelectionChanged( const QModelIndex & ): Not implemented yet!"},
     {"slotTCopy()", "MainDlg1::slotTCopy(): Not implemented yet!"},
     {"slotTipChange()", "MainDlg1::slotTipChange(): Not implemented yet!"},
     {"slotTipDelete()", "MainDlg1::slotTipDelete(): Not implemented yet!"},
     {"slotTipNew()", "MainDlg1::slotTipNew(): Not implemented yet!"},
-    {"slotTipSelectionChanged(QTreeWidgetItem*)",
-     "MainDlg1::slotTipSelectionChanged( QTreeWidgetItem * ): Not implemented yet!"},
+    {"slotTipSelectionChanged(QModelIndex)",
+     "MainDlg1::slotTipSelectionChanged( const QModelIndex & ): Not implemented yet!"},
 };
 
 } // namespace
@@ -351,7 +356,7 @@ private slots:
         QVERIFY(QTest::qWaitForWindowActive(&app));
         app.view->TabWidget2->setCurrentIndex(1);
         app.view->CostsListView->setFocus();
-        app.view->CostsListView->setCurrentItem(app.view->CostsListView->topLevelItem(0));
+        QVERIFY(ModalHelper::selectRow(app.view->CostsListView, 0));
         QSignalSpy curr(app.openCurr, &QAction::triggered);
         QSignalSpy save(app.fileSave, &QAction::triggered);
         // The currency list opens and is closed again at once.
@@ -626,10 +631,18 @@ private slots:
                               "slotTipDelete", "slotCostsNew", "slotTipNew", "slotCCopy",
                               "slotCPaste", "slotTCopy", "slotTPaste"}));
 
+        // The lists show a journey of one cost and one tip.
+        WayFernData doc;
+        doc.costs.append()->date = QStringLiteral("01.06.2002");
+        doc.tips.append()->typeletter = QStringLiteral("H");
+        form.costModel->setJourney(&doc);
+        form.costModel->reload();
+        form.tipModel->setJourney(&doc);
+        form.tipModel->reload();
+
         form.calls.clear();
         form.TabWidget2->setCurrentWidget(form.tab_2);
-        auto *cost = new QTreeWidgetItem(form.CostsListView, QStringList{"01.06"});
-        QVERIFY(tapRowThenReturnThenDoubleTap(form.CostsListView, cost, Qt::Key_Return));
+        QVERIFY(tapRowThenReturnThenDoubleTap(form.CostsListView, 0, Qt::Key_Return));
         // Return and a double click each change the entry once.
         QCOMPARE(form.calls,
                  (QStringList{"slotCostsSelectionChanged 01.06", "slotCostsChange",
@@ -637,8 +650,7 @@ private slots:
 
         form.calls.clear();
         form.TabWidget2->setCurrentWidget(form.tab_3);
-        auto *tip = new QTreeWidgetItem(form.TipListView, QStringList{"H"});
-        QVERIFY(tapRowThenReturnThenDoubleTap(form.TipListView, tip, Qt::Key_Enter));
+        QVERIFY(tapRowThenReturnThenDoubleTap(form.TipListView, 0, Qt::Key_Enter));
         QCOMPARE(form.calls,
                  (QStringList{"slotTipSelectionChanged H", "slotTipChange", "slotTipChange",
                               "slotTipSelectionChanged null"}));

@@ -430,9 +430,9 @@ private slots:
         QCOMPARE(app.doc->findCurrency(QStringLiteral("CHF"))->factor, QStringLiteral("1.0000"));
         QCOMPARE(app.doc->findCurrency(QStringLiteral("EUR"))->factor, QStringLiteral("0.6667"));
         QCOMPARE(app.doc->findCurrency(QStringLiteral("USD"))->factor, QStringLiteral("0.6000"));
-        QCOMPARE(v->CostsListView->headerItem()->text(2), QStringLiteral("CHF"));
+        QCOMPARE(WidgetReaders::headerTexts(v->CostsListView).value(2), QStringLiteral("CHF"));
         // The Hotel cost of 90.00 EUR, now in francs.
-        QCOMPARE(v->CostsListView->topLevelItem(0)->text(2), QStringLiteral("134.99"));
+        QCOMPARE(WidgetReaders::rowTexts(v->CostsListView, 0).value(2), QStringLiteral("134.99"));
         QTreeWidgetItem *common = v->OverListView->topLevelItem(0);
         QCOMPARE(common->child(0)->text(1), QStringLiteral("CHF"));
         QVERIFY(app.doc->isModified());

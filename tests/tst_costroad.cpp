@@ -225,12 +225,12 @@ private slots:
         QCOMPARE(QString::asprintf("%.2f", booked), QStringLiteral("-100.00"));
 
         // The cost list: one row, selected and current, with the shared picture.
-        QTreeWidget *list = v->CostsListView;
+        QTreeView *list = v->CostsListView;
         QCOMPARE(WidgetReaders::treeRows(list), (QStringList{"12.06|H|100.00|150|CHF"}));
-        QCOMPARE(list->currentItem(), list->topLevelItem(0));
-        QVERIFY(list->topLevelItem(0)->isSelected());
+        QCOMPARE(WidgetReaders::currentRow(list), 0);
+        QVERIFY(WidgetReaders::selectedRows(list).contains(0));
         QCOMPARE(v->actucost, cost);
-        QVERIFY(FormCheck::showsPicture(list->topLevelItem(0)->icon(0), *v->sharedPixmap));
+        QVERIFY(FormCheck::showsPicture(WidgetReaders::rowIcon(list, 0), *v->sharedPixmap));
 
         // The overview: the total, the costs per day and each traveller's balance.
         QCOMPARE(WidgetReaders::treeRows(v->OverListView),

@@ -1,5 +1,6 @@
 #include "shellfixture.h"
 #include "stdoutcapture.h"
+#include "widgetreaders.h"
 
 #include "data/wayferndata.h"
 #include "shell/wayfernapp.h"
@@ -64,8 +65,8 @@ private slots:
         QCOMPARE(app.windowTitle(), QStringLiteral("sample.wfn"));
         QCOMPARE(app.fileName, fx.dataFile(QStringLiteral("sample.wfn")));
         QCOMPARE(app.doc->journeyname, QStringLiteral("Lakes and Passes"));
-        QCOMPARE(app.view->CostsListView->topLevelItemCount(), 5);
-        QCOMPARE(app.view->TipListView->topLevelItemCount(), 3);
+        QCOMPARE(WidgetReaders::rowCount(app.view->CostsListView), 5);
+        QCOMPARE(WidgetReaders::rowCount(app.view->TipListView), 3);
     }
 
     void newLoadsTheTemplateAndWritesNoLastState()
@@ -79,7 +80,7 @@ private slots:
         QCOMPARE(app.fileName, QStringLiteral(""));
         QCOMPARE(app.doc->lastfile, QStringLiteral(""));
         QCOMPARE(app.doc->journeyname, QStringLiteral("Template"));
-        QCOMPARE(app.view->CostsListView->topLevelItemCount(), 0);
+        QCOMPARE(WidgetReaders::rowCount(app.view->CostsListView), 0);
         QCOMPARE(app.statusBar()->currentMessage(), QStringLiteral("Ready."));
         QVERIFY(!QFile::exists(fx.lastFile()));
     }
@@ -144,7 +145,7 @@ private slots:
         QCOMPARE(app.doc->lastfile, QStringLiteral("sample.wfn"));
         QCOMPARE(fx.lastNamed(), QStringLiteral("sample.wfn"));
         QCOMPARE(app.statusBar()->currentMessage(), QStringLiteral("Loaded document: ") + path);
-        QCOMPARE(app.view->CostsListView->topLevelItemCount(), 5);
+        QCOMPARE(WidgetReaders::rowCount(app.view->CostsListView), 5);
     }
 
     void abortedOpenOnlyTellsSo()

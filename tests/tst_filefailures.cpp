@@ -4,6 +4,7 @@
 
 #include "shellfixture.h"
 #include "stdoutcapture.h"
+#include "widgetreaders.h"
 
 #include "data/wayferndata.h"
 #include "shell/wayfernapp.h"
@@ -142,7 +143,7 @@ private slots:
         QCOMPARE(app.doc->journeyname, QStringLiteral("Changed"));
         QCOMPARE(app.doc->costs.count(), 5);
         QCOMPARE(app.doc->currencies.count(), 3);
-        QCOMPARE(app.view->CostsListView->topLevelItemCount(), 5);
+        QCOMPARE(WidgetReaders::rowCount(app.view->CostsListView), 5);
         QCOMPARE(app.statusBar()->currentMessage(), QStringLiteral("Opening failed"));
         QCOMPARE(readAll(fx.lastFile()), lastBefore);
 
@@ -328,7 +329,7 @@ private slots:
         QCOMPARE(app.fileName, QStringLiteral(""));
         QCOMPARE(app.doc->costs.count(), 0);
         QCOMPARE(app.doc->currencies.count(), 0);
-        QCOMPARE(app.view->CostsListView->topLevelItemCount(), 0);
+        QCOMPARE(WidgetReaders::rowCount(app.view->CostsListView), 0);
     }
 
     void firstStartWithATemplateThatCannotBeReadSaysSo()

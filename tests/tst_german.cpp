@@ -83,12 +83,9 @@ void rejectIt(QWidget *w)
     qobject_cast<QDialog *>(w)->reject();
 }
 
-void select(QTreeWidget *list, int row)
+void select(QAbstractItemView *list, int row)
 {
-    if (QTreeWidgetItem *item = list->topLevelItem(row)) {
-        list->setCurrentItem(item);
-        item->setSelected(true);
-    }
+    ModalHelper::selectRow(list, row);
 }
 
 // Appends `what` to `out.text`, one per line: what a dialog showed, for the test to compare.

@@ -529,7 +529,7 @@ private slots:
         v->TabWidget2->setCurrentIndex(1);
         const int before = app.doc->costs.count();
         QVERIFY(before > 1);
-        QVERIFY(ModalHelper::tapItem(v->CostsListView, v->CostsListView->topLevelItem(1)));
+        QVERIFY(ModalHelper::tapRow(v->CostsListView, 1));
         v->CostsListView->setFocus();
         QCOMPARE(QApplication::focusWidget(), static_cast<QWidget *>(v->CostsListView));
         ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::Cancel);
@@ -540,7 +540,7 @@ private slots:
         QVERIFY(box->text.endsWith(QStringLiteral("\n\nconfirm with yes !")));
         QCOMPARE(app.doc->costs.count(), before);
         QVERIFY(showAndActivate(&app));
-        QVERIFY(ModalHelper::tapItem(v->CostsListView, v->CostsListView->topLevelItem(1)));
+        QVERIFY(ModalHelper::tapRow(v->CostsListView, 1));
         v->CostsListView->setFocus();
         ModalTicket yes = ModalHelper::answerNextMessageBox(QMessageBox::Yes);
         press(Qt::Key_Delete);
@@ -557,7 +557,7 @@ private slots:
         QVERIFY(showAndActivate(&app));
         v->TabWidget2->setCurrentIndex(2);
         const int before = app.doc->tips.count();
-        QVERIFY(ModalHelper::tapItem(v->TipListView, v->TipListView->topLevelItem(1)));
+        QVERIFY(ModalHelper::tapRow(v->TipListView, 1));
         v->TipListView->setFocus();
         ModalTicket yes = ModalHelper::answerNextMessageBox(QMessageBox::Yes);
         press(Qt::Key_Delete);

@@ -88,12 +88,12 @@ private slots:
         const QString sample = fx.dataFile(QStringLiteral("sample.wfn"));
         {
             Window w(fx, 1);
-            QVERIFY(ModalHelper::tapItem(w.v->CostsListView, w.v->CostsListView->topLevelItem(2)));
+            QVERIFY(ModalHelper::tapRow(w.v->CostsListView, 2));
             QCOMPARE(w.v->actucost->comment, QStringLiteral("Boat"));
             ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::Yes);
             QTest::mouseClick(w.v->DeleteButton, Qt::LeftButton);
             QVERIFY2(box->handled, qPrintable(box->error));
-            QCOMPARE(w.v->CostsListView->topLevelItemCount(), 4);
+            QCOMPARE(WidgetReaders::rowCount(w.v->CostsListView), 4);
             QString error;
             QVERIFY2(quitAndSave(*w.app, &error), qPrintable(error));
         }
@@ -101,7 +101,7 @@ private slots:
         Window again(fx, 1);
         QCOMPARE(again.doc->costs.count(), 4);
         QVERIFY(!costComments(*again.doc).contains(QStringLiteral("Boat")));
-        QCOMPARE(again.v->CostsListView->topLevelItemCount(), 4);
+        QCOMPARE(WidgetReaders::rowCount(again.v->CostsListView), 4);
         QVERIFY(!again.doc->isModified());
     }
 
@@ -111,10 +111,10 @@ private slots:
         const QString sample = fx.dataFile(QStringLiteral("sample.wfn"));
         {
             Window w(fx, 1);
-            QVERIFY(ModalHelper::tapItem(w.v->CostsListView, w.v->CostsListView->topLevelItem(2)));
+            QVERIFY(ModalHelper::tapRow(w.v->CostsListView, 2));
             QTest::mouseClick(w.v->CopyButton, Qt::LeftButton);
             QTest::mouseClick(w.v->PasteButton, Qt::LeftButton);
-            QCOMPARE(w.v->CostsListView->topLevelItemCount(), 6);
+            QCOMPARE(WidgetReaders::rowCount(w.v->CostsListView), 6);
             QString error;
             QVERIFY2(quitAndSave(*w.app, &error), qPrintable(error));
         }
@@ -122,7 +122,7 @@ private slots:
         Window again(fx, 1);
         QCOMPARE(again.doc->costs.count(), 6);
         QCOMPARE(costComments(*again.doc).count(QStringLiteral("Boat")), 2);
-        QCOMPARE(again.v->CostsListView->topLevelItemCount(), 6);
+        QCOMPARE(WidgetReaders::rowCount(again.v->CostsListView), 6);
     }
 
     void deletedTipMakesQuitAskAndYesSavesTheDeletion()
@@ -131,7 +131,7 @@ private slots:
         const QString sample = fx.dataFile(QStringLiteral("sample.wfn"));
         {
             Window w(fx, 2);
-            QVERIFY(ModalHelper::tapItem(w.v->TipListView, w.v->TipListView->topLevelItem(2)));
+            QVERIFY(ModalHelper::tapRow(w.v->TipListView, 2));
             ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::Yes);
             QTest::mouseClick(w.v->TDeleteButton, Qt::LeftButton);
             QVERIFY2(box->handled, qPrintable(box->error));
@@ -150,7 +150,7 @@ private slots:
         const QString sample = fx.dataFile(QStringLiteral("sample.wfn"));
         {
             Window w(fx, 2);
-            QVERIFY(ModalHelper::tapItem(w.v->TipListView, w.v->TipListView->topLevelItem(2)));
+            QVERIFY(ModalHelper::tapRow(w.v->TipListView, 2));
             QTest::mouseClick(w.v->TCopyButton, Qt::LeftButton);
             QTest::mouseClick(w.v->TPasteButton, Qt::LeftButton);
             QCOMPARE(tipNames(w.v).count(QStringLiteral("Glacier garden")), 2);
@@ -166,7 +166,7 @@ private slots:
     {
         ShellFixture fx({QStringLiteral("sample.wfn")});
         Window w(fx, 1);
-        QVERIFY(ModalHelper::tapItem(w.v->CostsListView, w.v->CostsListView->topLevelItem(2)));
+        QVERIFY(ModalHelper::tapRow(w.v->CostsListView, 2));
         ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::Cancel);
         QTest::mouseClick(w.v->DeleteButton, Qt::LeftButton);
         QVERIFY2(box->handled, qPrintable(box->error));
@@ -182,7 +182,7 @@ private slots:
         QByteArray savedOnce;
         {
             Window w(fx, 2);
-            QVERIFY(ModalHelper::tapItem(w.v->TipListView, w.v->TipListView->topLevelItem(0)));
+            QVERIFY(ModalHelper::tapRow(w.v->TipListView, 0));
             ModalTicket dialog = ModalHelper::onNextModal(
                 [](QWidget *widget) { return qobject_cast<tipEdit *>(widget) != nullptr; },
                 [comment](QWidget *widget, ModalOutcome &out) {

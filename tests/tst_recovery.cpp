@@ -32,8 +32,8 @@ bool deleteTheBoat(WayfernApp &app)
     app.view->TabWidget2->setCurrentIndex(1);
     if (!QTest::qWaitForWindowExposed(&app))
         return false;
-    QTreeWidget *list = app.view->CostsListView;
-    if (!ModalHelper::tapItem(list, list->topLevelItem(2))
+    QTreeView *list = app.view->CostsListView;
+    if (!ModalHelper::tapRow(list, 2)
         || app.view->actucost->comment != QLatin1String("Boat"))
         return false;
     ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::Yes);

@@ -240,8 +240,7 @@ ModalTicket inNextShareDialog(QString &header, QStringList &rows,
 // `inside` there.
 ModalTicket changeCost(Window &w, int row, std::function<void(costsEdit *, ModalOutcome &)> inside)
 {
-    QTreeWidget *list = w.view()->CostsListView;
-    ModalHelper::tapItem(list, list->topLevelItem(row));
+    ModalHelper::tapRow(w.view()->CostsListView, row);
     ModalTicket t = ModalHelper::onNextModal(
         [](QWidget *x) { return qobject_cast<costsEdit *>(x) != nullptr; },
         [inside](QWidget *x, ModalOutcome &out) { inside(static_cast<costsEdit *>(x), out); });

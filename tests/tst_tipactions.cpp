@@ -30,7 +30,7 @@ void showTips(WayfernApp &app)
 
 bool tapTip(WayfernView *v, int row)
 {
-    return ModalHelper::tapItem(v->TipListView, v->TipListView->topLevelItem(row));
+    return ModalHelper::tapRow(v->TipListView, row);
 }
 
 // The names of the tip list, top to bottom.
@@ -169,7 +169,7 @@ private slots:
         QCOMPARE(j.doc->tips.count(), 3);
         QCOMPARE(tipNames(j.v), sampleNames);
         QCOMPARE(j.v->actutip, j.doc->tips.first());
-        QCOMPARE(j.v->TipListView->currentItem(), j.v->TipListView->topLevelItem(0));
+        QCOMPARE(WidgetReaders::currentRow(j.v->TipListView), 0);
         QVERIFY(!j.doc->isModified());
     }
 
@@ -182,12 +182,11 @@ private slots:
         QVERIFY2(dialog->handled && dialog->error.isEmpty(), qPrintable(dialog->error));
         QCOMPARE(j.doc->tips.count(), 4);
         QCOMPARE(tipNames(j.v), sampleNames + QStringList{"Early bird"});
-        QCOMPARE(itemTexts(j.v->TipListView->topLevelItem(3)),
+        QCOMPARE(WidgetReaders::rowTexts(j.v->TipListView, 3),
                  (QStringList{"H", "Early bird", ""}));
         QCOMPARE(j.v->actutip, j.doc->tips.at(3));
-        QCOMPARE(j.v->TipListView->selectedItems(),
-                 QList<QTreeWidgetItem *>{j.v->TipListView->topLevelItem(3)});
-        QCOMPARE(j.v->TipListView->currentItem(), j.v->TipListView->topLevelItem(3));
+        QCOMPARE(WidgetReaders::selectedRows(j.v->TipListView), QList<int>{3});
+        QCOMPARE(WidgetReaders::currentRow(j.v->TipListView), 3);
         QCOMPARE(j.doc->tips.at(3)->date, QStringLiteral("01.05.2002"));
         QVERIFY(j.doc->isModified());
 
@@ -218,7 +217,7 @@ private slots:
         QVERIFY2(dialog->handled && dialog->error.isEmpty(), qPrintable(dialog->error));
         QCOMPARE(tipNames(j.v), (QStringList{"Lakeside hostel", "Zum Anker II", "Glacier garden"}));
         QCOMPARE(j.v->actutip, anker);
-        QCOMPARE(j.v->TipListView->currentItem(), j.v->TipListView->topLevelItem(1));
+        QCOMPARE(WidgetReaders::currentRow(j.v->TipListView), 1);
         QCOMPARE(anker->date, QStringLiteral("09.06.2002"));
         j.v->refreshView();
         QCOMPARE(tipNames(j.v), (QStringList{"Lakeside hostel", "Glacier garden", "Zum Anker II"}));
@@ -228,13 +227,13 @@ private slots:
     {
         Journey j;
         showTips(*j.app);
-        QTreeWidget *list = j.v->TipListView;
+        QTreeView *list = j.v->TipListView;
         ModalTicket dialog = inNextTipDialog([&](tipEdit *ed, ModalOutcome &out) {
             if (ed->actu != j.doc->tips.at(2))
                 out.error += QStringLiteral("not the double-clicked tip; ");
             ed->reject();
         });
-        const QRect rect = list->visualItemRect(list->topLevelItem(2));
+        const QRect rect = list->visualRect(list->model()->index(2, 0));
         QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, rect.center());
         QTest::mousePress(list->viewport(), Qt::LeftButton, {}, rect.center());
         QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, rect.center());
@@ -245,7 +244,7 @@ private slots:
     void changeAndDeleteWithoutACurrentRowDoNothing()
     {
         Journey j;
-        QCOMPARE(j.v->TipListView->currentItem(), nullptr);
+        QCOMPARE(WidgetReaders::currentRow(j.v->TipListView), -1);
         ModalTicket dialog = inNextTipDialog([](tipEdit *ed, ModalOutcome &) { ed->reject(); });
         ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::Yes, 300);
         j.v->slotTipChange();
@@ -274,9 +273,8 @@ private slots:
         QCOMPARE(j.doc->tips.count(), 3);
         QCOMPARE(tipNames(j.v), sampleNames);
         QCOMPARE(j.v->actutip, j.doc->tips.first());
-        QCOMPARE(j.v->TipListView->selectedItems(),
-                 QList<QTreeWidgetItem *>{j.v->TipListView->topLevelItem(0)});
-        QCOMPARE(j.v->TipListView->currentItem(), j.v->TipListView->topLevelItem(0));
+        QCOMPARE(WidgetReaders::selectedRows(j.v->TipListView), QList<int>{0});
+        QCOMPARE(WidgetReaders::currentRow(j.v->TipListView), 0);
         QVERIFY(!j.doc->isModified());
     }
 
@@ -293,7 +291,7 @@ private slots:
         QCOMPARE(j.doc->tips.count(), 2);
         QCOMPARE(tipNames(j.v), (QStringList{"Lakeside hostel", "Glacier garden"}));
         QCOMPARE(j.v->actutip, j.doc->tips.first());
-        QCOMPARE(j.v->TipListView->currentItem(), j.v->TipListView->topLevelItem(0));
+        QCOMPARE(WidgetReaders::currentRow(j.v->TipListView), 0);
 
         // The row made current by the refresh is what the next delete takes.
         ModalTicket again = ModalHelper::answerNextMessageBox(QMessageBox::Yes);
@@ -316,7 +314,7 @@ private slots:
         }
         QCOMPARE(j.doc->tips.count(), 0);
         QCOMPARE(j.v->actutip, nullptr);
-        QCOMPARE(j.v->TipListView->topLevelItemCount(), 0);
+        QCOMPARE(WidgetReaders::rowCount(j.v->TipListView), 0);
         // Nothing to copy from or change.
         j.v->slotTCopy();
         QVERIFY(!j.v->tipCopied);

@@ -57,9 +57,9 @@ struct Window : SampleWindow
     QStringList costRows() const
     {
         QStringList rows;
-        for (int i = 0; i < v->CostsListView->topLevelItemCount(); ++i) {
-            const QTreeWidgetItem *row = v->CostsListView->topLevelItem(i);
-            rows << row->text(0) + u'|' + row->text(2) + u'|' + row->text(3);
+        for (int i = 0; i < WidgetReaders::rowCount(v->CostsListView); ++i) {
+            const QStringList row = WidgetReaders::rowTexts(v->CostsListView, i);
+            rows << row[0] + u'|' + row[2] + u'|' + row[3];
         }
         return rows;
     }
@@ -182,7 +182,7 @@ private slots:
         Window w(fx);
         const QByteArray before = journeyBytes(w.doc);
         const QStringList rows = w.costRows();
-        QVERIFY(ModalHelper::tapItem(w.v->CostsListView, w.v->CostsListView->topLevelItem(2)));
+        QVERIFY(ModalHelper::tapRow(w.v->CostsListView, 2));
         const QString name = costName(w.v->actucost);
         ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::Yes);
         QTest::mouseClick(w.v->DeleteButton, Qt::LeftButton);
@@ -196,7 +196,7 @@ private slots:
         Window w(fx);
         const QByteArray before = journeyBytes(w.doc);
         const QStringList rows = w.costRows();
-        QVERIFY(ModalHelper::tapItem(w.v->CostsListView, w.v->CostsListView->topLevelItem(1)));
+        QVERIFY(ModalHelper::tapRow(w.v->CostsListView, 1));
         const QString name = costName(w.v->actucost);
         QTest::mouseClick(w.v->CopyButton, Qt::LeftButton);
         QTest::mouseClick(w.v->PasteButton, Qt::LeftButton);
@@ -210,7 +210,7 @@ private slots:
         const QByteArray before = journeyBytes(w.doc);
         const QStringList rows = w.costRows();
         // On the day of the first cost, so that the sort moves it past the others.
-        QVERIFY(ModalHelper::tapItem(w.v->CostsListView, w.v->CostsListView->topLevelItem(0)));
+        QVERIFY(ModalHelper::tapRow(w.v->CostsListView, 0));
         // The share dialog comes; OK books the even shares.
         ModalTicket costs = typeAmountAndShare(QStringLiteral("92.63"));
         QTest::mouseClick(w.v->InsertButton, Qt::LeftButton);
@@ -227,7 +227,7 @@ private slots:
         Window w(fx);
         const QByteArray before = journeyBytes(w.doc);
         const QStringList rows = w.costRows();
-        QVERIFY(ModalHelper::tapItem(w.v->CostsListView, w.v->CostsListView->topLevelItem(0)));
+        QVERIFY(ModalHelper::tapRow(w.v->CostsListView, 0));
         QVERIFY(w.v->actucost->shared);
         ModalTicket costs = typeAmountAndShare(QStringLiteral("75.40"));
         QTest::mouseClick(w.v->ChangeButton, Qt::LeftButton);
@@ -261,7 +261,7 @@ private slots:
         w.app->fileSave->trigger();
         QVERIFY(!w.doc->isModified());
         before = journeyBytes(w.doc);
-        QVERIFY(ModalHelper::tapItem(w.v->TipListView, w.v->TipListView->topLevelItem(0)));
+        QVERIFY(ModalHelper::tapRow(w.v->TipListView, 0));
         const QString name = w.v->actutip->name;
         ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::Yes);
         QTest::mouseClick(w.v->TDeleteButton, Qt::LeftButton);
@@ -272,7 +272,7 @@ private slots:
 
         w.app->fileSave->trigger();
         before = journeyBytes(w.doc);
-        QVERIFY(ModalHelper::tapItem(w.v->TipListView, w.v->TipListView->topLevelItem(1)));
+        QVERIFY(ModalHelper::tapRow(w.v->TipListView, 1));
         const QString pasted = w.v->actutip->name;
         QTest::mouseClick(w.v->TCopyButton, Qt::LeftButton);
         QTest::mouseClick(w.v->TPasteButton, Qt::LeftButton);
@@ -418,7 +418,7 @@ private slots:
         ShellFixture fx({QStringLiteral("sample.wfn")});
         Window w(fx);
         const QString sample = fx.dataFile(QStringLiteral("sample.wfn"));
-        QVERIFY(ModalHelper::tapItem(w.v->CostsListView, w.v->CostsListView->topLevelItem(2)));
+        QVERIFY(ModalHelper::tapRow(w.v->CostsListView, 2));
         ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::Yes);
         QTest::mouseClick(w.v->DeleteButton, Qt::LeftButton);
         QVERIFY(box->handled);
@@ -445,7 +445,7 @@ private slots:
     {
         ShellFixture fx({QStringLiteral("sample.wfn")});
         Window w(fx);
-        QVERIFY(ModalHelper::tapItem(w.v->CostsListView, w.v->CostsListView->topLevelItem(2)));
+        QVERIFY(ModalHelper::tapRow(w.v->CostsListView, 2));
         ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::Yes);
         QTest::mouseClick(w.v->DeleteButton, Qt::LeftButton);
         QVERIFY(box->handled);
@@ -467,7 +467,7 @@ private slots:
         QVERIFY2(file->handled, qPrintable(file->error));
         QCOMPARE(w.doc->journeyname, QStringLiteral("Lakes and Passes"));
         w.v->TabWidget2->setCurrentIndex(1);
-        QVERIFY(ModalHelper::tapItem(w.v->CostsListView, w.v->CostsListView->topLevelItem(0)));
+        QVERIFY(ModalHelper::tapRow(w.v->CostsListView, 0));
         QTest::mouseClick(w.v->CopyButton, Qt::LeftButton);
         QTest::mouseClick(w.v->PasteButton, Qt::LeftButton);
         QVERIFY(w.app->editUndo->isEnabled());
@@ -483,7 +483,7 @@ private slots:
     {
         ShellFixture fx({QStringLiteral("sample.wfn")});
         Window w(fx);
-        QVERIFY(ModalHelper::tapItem(w.v->CostsListView, w.v->CostsListView->topLevelItem(2)));
+        QVERIFY(ModalHelper::tapRow(w.v->CostsListView, 2));
         ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::Cancel);
         QTest::mouseClick(w.v->DeleteButton, Qt::LeftButton);
         QVERIFY(box->handled);

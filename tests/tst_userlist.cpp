@@ -230,7 +230,7 @@ private slots:
         // "name" stands over the first name, "first n." over the surname.
         QCOMPARE(WidgetReaders::treeRows(f.list.ListView),
                  (QStringList{"AB|Anna|Berg|-10.00", "CD|Carl|Dorn|-10.00", "EF|Eva|Fell|-10.00"}));
-        QCOMPARE(f.doc.users.at(1)->item, f.rowOf("CD"));
+        QCOMPARE(f.list.findByItem(f.rowOf("CD")), f.doc.users.at(1));
     }
 
     void withNoUsersTheListIsEmptyAndTheRowButtonsStayOff()

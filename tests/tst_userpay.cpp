@@ -10,6 +10,7 @@
 #include "modalhelper.h"
 #include "paytestutil.h"
 #include "stdoutcapture.h"
+#include "widgetreaders.h"
 
 #include <QFontMetrics>
 #include <QHeaderView>
@@ -1345,10 +1346,7 @@ void TestUserPay::kontoShowsTheAccountOfTheSelectedRow()
         [&rows, &balance](QDialog *d) {
             auto *kto = static_cast<userKtoEdit *>(d);
             balance = kto->ValTextLabel->text();
-            for (int i = 0; i < kto->ListView->topLevelItemCount(); ++i)
-                rows << kto->ListView->topLevelItem(i)->text(0) + "|"
-                        + kto->ListView->topLevelItem(i)->text(1) + "|"
-                        + kto->ListView->topLevelItem(i)->text(2);
+            rows = WidgetReaders::treeRows(kto->ListView);
         },
         "userKtoEdit");
     s.dlg.slotKonto();

@@ -9,6 +9,7 @@
 #include "editors/baseedit.h"
 #include "editors/costsedit.h"
 #include "editors/userpayedit.h"
+#include "lists/journeylistmodels.h"
 #include "shell/wayfernapp.h"
 #include "shell/wayfernview.h"
 #include "storage/scqtutil.h"
@@ -85,7 +86,7 @@ void showCosts(WayfernApp &app)
 
 bool tapCost(WayfernView *v, int row)
 {
-    return ModalHelper::tapItem(v->CostsListView, v->CostsListView->topLevelItem(row));
+    return ModalHelper::tapRow(v->CostsListView, row);
 }
 
 // Acts in the next costs dialog; `act` ends it (OK, Cancel, close).
@@ -155,24 +156,26 @@ private slots:
         ShellFixture fx({QStringLiteral("sample.wfn")});
         fx.writeLast(QStringLiteral("sample.wfn"));
         WayfernApp app;
-        QTreeWidget *list = app.view->CostsListView;
-        QCOMPARE(list->headerItem()->text(2), QStringLiteral("EUR"));
-        QCOMPARE(list->topLevelItemCount(), 5);
+        QTreeView *list = app.view->CostsListView;
+        QCOMPARE(WidgetReaders::headerTexts(list).value(2), QStringLiteral("EUR"));
+        QCOMPARE(WidgetReaders::rowCount(list), 5);
         // Sorted by date, the year left out, amounts as the document holds them.
-        QCOMPARE(itemTexts(list->topLevelItem(0)),
+        QCOMPARE(WidgetReaders::rowTexts(list, 0),
                  (QStringList{"30.05", "H", "90.00", "90.00", "EUR"}));
-        QCOMPARE(itemTexts(list->topLevelItem(1)),
+        QCOMPARE(WidgetReaders::rowTexts(list, 1),
                  (QStringList{"30.05", "F", "24.00", "36.00", "CHF"}));
-        QCOMPARE(itemTexts(list->topLevelItem(2)),
+        QCOMPARE(WidgetReaders::rowTexts(list, 2),
                  (QStringList{"31.05", "T", "50.00", "45.00", "USD"}));
-        QCOMPARE(itemTexts(list->topLevelItem(3)),
+        QCOMPARE(WidgetReaders::rowTexts(list, 3),
                  (QStringList{"01.06", "M", "12.00", "18.00", "CHF"}));
-        QCOMPARE(itemTexts(list->topLevelItem(4)),
+        QCOMPARE(WidgetReaders::rowTexts(list, 4),
                  (QStringList{"02.06", "F", "30.00", "27.00", "USD"}));
-        QVERIFY(list->topLevelItem(0)->textAlignment(2) & Qt::AlignRight);
-        QVERIFY(list->topLevelItem(0)->textAlignment(3) & Qt::AlignRight);
+        QVERIFY(list->model()->index(0, 2).data(Qt::TextAlignmentRole).toInt() & Qt::AlignRight);
+        QVERIFY(list->model()->index(0, 3).data(Qt::TextAlignmentRole).toInt() & Qt::AlignRight);
+        // Row i shows cost i.
         for (int i = 0; i < 5; ++i)
-            QCOMPARE(app.doc->costs.at(i)->item, list->topLevelItem(i));
+            QCOMPARE(app.view->costModel->costAt(i), app.doc->costs.at(i));
+        QCOMPARE(app.view->costModel->costAt(5), nullptr);
     }
 
     void sortedCostsLeaveTheSharedIconAtItsListPosition()
@@ -181,11 +184,11 @@ private slots:
         ShellFixture fx({QStringLiteral("sample.wfn")});
         fx.writeLast(QStringLiteral("sample.wfn"));
         WayfernApp app;
-        QTreeWidget *list = app.view->CostsListView;
+        QTreeView *list = app.view->CostsListView;
         const bool expected[] = {true, true, false, true, true};
         for (int i = 0; i < 5; ++i) {
             QCOMPARE(app.doc->costs.at(i)->shared, expected[i]);
-            QVERIFY(FormCheck::showsPicture(list->topLevelItem(i)->icon(0),
+            QVERIFY(FormCheck::showsPicture(WidgetReaders::rowIcon(list, i),
                                             expected[i] ? *app.view->sharedPixmap
                                                         : *app.view->unsharedPixmap));
         }
@@ -198,9 +201,9 @@ private slots:
         ShellFixture fx({QStringLiteral("sample-nousers.wfn")});
         fx.writeLast(QStringLiteral("sample-nousers.wfn"));
         WayfernApp app;
-        QTreeWidget *list = app.view->CostsListView;
-        for (int i = 0; i < list->topLevelItemCount(); ++i)
-            QVERIFY(list->topLevelItem(i)->icon(0).isNull());
+        QTreeView *list = app.view->CostsListView;
+        for (int i = 0; i < WidgetReaders::rowCount(list); ++i)
+            QVERIFY(WidgetReaders::rowIcon(list, i).isNull());
         UserData *user = app.doc->users.first();
         user->value = 999.0;
         user->kto.first()->change = -1.0;
@@ -213,11 +216,11 @@ private slots:
     {
         ShellFixture fx;
         WayfernApp app;
-        QCOMPARE(app.view->CostsListView->topLevelItemCount(), 0);
-        QCOMPARE(app.view->CostsListView->headerItem()->text(2), QStringLiteral("EUR"));
+        QCOMPARE(WidgetReaders::rowCount(app.view->CostsListView), 0);
+        QCOMPARE(WidgetReaders::headerTexts(app.view->CostsListView).value(2), QStringLiteral("EUR"));
         app.doc->basecurrency = QStringLiteral("");
         app.view->refreshView();
-        QCOMPARE(app.view->CostsListView->headerItem()->text(2), QString());
+        QCOMPARE(WidgetReaders::headerTexts(app.view->CostsListView).value(2), QString());
     }
 
     void tipListShowsLetterNameAndQualityInDateOrder()
@@ -225,14 +228,15 @@ private slots:
         ShellFixture fx({QStringLiteral("sample.wfn")});
         fx.writeLast(QStringLiteral("sample.wfn"));
         WayfernApp app;
-        QTreeWidget *list = app.view->TipListView;
-        QCOMPARE(list->topLevelItemCount(), 3);
-        QCOMPARE(itemTexts(list->topLevelItem(0)), (QStringList{"H", "Lakeside hostel", "fair"}));
-        QCOMPARE(itemTexts(list->topLevelItem(1)), (QStringList{"R", "Zum Anker", "good"}));
-        QCOMPARE(itemTexts(list->topLevelItem(2)), (QStringList{"S", "Glacier garden", "good"}));
+        QTreeView *list = app.view->TipListView;
+        QCOMPARE(WidgetReaders::rowCount(list), 3);
+        QCOMPARE(WidgetReaders::rowTexts(list, 0), (QStringList{"H", "Lakeside hostel", "fair"}));
+        QCOMPARE(WidgetReaders::rowTexts(list, 1), (QStringList{"R", "Zum Anker", "good"}));
+        QCOMPARE(WidgetReaders::rowTexts(list, 2), (QStringList{"S", "Glacier garden", "good"}));
         QCOMPARE(app.doc->tips.at(1)->typeletter, QStringLiteral("R"));
-        QCOMPARE(app.view->findTip(list->topLevelItem(2)), app.doc->tips.at(2));
-        QCOMPARE(app.view->findTip(nullptr), nullptr);
+        QCOMPARE(app.view->tipModel->tipAt(2), app.doc->tips.at(2));
+        QCOMPARE(app.view->tipModel->tipAt(-1), nullptr);
+        QCOMPARE(app.view->tipModel->tipAt(3), nullptr);
     }
 
     void selectionEnablesButtonsForGoodAndIsRestoredByRefresh()
@@ -249,8 +253,8 @@ private slots:
 
         v->show();
         v->TabWidget2->setCurrentIndex(1);
-        QTreeWidget *list = v->CostsListView;
-        const QRect rect = list->visualItemRect(list->topLevelItem(3));
+        QTreeView *list = v->CostsListView;
+        const QRect rect = list->visualRect(list->model()->index(3, 0));
         QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, rect.center());
         QCOMPARE(v->actucost, app.doc->costs.at(3));
         QVERIFY(v->ChangeButton->isEnabled());
@@ -270,13 +274,12 @@ private slots:
         QCOMPARE(v->actucost, app.doc->costs.at(0));
         QCOMPARE(app.doc->costs.at(0)->date, QStringLiteral("29.05.2002"));
         QCOMPARE(app.doc->costs.at(0)->type, QStringLiteral("Museum"));
-        QCOMPARE(list->selectedItems().size(), 1);
-        QCOMPARE(list->selectedItems().first(), list->topLevelItem(0));
-        QCOMPARE(list->currentItem(), list->topLevelItem(0));
-        QCOMPARE(v->findCost(list->selectedItems().first()), v->actucost);
+        QCOMPARE(WidgetReaders::selectedRows(list), QList<int>{0});
+        QCOMPARE(WidgetReaders::currentRow(list), 0);
+        QCOMPARE(v->currentCost(), v->actucost);
 
         v->TabWidget2->setCurrentIndex(2);
-        v->TipListView->topLevelItem(1)->setSelected(true);
+        QVERIFY(ModalHelper::selectRow(v->TipListView, 1));
         QCOMPARE(v->actutip, app.doc->tips.at(1));
         QVERIFY(v->TChangeButton->isEnabled());
         QVERIFY(v->TDeleteButton->isEnabled());
@@ -290,25 +293,25 @@ private slots:
         fx.writeLast(QStringLiteral("sample.wfn"));
         WayfernApp app;
         WayfernView *v = app.view;
-        v->CostsListView->topLevelItem(2)->setSelected(true);
-        v->TipListView->topLevelItem(2)->setSelected(true);
+        QVERIFY(ModalHelper::selectRow(v->CostsListView, 2));
+        QVERIFY(ModalHelper::selectRow(v->TipListView, 2));
         QVERIFY(v->actucost);
         QVERIFY(v->actutip);
         v->loadView(fx.dataFile(QStringLiteral("sample-nousers.wfn")));
         QVERIFY(!v->actucost || app.doc->costs.contains(v->actucost));
         QVERIFY(!v->actutip || app.doc->tips.contains(v->actutip));
-        QVERIFY(v->CostsListView->selectedItems().isEmpty());
+        QVERIFY(WidgetReaders::selectedRows(v->CostsListView).isEmpty());
 
         // New empties the journey; when the template cannot be read the lists stay, but no
         // pointer leads into the records that are gone.
-        v->CostsListView->topLevelItem(1)->setSelected(true);
+        QVERIFY(ModalHelper::selectRow(v->CostsListView, 1));
         QVERIFY(v->actucost);
         QFile::remove(fx.dataFile(QStringLiteral("template.wfn")));
         app.slotFileNew();
         QCOMPARE(app.doc->costs.count(), 0);
         QCOMPARE(v->actucost, nullptr);
         v->refreshView();
-        QCOMPARE(v->CostsListView->topLevelItemCount(), 0);
+        QCOMPARE(WidgetReaders::rowCount(v->CostsListView), 0);
     }
 
     void sortAgreesWithTheBubbleSortOnRandomJourneys()
@@ -358,7 +361,7 @@ private slots:
         }
     }
 
-    void sortKeepsSharedFlagsAndItemsAtTheirPositions()
+    void sortKeepsSharedFlagsAtTheirPositions()
     {
         ShellFixture fx;
         WayfernApp app;
@@ -366,12 +369,10 @@ private slots:
         doc.clearAll();
         const char *dates[] = {"03.06.2002", "01.06.2002", "nodate", "02.06.2002"};
         const bool shared[] = {true, false, false, true};
-        QTreeWidgetItem items[4];
         for (int i = 0; i < 4; ++i) {
             CostsData *c = doc.costs.append();
             c->date = QString::fromLatin1(dates[i]);
             c->shared = shared[i];
-            c->item = &items[i];
             c->id = i + 1;
         }
         app.view->sortCosts();
@@ -379,10 +380,7 @@ private slots:
         for (int i = 0; i < 4; ++i) {
             QCOMPARE(doc.costs.at(i)->id, ids[i]);
             QCOMPARE(doc.costs.at(i)->shared, shared[i]);
-            QCOMPARE(doc.costs.at(i)->item, &items[i]);
         }
-        for (CostsData *c : doc.costs)
-            c->item = nullptr;
     }
 
     void printedLinesOfTheFileOperations()
@@ -402,7 +400,7 @@ private slots:
         }
         // A failed read changes nothing.
         QCOMPARE(app.doc->costs.count(), 5);
-        QCOMPARE(v->CostsListView->topLevelItemCount(), 5);
+        QCOMPARE(WidgetReaders::rowCount(v->CostsListView), 5);
 
         app.doc->config.datapath = fx.dataDir() + QStringLiteral("/gone");
         {
@@ -455,10 +453,10 @@ private slots:
         app.doc->currencies.at(0)->factor = QStringLiteral("0.6667");
         app.doc->currencies.at(0)->type = app.doc->currencies.at(0)->floating;
         app.view->slotBCurrChanged();
-        QCOMPARE(app.view->CostsListView->headerItem()->text(2), QStringLiteral("CHF"));
+        QCOMPARE(WidgetReaders::headerTexts(app.view->CostsListView).value(2), QStringLiteral("CHF"));
         app.view->slotTabViewChanged(nullptr);
         app.view->slotTabViewChanged(app.view->tab);
-        QCOMPARE(app.view->CostsListView->topLevelItemCount(), 5);
+        QCOMPARE(WidgetReaders::rowCount(app.view->CostsListView), 5);
     }
     void theCostsAndBaseDialogsAreBuiltOnceHiddenAndInOrder()
     {
@@ -520,7 +518,7 @@ private slots:
         QCOMPARE(id, 6);
         QCOMPARE(app.doc->costs.count(), 5);
         QCOMPARE(linesOf(*app.doc, 6), 0);
-        QCOMPARE(v->CostsListView->topLevelItemCount(), 5);
+        QCOMPARE(WidgetReaders::rowCount(v->CostsListView), 5);
         QCOMPARE(v->actucost, app.doc->costs.first());
         // The confirmed share had marked the journey.
         QVERIFY(app.doc->isModified());
@@ -533,8 +531,8 @@ private slots:
         WayfernApp app;
         showCosts(app);
         WayfernView *v = app.view;
-        QTreeWidget *list = v->CostsListView;
-        QCOMPARE(itemTexts(list->topLevelItem(3)),
+        QTreeView *list = v->CostsListView;
+        QCOMPARE(WidgetReaders::rowTexts(list, 3),
                  (QStringList{"01.06", "M", "12.00", "18.00", "CHF"}));
         ModalTicket calendar, share;
         ModalTicket dialog = inNextCostsDialog([&](costsEdit *ed, ModalOutcome &out) {
@@ -547,7 +545,7 @@ private slots:
             ed->OkButton->click();
         });
         // A double click on the row is the change action.
-        const QRect rect = list->visualItemRect(list->topLevelItem(3));
+        const QRect rect = list->visualRect(list->model()->index(3, 0));
         // As a finger does it: a tap, then the second press, which is the double click.
         // The last release belongs to the dialog that opened, not to the list.
         QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, rect.center());
@@ -557,10 +555,10 @@ private slots:
         QVERIFY2(calendar && calendar->handled && calendar->error.isEmpty(),
                  calendar ? qPrintable(calendar->error) : "no calendar");
         QVERIFY2(share && share->handled, share ? qPrintable(share->error) : "no share");
-        QCOMPARE(itemTexts(list->topLevelItem(0)),
+        QCOMPARE(WidgetReaders::rowTexts(list, 0),
                  (QStringList{"29.05", "M", "12.00", "18.00", "CHF"}));
-        QCOMPARE(list->selectedItems(), QList<QTreeWidgetItem *>{list->topLevelItem(0)});
-        QCOMPARE(list->currentItem(), list->topLevelItem(0));
+        QCOMPARE(WidgetReaders::selectedRows(list), QList<int>{0});
+        QCOMPARE(WidgetReaders::currentRow(list), 0);
         QCOMPARE(v->actucost, app.doc->costs.at(0));
         QCOMPARE(app.doc->costs.at(0)->comment, QStringLiteral("Glacier museum"));
         QVERIFY(app.doc->isModified());
@@ -572,7 +570,7 @@ private slots:
         fx.writeLast(QStringLiteral("sample.wfn"));
         WayfernApp app;
         WayfernView *v = app.view;
-        QCOMPARE(v->CostsListView->currentItem(), nullptr);
+        QCOMPARE(WidgetReaders::currentRow(v->CostsListView), -1);
         ModalTicket dialog = inNextCostsDialog([](costsEdit *ed, ModalOutcome &) { ed->reject(); });
         v->slotCostsChange();
         v->slotCostsDelete();
@@ -600,9 +598,8 @@ private slots:
         QCOMPARE(box->icon, QMessageBox::Information);
         QCOMPARE(app.doc->costs.count(), 5);
         QCOMPARE(v->actucost, boat);
-        QCOMPARE(v->CostsListView->selectedItems(),
-                 QList<QTreeWidgetItem *>{v->CostsListView->topLevelItem(2)});
-        QCOMPARE(v->CostsListView->currentItem(), v->CostsListView->topLevelItem(2));
+        QCOMPARE(WidgetReaders::selectedRows(v->CostsListView), QList<int>{2});
+        QCOMPARE(WidgetReaders::currentRow(v->CostsListView), 2);
         QCOMPARE(linesOf(*app.doc, 3), 3);
         QVERIFY(!app.doc->isModified());
     }
@@ -617,7 +614,7 @@ private slots:
         QVERIFY(tapCost(v, 2));
         // The refresh refills the list: the remembered row must be current again.
         v->refreshView();
-        QCOMPARE(v->CostsListView->currentItem(), v->CostsListView->topLevelItem(2));
+        QCOMPARE(WidgetReaders::currentRow(v->CostsListView), 2);
         ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::Yes);
         QTest::mouseClick(v->DeleteButton, Qt::LeftButton);
         QVERIFY2(box->handled, qPrintable(box->error));
@@ -626,7 +623,7 @@ private slots:
             QVERIFY(cost->comment != QStringLiteral("Boat"));
         QCOMPARE(linesOf(*app.doc, 3), 0);
         QCOMPARE(v->actucost, app.doc->costs.first());
-        QCOMPARE(v->CostsListView->topLevelItemCount(), 4);
+        QCOMPARE(WidgetReaders::rowCount(v->CostsListView), 4);
         // Each traveller's balance lost the 16.6667 of the boat.
         QCOMPARE(app.doc->users.at(1)->value, -48.0);
         // A deletion is a change: Quit must ask before it is lost.
@@ -640,7 +637,7 @@ private slots:
         WayfernApp app;
         showCosts(app);
         WayfernView *v = app.view;
-        QTreeWidget *list = v->CostsListView;
+        QTreeView *list = v->CostsListView;
         QVERIFY(!v->PasteButton->isEnabled());
         QVERIFY(tapCost(v, 1)); // 30.05 Food 36 CHF, shared, id 2
         QTest::mouseClick(v->CopyButton, Qt::LeftButton);
@@ -651,11 +648,11 @@ private slots:
         QCOMPARE(app.doc->costs.count(), 6);
         QCOMPARE(app.doc->costs.at(1)->id, 6);
         QCOMPARE(app.doc->costs.at(2)->id, 2);
-        QCOMPARE(itemTexts(list->topLevelItem(1)), itemTexts(list->topLevelItem(2)));
+        QCOMPARE(WidgetReaders::rowTexts(list, 1), WidgetReaders::rowTexts(list, 2));
         QVERIFY(!app.doc->costs.at(1)->shared);
         QCOMPARE(linesOf(*app.doc, 6), 0);
         QCOMPARE(v->actucost, app.doc->costs.at(1));
-        QVERIFY(FormCheck::showsPicture(list->topLevelItem(1)->icon(0), *v->unsharedPixmap));
+        QVERIFY(FormCheck::showsPicture(WidgetReaders::rowIcon(list, 1), *v->unsharedPixmap));
 
         // Pasted onto a later day: the sort puts it back among the costs of its own date.
         QVERIFY(tapCost(v, 4)); // 01.06 Museum
@@ -666,8 +663,8 @@ private slots:
         QCOMPARE(app.doc->costs.at(3)->date, QStringLiteral("30.05.2002"));
         // The selection went with the pasted cost.
         QCOMPARE(v->actucost, app.doc->costs.at(3));
-        QCOMPARE(list->selectedItems(), QList<QTreeWidgetItem *>{list->topLevelItem(3)});
-        QCOMPARE(list->currentItem(), list->topLevelItem(3));
+        QCOMPARE(WidgetReaders::selectedRows(list), QList<int>{3});
+        QCOMPARE(WidgetReaders::currentRow(list), 3);
         QCOMPARE(app.doc->costs.at(5)->type, QStringLiteral("Museum"));
         QCOMPARE(WidgetReaders::columnTexts(list, 0),
                  (QStringList{"30.05", "30.05", "30.05", "30.05", "31.05", "01.06", "02.06"}));
@@ -700,7 +697,8 @@ private slots:
         QCOMPARE(pasted->fval, QStringLiteral("45.00"));
         QCOMPARE(pasted->bval, QStringLiteral("0.0"));
         QCOMPARE(pasted->bvalue, 0.0);
-        QCOMPARE(itemTexts(pasted->item), (QStringList{"31.05", "T", "0.0", "45.00", "USD"}));
+        QCOMPARE(WidgetReaders::rowTexts(v->CostsListView, v->costModel->rowOf(pasted)),
+                 (QStringList{"31.05", "T", "0.0", "45.00", "USD"}));
     }
 
     void aNewCostStartsOnTheDateOfTheSelectedCostAndIsSortedByIt()
@@ -730,7 +728,7 @@ private slots:
         QCOMPARE(WidgetReaders::columnTexts(v->CostsListView, 0),
                  (QStringList{"30.05", "30.05", "31.05", "31.05", "01.06", "02.06"}));
         QCOMPARE(v->actucost, app.doc->costs.at(3));
-        QVERIFY(v->CostsListView->topLevelItem(3)->isSelected());
+        QCOMPARE(WidgetReaders::selectedRows(v->CostsListView), QList<int>{3});
         QVERIFY(app.doc->isModified());
     }
 
@@ -808,7 +806,7 @@ private slots:
         app.doc->currencies.remove(app.doc->findCurrency(QStringLiteral("CHF")));
         app.doc->ctypes.remove(app.doc->ctypes.first());
         v->refreshView();
-        QCOMPARE(itemTexts(v->CostsListView->topLevelItem(1)),
+        QCOMPARE(WidgetReaders::rowTexts(v->CostsListView, 1),
                  (QStringList{"30.05", "F", "0.0", "36.00", "CHF"}));
         ModalTicket second = inNextCostsDialog([](costsEdit *ed, ModalOutcome &out) {
             tapRow(ed, "exch. rate", out);

@@ -1,16 +1,20 @@
 #include "widgetreaders.h"
 
 #include <QComboBox>
+#include <QItemSelectionModel>
 #include <QTableWidget>
 #include <QTreeWidget>
 
+#include <algorithm>
+
 namespace WidgetReaders {
 
-QStringList headerTexts(const QTreeWidget *list)
+QStringList headerTexts(const QTreeView *list)
 {
+    const QAbstractItemModel *model = list->model();
     QStringList texts;
-    for (int i = 0; i < list->columnCount(); ++i)
-        texts << list->headerItem()->text(i);
+    for (int i = 0; i < model->columnCount(); ++i)
+        texts << model->headerData(i, Qt::Horizontal).toString();
     return texts;
 }
 
@@ -26,29 +30,75 @@ QStringList itemTexts(const QTreeWidgetItem *item)
 
 namespace {
 
-void addRows(const QTreeWidgetItem *item, int depth, QChar separator, QStringList &rows)
+QStringList indexTexts(const QAbstractItemModel *model, int row, const QModelIndex &parent)
 {
-    rows << QString(2 * depth, u' ') + itemTexts(item).join(separator);
-    for (int i = 0; i < item->childCount(); ++i)
-        addRows(item->child(i), depth + 1, separator, rows);
+    QStringList texts;
+    for (int c = 0; c < model->columnCount(parent); ++c)
+        texts << model->index(row, c, parent).data().toString();
+    return texts;
+}
+
+void addRows(const QAbstractItemModel *model, const QModelIndex &parent, int depth,
+             QChar separator, QStringList &rows)
+{
+    for (int r = 0; r < model->rowCount(parent); ++r) {
+        rows << QString(2 * depth, u' ') + indexTexts(model, r, parent).join(separator);
+        addRows(model, model->index(r, 0, parent), depth + 1, separator, rows);
+    }
 }
 
 } // namespace
 
-QStringList treeRows(const QTreeWidget *list, QChar separator)
+QStringList treeRows(const QTreeView *list, QChar separator)
 {
     QStringList rows;
-    for (int i = 0; i < list->topLevelItemCount(); ++i)
-        addRows(list->topLevelItem(i), 0, separator, rows);
+    addRows(list->model(), QModelIndex(), 0, separator, rows);
     return rows;
 }
 
-QStringList columnTexts(const QTreeWidget *list, int column)
+QStringList columnTexts(const QTreeView *list, int column)
 {
+    const QAbstractItemModel *model = list->model();
     QStringList texts;
-    for (int i = 0; i < list->topLevelItemCount(); ++i)
-        texts << list->topLevelItem(i)->text(column);
+    for (int r = 0; r < model->rowCount(); ++r)
+        texts << model->index(r, column).data().toString();
     return texts;
+}
+
+QStringList rowTexts(const QTreeView *list, int row)
+{
+    return indexTexts(list->model(), row, QModelIndex());
+}
+
+QIcon rowIcon(const QTreeView *list, int row)
+{
+    return list->model()->index(row, 0).data(Qt::DecorationRole).value<QIcon>();
+}
+
+int rowCount(const QTreeView *list)
+{
+    return list->model()->rowCount();
+}
+
+int rowOf(const QTreeView *list, const QString &text)
+{
+    return int(columnTexts(list).indexOf(text));
+}
+
+int currentRow(const QAbstractItemView *list)
+{
+    const QModelIndex current = list->currentIndex();
+    return current.isValid() && !current.parent().isValid() ? current.row() : -1;
+}
+
+QList<int> selectedRows(const QAbstractItemView *list)
+{
+    QList<int> rows;
+    for (const QModelIndex &index : list->selectionModel()->selectedRows())
+        if (!index.parent().isValid())
+            rows << index.row();
+    std::sort(rows.begin(), rows.end());
+    return rows;
 }
 
 QTreeWidgetItem *topLevelItem(const QTreeWidget *list, const QString &text)

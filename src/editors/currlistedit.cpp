@@ -57,6 +57,7 @@ void currListEdit::setData()
 void currListEdit::fillList()
 {
     CurrListView->clear();
+    rowRecords.clear();
     // The currency last worked on may have left the list, even with the journey it belonged
     // to; then nothing comes up selected.
     if (!document->currencies.contains(current))
@@ -65,7 +66,7 @@ void currListEdit::fillList()
     QTreeWidgetItem *shown = nullptr;
     for (CurrData *curr : document->currencies) {
         auto *row = new QTreeWidgetItem(QStringList{curr->short_, curr->factor, curr->fullname});
-        curr->item = row;
+        rowRecords.insert(row, curr);
         if (curr == current)
             shown = row;
         rows.append(row);
@@ -80,13 +81,9 @@ void currListEdit::fillList()
 
 CurrData *currListEdit::findByItem(QTreeWidgetItem *row) const
 {
-    if (!row)
-        return nullptr;
-    const RecordList<CurrData> &currencies = document->currencies;
-    for (int i = currencies.count() - 1; i >= 0; --i)
-        if (currencies.at(i)->item == row)
-            return currencies.at(i);
-    return nullptr;
+    // A row of an earlier filling, or one whose record has left since, finds nothing.
+    CurrData *record = rowRecords.value(row);
+    return document->currencies.contains(record) ? record : nullptr;
 }
 
 void currListEdit::slotSelectionChanged(QTreeWidgetItem *item)

@@ -3,6 +3,7 @@
 #include "dialogs/scqtwidgetutil.h"
 #include "forms/currlistdlg.h"
 
+#include <QHash>
 #include <QString>
 #include <QStringList>
 
@@ -25,6 +26,9 @@ class currListEdit : public CurrListDlg
 public:
     currListEdit(QWidget *parent, const char *name, bool modal, WayFernData *document);
     ~currListEdit() override;
+
+    // The record that `row` of the list shows, or null when it has left the journey.
+    CurrData *findByItem(QTreeWidgetItem *row) const;
 
     // Prepares the dialog for one opening.
     void setData();
@@ -56,7 +60,8 @@ protected:
 
 private:
     void fillList();
-    CurrData *findByItem(QTreeWidgetItem *row) const;
+    // The record each row of the list shows, since the last filling.
+    QHash<const QTreeWidgetItem *, CurrData *> rowRecords;
     // The record behind the walk, or null when it has left the list since.
     CurrData *walkRecord() const;
     // The record after `curr` in the list, or null.

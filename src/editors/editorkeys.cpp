@@ -43,7 +43,7 @@ void chainTabOrder(std::initializer_list<QWidget *> widgets)
     }
 }
 
-void addDeleteKey(QTreeWidget *list, QToolButton *deleteButton)
+void addDeleteKey(QAbstractItemView *list, QToolButton *deleteButton)
 {
     auto *key = new QShortcut(QKeySequence(Qt::Key_Delete), list);
     key->setContext(Qt::WidgetShortcut);

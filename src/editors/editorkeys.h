@@ -8,6 +8,7 @@
 class QDialog;
 class QLineEdit;
 class QToolButton;
+class QAbstractItemView;
 class QTreeWidget;
 class QWidget;
 
@@ -25,7 +26,7 @@ void chainTabOrder(std::initializer_list<QWidget *> widgets);
 
 // The Delete key in `list` does what the delete button does, question included, and nothing
 // while the button is off.
-void addDeleteKey(QTreeWidget *list, QToolButton *deleteButton);
+void addDeleteKey(QAbstractItemView *list, QToolButton *deleteButton);
 
 // The rows and the edit line of a dialog whose list hands its focus to the line. While the
 // line is on, it is the list's focus proxy and holds the keys for both: Up, Down, Page Up

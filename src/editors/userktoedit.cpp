@@ -3,9 +3,9 @@
 #include "data/journeyrecords.h"
 #include "data/wayferndata.h"
 #include "editors/numbertext.h"
+#include "lists/journeylistmodels.h"
 
 #include <QCloseEvent>
-#include <QTreeWidgetItem>
 
 userKtoEdit::userKtoEdit(QWidget *parent, const char *name, bool modal, WayFernData *doc)
     : UserKtoDlg(parent, name, modal)
@@ -32,20 +32,7 @@ void userKtoEdit::prepare(UserData *u)
                           + document->basecurrency);
     setWindowTitle(tr("account : %1").arg(user->short_));
 
-    ListView->clear();
-    // The newest line goes on top, as each row shows the total up to itself.
-    QList<QTreeWidgetItem *> rows;
-    rows.reserve(user->kto.count());
-    double total = 0.0;
-    for (const KtoData *line : user->kto) {
-        total += line->change;
-        auto *row = new QTreeWidgetItem;
-        row->setText(0, line->date);
-        row->setText(1, numberText("%.2f", line->change));
-        row->setText(2, numberText("%.2f", total));
-        rows.prepend(row);
-    }
-    ListView->addTopLevelItems(rows);
+    accountModel->reload(user);
 }
 
 void userKtoEdit::slotClose()
@@ -56,6 +43,8 @@ void userKtoEdit::slotClose()
 void userKtoEdit::done(int result)
 {
     user = nullptr;
+    // The rows read the account: they must not outlive the traveller.
+    accountModel->reload(nullptr);
     UserKtoDlg::done(result);
 }
 

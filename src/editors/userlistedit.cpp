@@ -56,6 +56,7 @@ void userListEdit::prepare(calenderEdit *cal)
 void userListEdit::fillList()
 {
     ListView->clear();
+    rowRecords.clear();
     // The traveller last worked on may have left with a journey that was replaced since;
     // a new record may even sit where he was, so any change of the list that was not made
     // here forgets him.
@@ -67,7 +68,7 @@ void userListEdit::fillList()
         // The heading "name" stands over the first name and "first n." over the surname.
         auto *row = new QTreeWidgetItem(QStringList{user->short_, user->firstname, user->name,
                                                     QString::asprintf("%.2f", user->value)});
-        user->item = row;
+        rowRecords.insert(row, user);
         if (user == currentUser)
             current = row;
         rows.append(row);
@@ -83,13 +84,9 @@ void userListEdit::fillList()
 
 UserData *userListEdit::findByItem(QTreeWidgetItem *row) const
 {
-    if (!row)
-        return nullptr;
-    const RecordList<UserData> &users = document->users;
-    for (int i = users.count() - 1; i >= 0; --i)
-        if (users.at(i)->item == row)
-            return users.at(i);
-    return nullptr;
+    // A row of an earlier filling, or one whose record has left since, finds nothing.
+    UserData *record = rowRecords.value(row);
+    return document->users.contains(record) ? record : nullptr;
 }
 
 void userListEdit::slotSelectionChanged(QTreeWidgetItem *item)

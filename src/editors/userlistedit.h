@@ -4,6 +4,7 @@
 #include "forms/userlistdlg.h"
 #include "settle/travellerleave.h"
 
+#include <QHash>
 #include <QString>
 
 class WayFernData;
@@ -23,6 +24,9 @@ class userListEdit : public UserListDlg
 public:
     userListEdit(QWidget *parent, const char *name, bool modal, WayFernData *document);
     ~userListEdit() override;
+
+    // The record that `row` of the list shows, or null when it has left the journey.
+    UserData *findByItem(QTreeWidgetItem *row) const;
 
     // Fills the list; the traveller last worked on comes up selected.
     void prepare(calenderEdit *calendar);
@@ -50,7 +54,8 @@ signals:
 
 private:
     void fillList();
-    UserData *findByItem(QTreeWidgetItem *row) const;
+    // The record each row of the list shows, since the last filling.
+    QHash<const QTreeWidgetItem *, UserData *> rowRecords;
     // A deposit (magic -2) or a pay-off (magic -3) for the selected traveller.
     void bookCash(int magic, const QString &type);
     void setRowButtons(bool on);

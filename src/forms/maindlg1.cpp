@@ -1,18 +1,20 @@
 #include "forms/maindlg1.h"
 
 #include "forms/formsupport.h"
+#include "lists/journeylistmodels.h"
 
 #include <QEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QToolButton>
-#include <QTreeWidget>
+#include <QItemSelectionModel>
+#include <QTreeView>
 
-// The selected item of a single-selection list, or null when nothing is selected.
-static QTreeWidgetItem *selectedItem(QTreeWidget *list)
+// The selected row of a single-selection list, or an invalid index when none is.
+static QModelIndex selectedRow(const QTreeView *list)
 {
-    const QList<QTreeWidgetItem *> items = list->selectedItems();
-    return items.isEmpty() ? nullptr : items.first();
+    const QModelIndexList rows = list->selectionModel()->selectedRows();
+    return rows.isEmpty() ? QModelIndex() : rows.first();
 }
 
 MainDlg1::MainDlg1(QWidget *parent, const char *name, Qt::WindowFlags flags)
@@ -23,6 +25,10 @@ MainDlg1::MainDlg1(QWidget *parent, const char *name, Qt::WindowFlags flags)
     if (name)
         setObjectName(QString::fromUtf8(name));
     OverListView->header()->setSortIndicatorShown(true);
+    costModel = new CostListModel(nullptr, this);
+    CostsListView->setModel(costModel);
+    tipModel = new TipListModel(nullptr, this);
+    TipListView->setModel(tipModel);
 
     connect(ChangeButton, &QToolButton::clicked, this, [this] { slotCostsChange(); });
     connect(DeleteButton, &QToolButton::clicked, this, [this] { slotCostsDelete(); });
@@ -34,15 +40,13 @@ MainDlg1::MainDlg1(QWidget *parent, const char *name, Qt::WindowFlags flags)
     // filter below: item activation would also come with the double click and run the
     // change twice.
     CostsListView->installEventFilter(this);
-    connect(CostsListView, &QTreeWidget::itemDoubleClicked, this,
-            [this](QTreeWidgetItem *, int) { slotCostsChange(); });
-    connect(CostsListView, &QTreeWidget::itemSelectionChanged, this,
-            [this] { slotCostsSelectionChanged(selectedItem(CostsListView)); });
-    connect(TipListView, &QTreeWidget::itemDoubleClicked, this,
-            [this](QTreeWidgetItem *, int) { slotTipChange(); });
+    connect(CostsListView, &QTreeView::doubleClicked, this, [this] { slotCostsChange(); });
+    connect(CostsListView->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            [this] { slotCostsSelectionChanged(selectedRow(CostsListView)); });
+    connect(TipListView, &QTreeView::doubleClicked, this, [this] { slotTipChange(); });
     TipListView->installEventFilter(this);
-    connect(TipListView, &QTreeWidget::itemSelectionChanged, this,
-            [this] { slotTipSelectionChanged(selectedItem(TipListView)); });
+    connect(TipListView->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            [this] { slotTipSelectionChanged(selectedRow(TipListView)); });
     connect(CopyButton, &QToolButton::clicked, this, [this] { slotCCopy(); });
     connect(PasteButton, &QToolButton::clicked, this, [this] { slotCPaste(); });
     connect(TCopyButton, &QToolButton::clicked, this, [this] { slotTCopy(); });
@@ -110,9 +114,9 @@ void MainDlg1::slotCostsNew()
     qWarning("MainDlg1::slotCostsNew(): Not implemented yet!");
 }
 
-void MainDlg1::slotCostsSelectionChanged(QTreeWidgetItem *)
+void MainDlg1::slotCostsSelectionChanged(const QModelIndex &)
 {
-    qWarning("MainDlg1::slotCostsSelectionChanged( QTreeWidgetItem * ): Not implemented yet!");
+    qWarning("MainDlg1::slotCostsSelectionChanged( const QModelIndex & ): Not implemented yet!");
 }
 
 void MainDlg1::slotTCopy()
@@ -135,7 +139,7 @@ void MainDlg1::slotTipNew()
     qWarning("MainDlg1::slotTipNew(): Not implemented yet!");
 }
 
-void MainDlg1::slotTipSelectionChanged(QTreeWidgetItem *)
+void MainDlg1::slotTipSelectionChanged(const QModelIndex &)
 {
-    qWarning("MainDlg1::slotTipSelectionChanged( QTreeWidgetItem * ): Not implemented yet!");
+    qWarning("MainDlg1::slotTipSelectionChanged( const QModelIndex & ): Not implemented yet!");
 }

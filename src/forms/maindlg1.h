@@ -4,7 +4,9 @@
 
 #include <QWidget>
 
-class QTreeWidgetItem;
+class CostListModel;
+class QModelIndex;
+class TipListModel;
 
 // The form of the main view: three tabs for the overview, the costs and the tips. It only
 // builds the widgets; WayfernView gives the slots their bodies.
@@ -17,6 +19,10 @@ public:
                       Qt::WindowFlags flags = {});
     ~MainDlg1() override;
 
+    // The rows of the cost and tip lists; the view gives them the journey.
+    CostListModel *costModel = nullptr; // child object
+    TipListModel *tipModel = nullptr;   // child object
+
 public slots:
     virtual void slotTPaste();
     virtual void slotCCopy();
@@ -24,12 +30,13 @@ public slots:
     virtual void slotCostsChange();
     virtual void slotCostsDelete();
     virtual void slotCostsNew();
-    virtual void slotCostsSelectionChanged(QTreeWidgetItem *item);
+    // The selected row, or an invalid index when nothing is selected.
+    virtual void slotCostsSelectionChanged(const QModelIndex &row);
     virtual void slotTCopy();
     virtual void slotTipChange();
     virtual void slotTipDelete();
     virtual void slotTipNew();
-    virtual void slotTipSelectionChanged(QTreeWidgetItem *item);
+    virtual void slotTipSelectionChanged(const QModelIndex &row);
 
 protected:
     bool event(QEvent *e) override;

@@ -1,6 +1,7 @@
 #include "forms/userktodlg.h"
 
 #include "forms/formsupport.h"
+#include "lists/journeylistmodels.h"
 
 #include <QEvent>
 #include <QFont>
@@ -10,6 +11,8 @@ UserKtoDlg::UserKtoDlg(QWidget *parent, const char *name, bool modal, Qt::Window
     : QDialog(parent, fl)
 {
     setUpDialogForm(this, name, modal);
+    accountModel = new AccountListModel(this);
+    ListView->setModel(accountModel);
 
     // The headers only label the columns: a tap on them sorts nothing.
     ListView->header()->setSectionsClickable(false);

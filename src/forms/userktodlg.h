@@ -4,6 +4,7 @@
 
 #include <QDialog>
 
+class AccountListModel;
 class QEvent;
 
 // The form of the account list of one traveller: builds the widgets and declares the slot
@@ -16,6 +17,9 @@ public:
     explicit UserKtoDlg(QWidget *parent = nullptr, const char *name = nullptr, bool modal = false,
                         Qt::WindowFlags fl = {});
     ~UserKtoDlg() override;
+
+    // The lines of the account shown.
+    AccountListModel *accountModel = nullptr; // child object
 
 public slots:
     virtual void slotClose();

@@ -13,6 +13,7 @@
 #include "editors/settleedit.h"
 #include "editors/tipedit.h"
 #include "editors/userlistedit.h"
+#include "lists/journeylistmodels.h"
 #include "shell/journeyundo.h"
 #include "shell/wayfernapp.h"
 #include "storage/printline.h"
@@ -25,6 +26,8 @@
 #include <QIcon>
 #include <QMessageBox>
 #include <QPixmap>
+#include <QItemSelectionModel>
+#include <QTreeView>
 #include <QTreeWidget>
 
 WayfernView::WayfernView(WayfernApp *parent, WayFernData *doc)
@@ -39,6 +42,9 @@ WayfernView::WayfernView(WayfernApp *parent, WayFernData *doc)
 
     unsharedPixmap = std::make_unique<QPixmap>(QStringLiteral(":/shell/unshared.xpm"));
     sharedPixmap = std::make_unique<QPixmap>(QStringLiteral(":/shell/shared.xpm"));
+    costModel->setJourney(doc);
+    costModel->setMarks(QIcon(*sharedPixmap), QIcon(*unsharedPixmap));
+    tipModel->setJourney(doc);
 
     doc->clearAll();
     undo = std::make_unique<JourneyUndo>(doc);
@@ -247,96 +253,57 @@ void WayfernView::sortTips()
 
 void WayfernView::fillCosts()
 {
-    CostsListView->clear();
-    CostsListView->headerItem()->setText(2, doc->basecurrency);
-    CostsListView->headerItem()->setTextAlignment(2, Qt::AlignRight | Qt::AlignVCenter);
-    CostsListView->headerItem()->setTextAlignment(3, Qt::AlignRight | Qt::AlignVCenter);
-
-    const bool icons = doc->userflag;
-    const QIcon shared(*sharedPixmap);
-    const QIcon unshared(*unsharedPixmap);
-    QList<QTreeWidgetItem *> items;
-    items.reserve(doc->costs.count());
-    QTreeWidgetItem *current = nullptr;
-    for (CostsData *cost : doc->costs) {
-        auto *item =
-            new QTreeWidgetItem(QStringList{ScQtUtil::fileBaseName(cost->date), cost->typeletter,
-                                            cost->bval, cost->fval, cost->ctype});
-        item->setTextAlignment(2, Qt::AlignRight | Qt::AlignVCenter);
-        item->setTextAlignment(3, Qt::AlignRight | Qt::AlignVCenter);
-        if (icons)
-            item->setIcon(0, cost->shared ? shared : unshared);
-        cost->item = item;
-        if (cost == actucost)
-            current = item;
-        items.append(item);
-    }
-    // One batch: the rows stand in list order, the earliest at the top.
-    CostsListView->addTopLevelItems(items);
-    if (current) {
-        CostsListView->scrollToItem(current);
-        // Current as well as selected: change and delete take the current item.
-        CostsListView->setCurrentItem(current);
-        current->setSelected(true);
-    }
+    costModel->reload();
+    showCurrent(CostsListView, costModel->rowOf(actucost));
 }
 
 void WayfernView::fillTips()
 {
-    TipListView->clear();
-    QList<QTreeWidgetItem *> items;
-    items.reserve(doc->tips.count());
-    QTreeWidgetItem *current = nullptr;
     for (TipData *tip : doc->tips) {
         const char letter = *doc->firstCapital(tip->tiptype);
         tip->typeletter = letter ? QString(QLatin1Char(letter)) : QStringLiteral("");
-        auto *item = new QTreeWidgetItem(QStringList{tip->typeletter, tip->name, tip->qualitytype});
-        tip->item = item;
-        if (tip == actutip)
-            current = item;
-        items.append(item);
     }
-    TipListView->addTopLevelItems(items);
-    if (current) {
-        TipListView->scrollToItem(current);
-        // Current as well as selected: change and delete take the current item.
-        TipListView->setCurrentItem(current);
-        current->setSelected(true);
-    }
+    tipModel->reload();
+    showCurrent(TipListView, tipModel->rowOf(actutip));
 }
 
-CostsData *WayfernView::findCost(QTreeWidgetItem *item)
+void WayfernView::showCurrent(QTreeView *list, int row)
 {
-    for (int i = doc->costs.count() - 1; i >= 0; --i)
-        if (doc->costs.at(i)->item == item)
-            return doc->costs.at(i);
-    return nullptr;
-}
-
-TipData *WayfernView::findTip(QTreeWidgetItem *item)
-{
-    for (int i = doc->tips.count() - 1; i >= 0; --i)
-        if (doc->tips.at(i)->item == item)
-            return doc->tips.at(i);
-    return nullptr;
-}
-
-void WayfernView::slotCostsSelectionChanged(QTreeWidgetItem *item)
-{
-    if (!item)
+    if (row < 0)
         return;
-    actucost = findCost(item);
+    const QModelIndex index = list->model()->index(row, 0);
+    list->scrollTo(index);
+    // Current as well as selected: change and delete take the current row.
+    list->selectionModel()->setCurrentIndex(
+        index, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+}
+
+CostsData *WayfernView::currentCost() const
+{
+    return costModel->costAt(CostsListView->currentIndex().row());
+}
+
+TipData *WayfernView::currentTip() const
+{
+    return tipModel->tipAt(TipListView->currentIndex().row());
+}
+
+void WayfernView::slotCostsSelectionChanged(const QModelIndex &row)
+{
+    if (!row.isValid())
+        return;
+    actucost = costModel->costAt(row.row());
     // Nothing disables these again: the enabled state only grows.
     ChangeButton->setEnabled(true);
     DeleteButton->setEnabled(true);
     CopyButton->setEnabled(true);
 }
 
-void WayfernView::slotTipSelectionChanged(QTreeWidgetItem *item)
+void WayfernView::slotTipSelectionChanged(const QModelIndex &row)
 {
-    if (!item)
+    if (!row.isValid())
         return;
-    actutip = findTip(item);
+    actutip = tipModel->tipAt(row.row());
     TChangeButton->setEnabled(true);
     TDeleteButton->setEnabled(true);
     TCopyButton->setEnabled(true);
@@ -388,9 +355,10 @@ void WayfernView::fillOverview()
     costs->setExpanded(true);
 
     auto *category = new QTreeWidgetItem(OverListView, QStringList{labelCategory});
-    for (const CTypeData *row : doc->ctypes)
-        new QTreeWidgetItem(
-            category, QStringList{row->type, QString::asprintf("%.2f", categorySum(row->type))});
+    const QList<double> sums = JourneyCalc::categorySums(*doc);
+    for (int i = 0; i < doc->ctypes.count(); ++i)
+        new QTreeWidgetItem(category, QStringList{doc->ctypes.at(i)->type,
+                                                  QString::asprintf("%.2f", sums.at(i))});
     category->setExpanded(false);
 
     if (doc->userflag) {
@@ -531,10 +499,9 @@ void WayfernView::slotCostsNew()
 
 void WayfernView::slotCostsChange()
 {
-    QTreeWidgetItem *item = CostsListView->currentItem();
-    if (!item)
+    if (!CostsListView->currentIndex().isValid())
         return;
-    actucost = findCost(item);
+    actucost = currentCost();
     if (!actucost) {
         refreshView();
         return;
@@ -550,10 +517,7 @@ void WayfernView::slotCostsChange()
 
 void WayfernView::slotCostsDelete()
 {
-    QTreeWidgetItem *item = CostsListView->currentItem();
-    if (!item)
-        return;
-    CostsData *cost = findCost(item);
+    CostsData *cost = currentCost();
     if (!cost)
         return;
     const QString text = tr("Delete entry") + QStringLiteral("\n") + cost->fval
@@ -623,8 +587,8 @@ void WayfernView::slotTipNew()
 void WayfernView::slotTipChange()
 {
     JourneyStep step(doc, ChangeScope());
-    if (QTreeWidgetItem *item = TipListView->currentItem()) {
-        actutip = findTip(item);
+    if (TipListView->currentIndex().isValid()) {
+        actutip = currentTip();
         if (actutip) {
             tipInput->prepare(actutip, calendar);
             tipInput->exec();
@@ -637,10 +601,7 @@ void WayfernView::slotTipChange()
 
 void WayfernView::slotTipDelete()
 {
-    QTreeWidgetItem *item = TipListView->currentItem();
-    if (!item)
-        return;
-    TipData *tip = findTip(item);
+    TipData *tip = currentTip();
     if (!tip)
         return;
     const QString text = tr("Delete entry") + QStringLiteral("\n") + tip->tiptype

@@ -9,7 +9,8 @@
 #include <memory>
 
 class QPixmap;
-class QTreeWidgetItem;
+class QModelIndex;
+class QTreeView;
 class WayFernData;
 class JourneyUndo;
 class WayfernApp;
@@ -59,8 +60,9 @@ public:
     void sortTips();
     void fillCosts();
     void fillTips();
-    CostsData *findCost(QTreeWidgetItem *item);
-    TipData *findTip(QTreeWidgetItem *item);
+    // The records of the lists' current rows, or null.
+    CostsData *currentCost() const;
+    TipData *currentTip() const;
     void calcSums();
     double categorySum(const QString &type);
     void fillOverview();
@@ -106,8 +108,8 @@ public slots:
     void slotCostsChange() override;
     void slotCostsDelete() override;
     void slotCostsNew() override;
-    void slotCostsSelectionChanged(QTreeWidgetItem *item) override;
-    void slotTipSelectionChanged(QTreeWidgetItem *item) override;
+    void slotCostsSelectionChanged(const QModelIndex &row) override;
+    void slotTipSelectionChanged(const QModelIndex &row) override;
     void slotTipNew() override;
     void slotTipChange() override;
     void slotTipDelete() override;
@@ -118,6 +120,8 @@ public slots:
     void slotTabViewChanged(QWidget *widget);
 
 private:
+    // Makes `row` of the list current and selected and brings it into view; -1 does nothing.
+    static void showCurrent(QTreeView *list, int row);
     // Moves a journey read aside into the document in hand.
     void takeJourney(WayFernData &read);
     // The current records must never be followed once their journey is gone.

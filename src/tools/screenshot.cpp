@@ -11,6 +11,7 @@
 #include "editors/userktoedit.h"
 #include "editors/userlistedit.h"
 #include "editors/userpayedit.h"
+#include "lists/journeylistmodels.h"
 #include "rates/currsync.h"
 #include "rates/synclistedit.h"
 #include "shell/journeyrecovery.h"
@@ -24,6 +25,7 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
+#include <QItemSelectionModel>
 #include <QLabel>
 #include <QLineEdit>
 #include <QLocale>
@@ -230,10 +232,7 @@ void shootCostDialogs(WayfernApp &window)
     costsEdit *costs = view->costsInput;
     userPayEdit *share = costs->userPay;
     view->TabWidget2->setCurrentIndex(1);
-    if (QTreeWidgetItem *item = view->CostsListView->topLevelItem(1)) {
-        view->CostsListView->setCurrentItem(item);
-        item->setSelected(true);
-    }
+    selectTopRow(view->CostsListView, 1);
     whenModal(costs, "costs dialog", [=] {
         maximise(costs);
         selectRow(costs->ListView, costs->rowForeign);
@@ -266,12 +265,18 @@ void shootBaseSettings(WayfernApp &window)
 }
 
 // The first row of `list` made current and selected, as a tap makes it.
-void selectFirst(QTreeWidget *list)
+// Makes a top-level row of a list current and selected, as a tap does.
+void selectTopRow(QAbstractItemView *list, int row)
 {
-    if (QTreeWidgetItem *first = list->topLevelItem(0)) {
-        list->setCurrentItem(first);
-        first->setSelected(true);
-    }
+    const QModelIndex index = list->model()->index(row, 0);
+    if (index.isValid())
+        list->selectionModel()->setCurrentIndex(
+            index, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+}
+
+void selectFirst(QAbstractItemView *list)
+{
+    selectTopRow(list, 0);
 }
 
 // The user list as the window's user action opens it, with the first traveller selected;
@@ -334,21 +339,16 @@ void shootTipEditor(WayfernApp &window)
 {
     WayfernView *view = window.view;
     tipEdit *tip = view->tipInput;
-    QTreeWidgetItem *row = nullptr;
-    for (int i = 0; i < view->TipListView->topLevelItemCount() && !row; ++i) {
-        QTreeWidgetItem *candidate = view->TipListView->topLevelItem(i);
-        for (TipData *data : window.doc->tips)
-            if (data->item == candidate && data->customs.count() > 0)
-                row = candidate;
-    }
-    if (!row) {
+    int row = 0;
+    while (row < view->tipModel->rowCount() && view->tipModel->tipAt(row)->customs.count() == 0)
+        ++row;
+    if (row == view->tipModel->rowCount()) {
         fprintf(stderr, "wayfern-screenshot: the journey has no tip with fields of its own\n");
         ++failures;
         return;
     }
     view->TabWidget2->setCurrentIndex(2);
-    view->TipListView->setCurrentItem(row);
-    row->setSelected(true);
+    selectTopRow(view->TipListView, row);
     whenModal(tip, "tip editor", [=] {
         maximise(tip);
         tip->ListView->expandAll();
@@ -489,11 +489,9 @@ void shootUndoTip(WayfernApp &window)
 {
     WayfernView *view = window.view;
     view->TabWidget2->setCurrentIndex(1);
-    QTreeWidgetItem *row = view->CostsListView->topLevelItem(1);
-    if (!row)
+    if (view->costModel->rowCount() < 2)
         return;
-    view->CostsListView->setCurrentItem(row);
-    row->setSelected(true);
+    selectTopRow(view->CostsListView, 1);
     answerNextBox(&window, QMessageBox::Yes);
     view->DeleteButton->click();
     // On a small screen the button may sit behind the toolbar's extension arrow.

@@ -2,6 +2,8 @@
 
 #include "data/wayferndata.h"
 
+#include <QHash>
+
 #include <algorithm>
 #include <numeric>
 #include <vector>
@@ -98,6 +100,24 @@ double JourneyCalc::categorySum(const WayFernData &doc, const QString &type)
             sum = sum + cost->bvalue;
     }
     return sum;
+}
+
+QList<double> JourneyCalc::categorySums(const WayFernData &doc)
+{
+    QHash<QString, double> sums;
+    for (const CTypeData *row : doc.ctypes)
+        sums.insert(row->type, 0.0);
+    for (int i = doc.costs.count() - 1; i >= 0; --i) {
+        const CostsData *cost = doc.costs.at(i);
+        const auto sum = sums.find(cost->type);
+        if (sum != sums.end())
+            *sum = *sum + cost->bvalue;
+    }
+    QList<double> result;
+    result.reserve(doc.ctypes.count());
+    for (const CTypeData *row : doc.ctypes)
+        result.append(sums.value(row->type));
+    return result;
 }
 
 void JourneyCalc::refreshFigures(WayFernData &doc, DateParts &last)

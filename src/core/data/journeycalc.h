@@ -2,6 +2,7 @@
 
 #include "data/datetext.h"
 
+#include <QList>
 #include <QString>
 
 #include <functional>
@@ -20,7 +21,7 @@ public:
     static qint64 dateKey(const QString &date, DateParts &last);
 
     // Stable sorts by dateKey, keys taken first record to last. They exchange contents as
-    // swapCosts and swapTips do, so `shared` and `item` stay with the list positions.
+    // swapCosts and swapTips do, so a cost's `shared` stays with its list position.
     static void sortCosts(WayFernData &doc, DateParts &last);
     static void sortTips(WayFernData &doc, DateParts &last);
 
@@ -39,4 +40,7 @@ public:
 
     // Sum of `bvalue` over the costs whose type is exactly `type`.
     static double categorySum(const WayFernData &doc, const QString &type);
+    // categorySum of each row of the category table, in its order, in one pass over the
+    // costs: each sum adds the same costs in the same order as categorySum.
+    static QList<double> categorySums(const WayFernData &doc);
 };

@@ -63,18 +63,14 @@ bool same(const TTypeData &a, const TTypeData &b)
     return a.type == b.type && sameCustoms(a.customs, b.customs);
 }
 
-// A traveller's own fields: everything but the account, the editors' scratch line and the
-// widget.
+// A traveller's own fields: everything but the account and the editors' scratch line.
 template <class F>
 void forEachOwnField(UserData &a, const UserData &b, F f)
 {
     UserData::forEachField(a, b, [&f](auto &x, const auto &y) {
         using Field = std::decay_t<decltype(x)>;
-        if constexpr (
-            !std::is_same_v<
-                Field,
-                RecordList<
-                    KtoData>> && !std::is_same_v<Field, KtoData> && !std::is_same_v<Field, QTreeWidgetItem *>)
+        if constexpr (!std::is_same_v<Field, RecordList<KtoData>>
+                      && !std::is_same_v<Field, KtoData>)
             f(x, y);
     });
 }
@@ -106,18 +102,13 @@ UserData ownFieldsOf(const UserData &user)
     return fields;
 }
 
-// A kept copy points at no widget and at no record of the journey.
+// A kept copy points at no record of the journey.
 template <class T>
 T kept(const T &record)
 {
     T copy = record;
     if constexpr (std::is_same_v<T, CostsData>)
         copy.curr = nullptr;
-    if constexpr (
-        std::is_same_v<
-            T,
-            CostsData> || std::is_same_v<T, TipData> || std::is_same_v<T, UserData> || std::is_same_v<T, CurrData>)
-        copy.item = nullptr;
     return copy;
 }
 

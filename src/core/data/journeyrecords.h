@@ -6,12 +6,12 @@
 
 #include <utility>
 
-class QTreeWidgetItem;
 struct CurrData;
 
 // The plain records of one journey. Public fields, defaults set by the constructors.
 // Amounts live twice: the text is what the file carries and the lists show, the double is
-// what the arithmetic uses. Pointers named `curr`, `actukto` and `item` never own.
+// what the arithmetic uses. Pointers named `curr` and `actukto` never own. What a list
+// on screen keeps of a record lives in the widget layer, not here.
 
 struct CostsData
 {
@@ -31,15 +31,13 @@ struct CostsData
     int id = -128;
     bool shared = false;
     CurrData *curr = nullptr;
-    QTreeWidgetItem *item = nullptr;
 
     // What belongs to the list position rather than to the cost: the date sort moves every
-    // other field and leaves these, so the shared icon stays on its row.
+    // other field and leaves this, so the shared icon stays on its row.
     template <class A, class B, class F>
     static void forEachPositionField(A &a, B &b, F f)
     {
         f(a.shared, b.shared);
-        f(a.item, b.item);
     }
 };
 
@@ -64,14 +62,12 @@ struct TipData
     QString typeletter;
     QString qualitytype;
     QString comment;
-    QTreeWidgetItem *item = nullptr;
     RecordList<CustomData> customs;
 
-    // What belongs to the list position rather than to the tip (see CostsData).
+    // Nothing of a tip belongs to its list position: the date sort moves it whole.
     template <class A, class B, class F>
-    static void forEachPositionField(A &a, B &b, F f)
+    static void forEachPositionField(A &, B &, F)
     {
-        f(a.item, b.item);
     }
 };
 
@@ -111,7 +107,6 @@ struct UserData
     RecordList<KtoData> kto;
     KtoData *actukto = nullptr;
     KtoData temp;
-    QTreeWidgetItem *item = nullptr;
 
     // Appends a default line with this magic; `actukto` is left to the caller.
     KtoData *addKto(int magic);
@@ -144,7 +139,6 @@ struct UserData
         f(a.count, b.count);
         f(a.kto, b.kto);
         f(a.temp, b.temp);
-        f(a.item, b.item);
     }
 };
 
@@ -160,7 +154,6 @@ struct CurrData
     QString fix;
     double factorvalue = 0.0;
     double invfactor = 1.0;
-    QTreeWidgetItem *item = nullptr;
 
     bool isFloating() const { return type == floating; }
 };

@@ -1,5 +1,8 @@
 #include "data/wayferndata.h"
 
+#include "data/centstext.h"
+#include "storage/scqtutil.h"
+
 #include <cstdio>
 #include <cstdlib>
 
@@ -156,12 +159,17 @@ void WayFernData::recalcCost(CostsData *cost, const QString &ctype)
 void WayFernData::recalcCosts()
 {
     double sum = 0.0;
+    // Costs come in runs of one currency: the one found last is asked first.
+    CurrData *found = nullptr;
     for (CostsData *cost : costs) {
-        cost->fvalue = cost->fval.toDouble();
-        CurrData *currency = findCurrency(cost->ctype);
+        cost->fvalue = ScQtUtil::toDouble(QStringView(cost->fval));
+        CurrData *currency = found && !cost->ctype.isNull() && found->short_ == cost->ctype
+            ? found
+            : findCurrency(cost->ctype);
+        found = currency;
         if (currency) {
             cost->bvalue = cost->fvalue * currency->invfactor;
-            cost->bval = QString::asprintf("%.2f", cost->bvalue);
+            setCentsText(cost->bval, cost->bvalue);
         } else {
             cost->bvalue = 0.0;
             cost->bval = QStringLiteral("0.0");
@@ -169,7 +177,7 @@ void WayFernData::recalcCosts()
         cost->curr = currency;
         sum = sum + cost->bvalue;
         cost->bsumvalue = sum;
-        cost->bsum = QString::asprintf("%.2f", sum);
+        setCentsText(cost->bsum, sum);
     }
 }
 

@@ -73,7 +73,7 @@ public:
     const char *firstCapital(const QString &text);
     int nextCostId() const;
     // Exchange the contents of two records of the list; what belongs to the list position
-    // (`shared` of a cost, `item`) stays.
+    // (`shared` of a cost) stays.
     void swapCosts(CostsData *a, CostsData *b);
     void swapTips(TipData *a, TipData *b);
 
