@@ -147,6 +147,21 @@ void selectRow(QTreeWidget *list, const QString &label, int column = 0)
     }
 }
 
+// Makes a top-level row of a list current and selected, as a tap does.
+void selectTopRow(QAbstractItemView *list, int row)
+{
+    const QModelIndex index = list->model()->index(row, 0);
+    if (index.isValid())
+        list->selectionModel()->setCurrentIndex(
+            index, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+}
+
+// The first row of `list` made current and selected, as a tap makes it.
+void selectFirst(QAbstractItemView *list)
+{
+    selectTopRow(list, 0);
+}
+
 // Answers rate and catalogue requests on 127.0.0.1 as the rate service does, one answer per
 // connection.
 class RatePages : public QTcpServer
@@ -262,21 +277,6 @@ void shootBaseSettings(WayfernApp &window)
         base->reject();
     });
     window.view->openBase();
-}
-
-// The first row of `list` made current and selected, as a tap makes it.
-// Makes a top-level row of a list current and selected, as a tap does.
-void selectTopRow(QAbstractItemView *list, int row)
-{
-    const QModelIndex index = list->model()->index(row, 0);
-    if (index.isValid())
-        list->selectionModel()->setCurrentIndex(
-            index, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
-}
-
-void selectFirst(QAbstractItemView *list)
-{
-    selectTopRow(list, 0);
 }
 
 // The user list as the window's user action opens it, with the first traveller selected;
