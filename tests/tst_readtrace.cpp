@@ -94,9 +94,8 @@ void TestReadTrace::traceStaysByteForByte_data()
                               << journeysIn(QStringLiteral(WAYFERN_TEST_DATA), wfn)
             + journeysIn(QStringLiteral(WAYFERN_TEST_DATA "/shell"), wfn)
             + journeysIn(QStringLiteral(WAYFERN_SHARE_DIR), wfn);
-    QTest::newRow("regressions") << QStringLiteral("regressions")
-                                 << journeysIn(QStringLiteral(WAYFERN_FUZZ_DIR
-                                                              "/regressions/journey"));
+    QTest::newRow("regressions") << QStringLiteral(
+        "regressions") << journeysIn(QStringLiteral(WAYFERN_FUZZ_DIR "/regressions/journey"));
     QTest::newRow("corpus") << QStringLiteral("corpus")
                             << journeysIn(QStringLiteral(WAYFERN_FUZZ_DIR "/corpus/journey"));
 }
@@ -124,11 +123,11 @@ void TestReadTrace::traceStaysByteForByte()
             if (got.at(i).startsWith("==== "))
                 journey = got.at(i);
             if (got.at(i) != want.at(i))
-                QFAIL(qPrintable(QStringLiteral("%1, line %2: \"%3\" instead of \"%4\"")
-                                     .arg(QString::fromUtf8(journey))
-                                     .arg(i + 1)
-                                     .arg(QString::fromUtf8(got.at(i)),
-                                          QString::fromUtf8(want.at(i)))));
+                QFAIL(qPrintable(
+                    QStringLiteral("%1, line %2: \"%3\" instead of \"%4\"")
+                        .arg(QString::fromUtf8(journey))
+                        .arg(i + 1)
+                        .arg(QString::fromUtf8(got.at(i)), QString::fromUtf8(want.at(i)))));
         }
         QCOMPARE(got.size(), want.size());
     }
@@ -182,8 +181,10 @@ void TestReadTrace::linesOfLaterReadFollowEarlierTrace()
     WayFernData doc;
     WayfernIO io(&doc);
     QCOMPARE(io.ReadFile(QStringLiteral(WAYFERN_TEST_DATA "/no-such-journey.wfn")), -1);
-    QCOMPARE(out.bytes(), separately + "\nWayfernIO::ReadFile - file not found ("
-                 WAYFERN_TEST_DATA "/no-such-journey.wfn)\n");
+    QCOMPARE(out.bytes(),
+             separately
+                 + "\nWayfernIO::ReadFile - file not found (" WAYFERN_TEST_DATA
+                   "/no-such-journey.wfn)\n");
 }
 
 QTEST_GUILESS_MAIN(TestReadTrace)

@@ -30,6 +30,35 @@ int ScQtUtil::findSection(RecordStream *stream, const QString &name, bool rewind
     return stream->atEnd() ? -1 : 0;
 }
 
+int ScQtUtil::findHead(RecordBytes *stream, QByteArrayView head, bool rewind)
+{
+    if (head.size() <= 2 || !stream || !stream->isOpen())
+        return -3;
+    if (rewind)
+        stream->rewind();
+    stream->skipTo(head);
+    return stream->atEnd() ? -1 : 0;
+}
+
+int ScQtUtil::splitRecord(QByteArrayView line, ByteRecordView &parts)
+{
+    if (line.isEmpty())
+        return -2;
+    parts = ByteRecordView{"", "", "", ""};
+    const qsizetype eq = line.indexOf('=');
+    if (eq < 0)
+        return -1;
+    parts.key = line.first(eq);
+    parts.sep = line.sliced(eq, 1);
+    const QByteArrayView remainder = line.sliced(eq + 1);
+    const qsizetype semi = remainder.lastIndexOf(';');
+    if (semi < 0)
+        return -1;
+    parts.value = remainder.first(semi);
+    parts.rest = remainder.sliced(semi + 1);
+    return 0;
+}
+
 int ScQtUtil::splitRecord(QStringView line, RecordView &parts)
 {
     if (line.isEmpty())
@@ -256,13 +285,24 @@ unsigned long ScQtUtil::toULong(const QString &value)
 namespace {
 // Plain decimal numbers are by far the most common values of a file; they are converted
 // here without the library's general parser. `out` is only set for such a text.
-bool plainDecimal(QStringView value, char (&buffer)[40], qsizetype &length)
+char16_t unit(QChar c)
+{
+    return c.unicode();
+}
+
+char16_t unit(char c)
+{
+    return static_cast<unsigned char>(c);
+}
+
+template <typename View>
+bool plainDecimal(View value, char (&buffer)[40], qsizetype &length)
 {
     length = value.size();
     if (length == 0 || length >= qsizetype(sizeof buffer))
         return false;
     for (qsizetype i = 0; i < length; ++i) {
-        const char16_t c = value[i].unicode();
+        const char16_t c = unit(value[i]);
         if (!((c >= u'0' && c <= u'9') || c == u'.' || (c == u'-' && i == 0)))
             return false;
         buffer[i] = char(c);
@@ -295,6 +335,32 @@ double ScQtUtil::toDouble(QStringView value)
             return result;
     }
     return value.toDouble();
+}
+
+int ScQtUtil::toInt(QByteArrayView value, const RecordBytes &file)
+{
+    char buffer[40];
+    qsizetype length;
+    if (plainDecimal(value, buffer, length)) {
+        int result = 0;
+        const auto [end, error] = std::from_chars(buffer, buffer + length, result);
+        if (error == std::errc() && end == buffer + length)
+            return result;
+    }
+    return toInt(file.toText(value));
+}
+
+double ScQtUtil::toDouble(QByteArrayView value, const RecordBytes &file)
+{
+    char buffer[40];
+    qsizetype length;
+    if (plainDecimal(value, buffer, length)) {
+        double result = 0;
+        const auto [end, error] = std::from_chars(buffer, buffer + length, result);
+        if (error == std::errc() && end == buffer + length)
+            return result;
+    }
+    return QStringView(file.toText(value)).toDouble();
 }
 
 float ScQtUtil::toFloat(const QString &value)

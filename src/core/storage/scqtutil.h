@@ -1,6 +1,7 @@
 #pragma once
 
 #include "data/datetext.h"
+#include "storage/recordbytes.h"
 #include "storage/recordstream.h"
 #include "wayfernversion.h"
 
@@ -40,11 +41,23 @@ public:
         QStringView rest;
     };
 
+    // The same parts as byte views into a line of a file's bytes.
+    struct ByteRecordView
+    {
+        QByteArrayView key;
+        QByteArrayView sep;
+        QByteArrayView value;
+        QByteArrayView rest;
+    };
+
     // 0 found (the stream stands behind the head); -1 not found; -3 bad call.
     int findSection(RecordStream *stream, const QString &name, bool rewind);
+    // The same for a whole head "[name]" in the file's encoding (RecordBytes::encode()).
+    static int findHead(RecordBytes *stream, QByteArrayView head, bool rewind);
     // 0 split; -1 no "=" or no ";"; -2 null or empty line (the fields keep their values).
     int splitRecord(const QString &line);
     static int splitRecord(QStringView line, RecordView &parts);
+    static int splitRecord(QByteArrayView line, ByteRecordView &parts);
     // Every string field that a reader stores passes through here: never null.
     static QString stringValue(const QString &value);
     static QString stringValue(QStringView value);
@@ -57,6 +70,17 @@ public:
             && std::memcmp(key.utf16(), name, (N - 1) * sizeof(char16_t)) == 0;
     }
 
+    template <size_t N>
+    static bool keyIs(QByteArrayView key, const char16_t (&name)[N])
+    {
+        if (key.size() != qsizetype(N - 1))
+            return false;
+        for (size_t i = 0; i + 1 < N; ++i)
+            if (static_cast<unsigned char>(key[qsizetype(i)]) != name[i])
+                return false;
+        return true;
+    }
+
     // Walks a section body: `dispatch(key, value)` for every line up to the first empty one
     // or the end of the stream. The last line of a stream is never dispatched.
     template <typename Dispatch>
@@ -67,6 +91,19 @@ public:
             if (stream->atEnd() || line.isEmpty())
                 return;
             RecordView parts;
+            splitRecord(line, parts);
+            dispatch(parts.key, parts.value);
+        }
+    }
+    // The same on a file's bytes, with views of bytes.
+    template <typename Dispatch>
+    static void walkSection(RecordBytes *stream, Dispatch dispatch)
+    {
+        while (!stream->atEnd()) {
+            const QByteArrayView line = stream->readLine();
+            if (stream->atEnd() || line.isEmpty())
+                return;
+            ByteRecordView parts;
             splitRecord(line, parts);
             dispatch(parts.key, parts.value);
         }
@@ -111,6 +148,9 @@ public:
     // The same conversions for the readers, on a view into the line.
     int toInt(QStringView value);
     static double toDouble(QStringView value);
+    // And on the bytes of a value, `file` telling what text they stand for.
+    int toInt(QByteArrayView value, const RecordBytes &file);
+    static double toDouble(QByteArrayView value, const RecordBytes &file);
     // True exactly for "TRUE". A null text answers the previous result.
     bool toBool(const QString &value);
 

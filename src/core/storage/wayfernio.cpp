@@ -23,11 +23,6 @@ namespace {
 const QString groupSeparator =
     QStringLiteral("\n#========================================================\n\n");
 
-QByteArray text(QStringView view)
-{
-    return view.toUtf8();
-}
-
 // The text of "%.4f", appended. The account trace prints two for every account line, so the
 // common case is formatted by hand, far cheaper than printf; a value too long for the buffer
 // goes through printf's own formatting.
@@ -87,18 +82,52 @@ QString WayfernIO::shared(QStringView value)
     return slot;
 }
 
+QString WayfernIO::shared(QByteArrayView value)
+{
+    if (value.isEmpty())
+        return QStringLiteral("");
+    // Multi-byte characters are rare in these fields: such a text is decoded first.
+    if (value.size() > 32 || (file->isUtf8() && !RecordBytes::isAscii(value)))
+        return shared(QStringView(file->toText(value)));
+    if (sharedTexts.empty())
+        sharedTexts.resize(sharedSize);
+    // Each byte is one character here: the hash is the one of the text.
+    size_t h = 2166136261u;
+    for (char c : value)
+        h = (h ^ static_cast<unsigned char>(c)) * 16777619u;
+    QString &slot = sharedTexts[h % sharedTexts.size()];
+    if (slot != QLatin1StringView(value.data(), value.size()))
+        slot = QString::fromLatin1(value);
+    return slot;
+}
+
+QString WayfernIO::textOf(QByteArrayView value) const
+{
+    return value.isEmpty() ? QStringLiteral("") : file->toText(value);
+}
+
 template <typename Record, typename Dispatch, typename After>
-int WayfernIO::readGroup(RecordStream *stream, const char *reader, const QString &prefix, int count,
+int WayfernIO::readGroup(RecordBytes *stream, const char *reader, const QString &prefix, int count,
                          RecordList<Record> &list, Dispatch dispatch, After after)
 {
+    file = stream;
     QString section = prefix;
+    // The head "[<prefix><n>]" in the file's bytes, built in place: a large journey has
+    // hundreds of thousands of sections. A prefix that the file cannot hold begins no line.
+    QByteArray head("[");
+    const bool encodable = file->encode(prefix, head);
+    const qsizetype headPrefix = head.size();
     for (int index = 0; index < count; ++index) {
-        // Built in place: a large journey has hundreds of thousands of sections.
         char number[16];
+        const char *numberEnd = std::to_chars(number, number + sizeof number, index).ptr;
         section.truncate(prefix.size());
-        section.append(
-            QLatin1StringView(number, std::to_chars(number, number + sizeof number, index).ptr));
-        if (findSection(stream, section, index == 0) != 0) {
+        section.append(QLatin1StringView(number, numberEnd));
+        head.truncate(headPrefix);
+        head.append(number, numberEnd - number).append(']');
+        const int found = encodable ? findHead(stream, head, index == 0) : -1;
+        if (found != 0) {
+            if (!encodable)
+                stream->skipToEnd();
             printLine("\nWayfernIO::%s - section not found : %s\n", reader,
                       cstr(section).constData());
             if (readProblem == ReadProblem::None) {
@@ -109,10 +138,10 @@ int WayfernIO::readGroup(RecordStream *stream, const char *reader, const QString
         }
         // The record exists before any key is read: an empty section still gives one.
         Record *record = list.append();
-        walkSection(stream, [&](QStringView key, QStringView value) {
+        walkSection(stream, [&](QByteArrayView key, QByteArrayView value) {
             if (!dispatch(record, key, value))
                 printLine("\nWayfernIO::%s(%s) : unknown header-entry : %s\n", reader,
-                          cstr(section).constData(), text(key).constData());
+                          cstr(section).constData(), file->toUtf8(key).constData());
         });
         after(record, section);
     }
@@ -120,7 +149,7 @@ int WayfernIO::readGroup(RecordStream *stream, const char *reader, const QString
 }
 
 template <typename Record, typename Dispatch>
-int WayfernIO::readGroup(RecordStream *stream, const char *reader, const QString &prefix, int count,
+int WayfernIO::readGroup(RecordBytes *stream, const char *reader, const QString &prefix, int count,
                          RecordList<Record> &list, Dispatch dispatch)
 {
     return readGroup(stream, reader, prefix, count, list, dispatch,
@@ -149,14 +178,17 @@ int WayfernIO::ReadFile(QIODevice *device, const QString &name)
 {
     readProblem = ReadProblem::None;
     readProblemDetail.clear();
-    RecordStream stream;
+    // Every line the read prints is written out in pieces and at its end.
+    PrintedTogether together;
+    RecordBytes stream;
+    file = &stream;
     if (!stream.open(device)) {
         printLine("\nWayfernIO::ReadFile - file not found (%s)\n", cstr(name).constData());
         readProblem = ReadProblem::NotOpened;
         readProblemDetail = stream.errorString();
         return -1;
     }
-    if (findSection(&stream, QStringLiteral("Header"), true) != 0) {
+    if (findHead(&stream, "[Header]", true) != 0) {
         printLine("\nWayfernIO::ReadFile - section not found : %s\n", "Header");
         printLine("\nreading aborted\n");
         readProblem = ReadProblem::NoHeader;
@@ -169,32 +201,32 @@ int WayfernIO::ReadFile(QIODevice *device, const QString &name)
     sharedSize = std::min<size_t>(
         sharedSlots, std::max<quint64>(64, qNextPowerOfTwo(quint64(stream.size()) / 64)));
 
-    walkSection(&stream, [&](QStringView key, QStringView value) {
+    walkSection(&stream, [&](QByteArrayView key, QByteArrayView value) {
         if (keyIs(key, u"JOURNEY-NAME"))
-            document->journeyname = stringValue(value);
+            document->journeyname = textOf(value);
         else if (keyIs(key, u"DISTANCE-TYPE"))
-            document->distancetype = stringValue(value);
+            document->distancetype = textOf(value);
         else if (keyIs(key, u"BASE-CURRENCY"))
-            document->basecurrency = stringValue(value);
+            document->basecurrency = textOf(value);
         else if (keyIs(key, u"COSTSCOUNT"))
-            costsCount = toInt(value);
+            costsCount = toInt(value, *file);
         else if (keyIs(key, u"USERCOUNT"))
-            userCount = toInt(value);
+            userCount = toInt(value, *file);
         else if (keyIs(key, u"TIPCOUNT"))
-            tipCount = toInt(value);
+            tipCount = toInt(value, *file);
         else if (keyIs(key, u"CURRCOUNT"))
-            currCount = toInt(value);
+            currCount = toInt(value, *file);
         else if (keyIs(key, u"CTYPECOUNT"))
-            ctypeCount = toInt(value);
+            ctypeCount = toInt(value, *file);
         else if (keyIs(key, u"TTYPECOUNT"))
-            ttypeCount = toInt(value);
+            ttypeCount = toInt(value, *file);
         else if (keyIs(key, u"QTYPECOUNT"))
-            qtypeCount = toInt(value);
+            qtypeCount = toInt(value, *file);
         else if (keyIs(key, u"USERFLAG"))
-            document->userflag = toBool(stringValue(value));
+            document->userflag = toBool(textOf(value));
         else
             printLine("\nWayfernIO::ReadFile(%s) : unknown header-entry : %s\n", "Header",
-                      text(key).constData());
+                      file->toUtf8(key).constData());
     });
 
     // A group that fails stops by itself; the next one still runs.
@@ -229,10 +261,10 @@ int WayfernIO::ReadFile(QIODevice *device, const QString &name)
     return 0;
 }
 
-int WayfernIO::ReadFileCType(RecordStream *stream, int count)
+int WayfernIO::ReadFileCType(RecordBytes *stream, int count)
 {
     return readGroup(stream, "ReadFileCType", QStringLiteral("CTYPE_"), count, document->ctypes,
-                     [&](CTypeData *row, QStringView key, QStringView value) {
+                     [&](CTypeData *row, QByteArrayView key, QByteArrayView value) {
                          if (!keyIs(key, u"TYPE"))
                              return false;
                          row->type = shared(value);
@@ -240,24 +272,24 @@ int WayfernIO::ReadFileCType(RecordStream *stream, int count)
                      });
 }
 
-int WayfernIO::ReadFileTType(RecordStream *stream, int count)
+int WayfernIO::ReadFileTType(RecordBytes *stream, int count)
 {
     return readGroup(stream, "ReadFileTType", QStringLiteral("TTYPE_"), count, document->ttypes,
-                     [&](TTypeData *row, QStringView key, QStringView value) {
+                     [&](TTypeData *row, QByteArrayView key, QByteArrayView value) {
                          if (keyIs(key, u"TYPE"))
                              row->type = shared(value);
                          else if (keyIs(key, u"CUSTOMCNT"))
-                             ReadFileCTType(stream, toInt(value), row->customs);
+                             ReadFileCTType(stream, toInt(value, *file), row->customs);
                          else
                              return false;
                          return true;
                      });
 }
 
-int WayfernIO::ReadFileQType(RecordStream *stream, int count)
+int WayfernIO::ReadFileQType(RecordBytes *stream, int count)
 {
     return readGroup(stream, "ReadFileQType", QStringLiteral("QTYPE_"), count, document->qtypes,
-                     [&](QTypeData *row, QStringView key, QStringView value) {
+                     [&](QTypeData *row, QByteArrayView key, QByteArrayView value) {
                          if (!keyIs(key, u"TYPE"))
                              return false;
                          row->type = shared(value);
@@ -265,23 +297,22 @@ int WayfernIO::ReadFileQType(RecordStream *stream, int count)
                      });
 }
 
-int WayfernIO::ReadFileCosts(RecordStream *stream, int count)
+int WayfernIO::ReadFileCosts(RecordBytes *stream, int count)
 {
     return readGroup(stream, "ReadFileCosts", QStringLiteral("COSTS_"), count, document->costs,
-                     [&](CostsData *cost, QStringView key, QStringView value) {
+                     [&](CostsData *cost, QByteArrayView key, QByteArrayView value) {
                          if (keyIs(key, u"DATE")) {
                              cost->date = shared(value);
                          } else if (keyIs(key, u"TYPE")) {
                              cost->type = shared(value);
                          } else if (keyIs(key, u"FVAL")) {
-                             cost->fval = value.isEmpty() ? QStringLiteral("0.0")
-                                                          : stringValue(value);
+                             cost->fval = value.isEmpty() ? QStringLiteral("0.0") : textOf(value);
                          } else if (keyIs(key, u"CTYPE")) {
                              cost->ctype = shared(value);
                          } else if (keyIs(key, u"COMMENT")) {
-                             cost->comment = stringValue(value);
+                             cost->comment = textOf(value);
                          } else if (keyIs(key, u"ID")) {
-                             cost->id = toInt(value);
+                             cost->id = toInt(value, *file);
                          } else if (keyIs(key, u"EXCHANGE")) {
                              cost->exchange = shared(value);
                              // Costs come before the currencies, so in a normal read nothing is found
@@ -291,7 +322,7 @@ int WayfernIO::ReadFileCosts(RecordStream *stream, int count)
                                  cost->exchange = curr->factor;
                              cost->exchangevalue = cost->exchange.toDouble();
                          } else if (keyIs(key, u"SHARED")) {
-                             cost->shared = toBool(stringValue(value));
+                             cost->shared = toBool(textOf(value));
                          } else {
                              return false;
                          }
@@ -299,17 +330,17 @@ int WayfernIO::ReadFileCosts(RecordStream *stream, int count)
                      });
 }
 
-int WayfernIO::ReadFileCurr(RecordStream *stream, int count)
+int WayfernIO::ReadFileCurr(RecordBytes *stream, int count)
 {
     return readGroup(stream, "ReadFileCurr", QStringLiteral("CURRENCY_"), count,
-                     document->currencies, [&](CurrData *curr, QStringView key, QStringView value) {
+                     document->currencies,
+                     [&](CurrData *curr, QByteArrayView key, QByteArrayView value) {
                          if (keyIs(key, u"SHORT-TERM"))
-                             curr->short_ = stringValue(value);
+                             curr->short_ = textOf(value);
                          else if (keyIs(key, u"FACTOR"))
-                             curr->factor = value.isEmpty() ? QStringLiteral("1.0")
-                                                            : stringValue(value);
+                             curr->factor = value.isEmpty() ? QStringLiteral("1.0") : textOf(value);
                          else if (keyIs(key, u"FULL-NAME"))
-                             curr->fullname = stringValue(value);
+                             curr->fullname = textOf(value);
                          else if (keyIs(key, u"TYPE"))
                              curr->type = shared(value);
                          else
@@ -318,10 +349,10 @@ int WayfernIO::ReadFileCurr(RecordStream *stream, int count)
                      });
 }
 
-int WayfernIO::ReadFileTips(RecordStream *stream, int count)
+int WayfernIO::ReadFileTips(RecordBytes *stream, int count)
 {
     return readGroup(stream, "ReadFileTips", QStringLiteral("TIP_"), count, document->tips,
-                     [&](TipData *tip, QStringView key, QStringView value) {
+                     [&](TipData *tip, QByteArrayView key, QByteArrayView value) {
                          if (keyIs(key, u"DATE"))
                              tip->date = shared(value);
                          else if (keyIs(key, u"TIPTYPE"))
@@ -329,74 +360,74 @@ int WayfernIO::ReadFileTips(RecordStream *stream, int count)
                          else if (keyIs(key, u"QUALITYTYPE"))
                              tip->qualitytype = shared(value);
                          else if (keyIs(key, u"NAME"))
-                             tip->name = stringValue(value);
+                             tip->name = textOf(value);
                          else if (keyIs(key, u"STREET"))
-                             tip->street = stringValue(value);
+                             tip->street = textOf(value);
                          else if (keyIs(key, u"PCODE"))
-                             tip->pcode = stringValue(value);
+                             tip->pcode = textOf(value);
                          else if (keyIs(key, u"TOWN"))
                              tip->town = shared(value);
                          else if (keyIs(key, u"TEL"))
-                             tip->tel = stringValue(value);
+                             tip->tel = textOf(value);
                          else if (keyIs(key, u"FAX"))
-                             tip->fax = stringValue(value);
+                             tip->fax = textOf(value);
                          else if (keyIs(key, u"EMAIL"))
-                             tip->email = stringValue(value);
+                             tip->email = textOf(value);
                          else if (keyIs(key, u"WWW"))
-                             tip->www = stringValue(value);
+                             tip->www = textOf(value);
                          else if (keyIs(key, u"COMMENT"))
-                             tip->comment = stringValue(value);
+                             tip->comment = textOf(value);
                          else if (keyIs(key, u"CUSTOMCNT"))
-                             ReadFileCTip(stream, toInt(value), tip->customs);
+                             ReadFileCTip(stream, toInt(value, *file), tip->customs);
                          else
                              return false;
                          return true;
                      });
 }
 
-int WayfernIO::ReadFileUsers(RecordStream *stream, int count)
+int WayfernIO::ReadFileUsers(RecordBytes *stream, int count)
 {
     return readGroup(stream, "ReadFileUsers", QStringLiteral("USER_"), count, document->users,
-                     [&](UserData *user, QStringView key, QStringView value) {
+                     [&](UserData *user, QByteArrayView key, QByteArrayView value) {
                          if (keyIs(key, u"DATE"))
                              user->date = shared(value);
                          else if (keyIs(key, u"SHORT"))
-                             user->short_ = stringValue(value);
+                             user->short_ = textOf(value);
                          else if (keyIs(key, u"NAME"))
-                             user->name = stringValue(value);
+                             user->name = textOf(value);
                          else if (keyIs(key, u"FIRST NAME"))
-                             user->firstname = stringValue(value);
+                             user->firstname = textOf(value);
                          else if (keyIs(key, u"STREET"))
-                             user->street = stringValue(value);
+                             user->street = textOf(value);
                          else if (keyIs(key, u"PCODE"))
-                             user->pcode = stringValue(value);
+                             user->pcode = textOf(value);
                          else if (keyIs(key, u"TOWN"))
-                             user->town = stringValue(value);
+                             user->town = textOf(value);
                          else if (keyIs(key, u"TEL"))
-                             user->tel = stringValue(value);
+                             user->tel = textOf(value);
                          else if (keyIs(key, u"FAX"))
-                             user->fax = stringValue(value);
+                             user->fax = textOf(value);
                          else if (keyIs(key, u"EMAIL"))
-                             user->email = stringValue(value);
+                             user->email = textOf(value);
                          else if (keyIs(key, u"WWW"))
-                             user->www = stringValue(value);
+                             user->www = textOf(value);
                          else if (keyIs(key, u"BANK"))
-                             user->bank = stringValue(value);
+                             user->bank = textOf(value);
                          else if (keyIs(key, u"BLZ"))
-                             user->blz = stringValue(value);
+                             user->blz = textOf(value);
                          else if (keyIs(key, u"ACOUNT"))
-                             user->acount = stringValue(value);
+                             user->acount = textOf(value);
                          else if (keyIs(key, u"VALUE"))
-                             user->value = toDouble(value);
+                             user->value = toDouble(value, *file);
                          else if (keyIs(key, u"COUNT"))
-                             user->count = toInt(value);
+                             user->count = toInt(value, *file);
                          else
                              return false;
                          return true;
                      });
 }
 
-int WayfernIO::ReadFileUserAccount(RecordStream *stream, UserData *user, int count)
+int WayfernIO::ReadFileUserAccount(RecordBytes *stream, UserData *user, int count)
 {
     const QString prefix = user->short_ + u'_';
     // The trace of every account line is built in one buffer that keeps its memory: a large
@@ -406,17 +437,17 @@ int WayfernIO::ReadFileUserAccount(RecordStream *stream, UserData *user, int cou
     QByteArray trace;
     return readGroup(
         stream, "ReadFileUserAccount", prefix, count, user->kto,
-        [&](KtoData *line, QStringView key, QStringView value) {
+        [&](KtoData *line, QByteArrayView key, QByteArrayView value) {
             if (keyIs(key, u"DATE"))
                 line->date = shared(value);
             else if (keyIs(key, u"TYPE"))
                 line->type = shared(value);
             else if (keyIs(key, u"MAGIC"))
-                line->magic = toInt(value);
+                line->magic = toInt(value, *file);
             else if (keyIs(key, u"PERCENTAGE"))
-                line->percentage = toDouble(value);
+                line->percentage = toDouble(value, *file);
             else if (keyIs(key, u"CHANGE"))
-                line->change = toDouble(value);
+                line->change = toDouble(value, *file);
             else
                 return false;
             return true;
@@ -436,44 +467,45 @@ int WayfernIO::ReadFileUserAccount(RecordStream *stream, UserData *user, int cou
             appendFixed4(trace, line->change);
             trace += "\n                                 perc : ";
             appendFixed4(trace, line->percentage);
-            fwrite(trace.constData(), 1, size_t(trace.size()), stdout);
-            fflush(stdout);
+            PrintedTogether::append(trace.constData(), trace.size());
         });
 }
 
-int WayfernIO::ReadFileCTType(RecordStream *stream, int count, RecordList<CustomData> &customs)
+int WayfernIO::ReadFileCTType(RecordBytes *stream, int count, RecordList<CustomData> &customs)
 {
+    file = stream;
     for (int index = 0; index < count; ++index) {
         CustomData *custom = customs.append();
-        const QStringView line = stream->readLine();
+        const QByteArrayView line = stream->readLine();
         if (stream->atEnd() || line.isEmpty())
             break;
-        RecordView parts;
+        ByteRecordView parts;
         splitRecord(line, parts);
         const QString expected = QStringLiteral("CUSTOM_") + QString::number(index);
-        if (parts.key == expected)
-            custom->text = stringValue(parts.value);
+        if (parts.key == QByteArrayView(expected.toLatin1()))
+            custom->text = textOf(parts.value);
         else
             printLine("\nWayfernIO::ReadFileCTType(%s) : unknown header-entry : %s\n",
-                      cstr(expected).constData(), text(parts.key).constData());
+                      cstr(expected).constData(), file->toUtf8(parts.key).constData());
     }
     return 0;
 }
 
-int WayfernIO::ReadFileCTip(RecordStream *stream, int count, RecordList<CustomData> &customs)
+int WayfernIO::ReadFileCTip(RecordBytes *stream, int count, RecordList<CustomData> &customs)
 {
+    file = stream;
     // Reads one line of a pair; false when the custom block is over.
     const auto readPart = [&](const QString &expected, QString &field) {
-        const QStringView line = stream->readLine();
+        const QByteArrayView line = stream->readLine();
         if (stream->atEnd() || line.isEmpty())
             return false;
-        RecordView parts;
+        ByteRecordView parts;
         splitRecord(line, parts);
-        if (parts.key == expected)
-            field = stringValue(parts.value);
+        if (parts.key == QByteArrayView(expected.toLatin1()))
+            field = textOf(parts.value);
         else
             printLine("\nWayfernIO::ReadFileCTip(%s) : unknown header-entry : %s\n",
-                      cstr(expected).constData(), text(parts.key).constData());
+                      cstr(expected).constData(), file->toUtf8(parts.key).constData());
         return true;
     };
     for (int index = 0; index < count; ++index) {
