@@ -1,5 +1,6 @@
 #include "storage/scqtutil.h"
 
+#include "storage/chunkwriter.h"
 #include "storage/printline.h"
 
 #include <QDateTime>
@@ -134,23 +135,99 @@ bool ScQtUtil::openAtHeader(RecordStream &stream, QIODevice *device, const QStri
     return true;
 }
 
-void ScQtUtil::writeFileHead(QTextStream *stream, const char *type, const char *title)
+namespace {
+// The processing line and the comment block of a file head, dated now.
+QString fileHead(const char *type, const char *title)
 {
     const QDateTime now = QDateTime::currentDateTime();
     const QDate d = now.date();
     const QTime t = now.time();
-    *stream << QString::asprintf("<?wayfern version=\"%s\" type=\"%s\"?>\n", Wayfern::formatVersion,
-                                 type)
-            << "#-------------------------------------------------------------\n"
-            << QString::asprintf("# %s for wayfern\n", title)
-            << QString::asprintf("# written from wayfern : %s\n", Wayfern::version)
-            << QString::asprintf("# last modified : date = %02d.%02d.%04d\n", d.day(), d.month(),
-                                 d.year())
-            << QString::asprintf("#                 time = %02d:%02d:%02d\n", t.hour(), t.minute(),
-                                 t.second())
-            << "#\n"
-            << "# File is automatically generated, dont modify manually\n"
-            << "#\n\n";
+    return QString::asprintf("<?wayfern version=\"%s\" type=\"%s\"?>\n", Wayfern::formatVersion,
+                             type)
+        + QLatin1StringView("#-------------------------------------------------------------\n")
+        + QString::asprintf("# %s for wayfern\n", title)
+        + QString::asprintf("# written from wayfern : %s\n", Wayfern::version)
+        + QString::asprintf("# last modified : date = %02d.%02d.%04d\n", d.day(), d.month(),
+                            d.year())
+        + QString::asprintf("#                 time = %02d:%02d:%02d\n", t.hour(), t.minute(),
+                            t.second())
+        + QLatin1StringView("#\n"
+                            "# File is automatically generated, dont modify manually\n"
+                            "#\n\n");
+}
+
+// "%d" of a whole number, or another format through printf.
+template <typename T>
+void writeNumber(ChunkWriter *out, T value, const QString &format)
+{
+    if constexpr (std::is_integral_v<T>) {
+        // printf's "%d" takes the bits of an unsigned number as an int.
+        if (format == QLatin1StringView("%d")) {
+            *out << int(value);
+            return;
+        }
+    } else {
+        if (format == QLatin1StringView("%.4f")) {
+            out->fixed(value, 4);
+            return;
+        }
+        if (format == QLatin1StringView("%.2f")) {
+            out->fixed(value, 2);
+            return;
+        }
+    }
+    *out << QString::asprintf(format.toLatin1().constData(), value);
+}
+} // namespace
+
+void ScQtUtil::writeFileHead(QTextStream *stream, const char *type, const char *title)
+{
+    *stream << fileHead(type, title);
+}
+
+void ScQtUtil::writeFileHead(ChunkWriter *out, const char *type, const char *title)
+{
+    *out << fileHead(type, title);
+}
+
+void ScQtUtil::writeRecord(ChunkWriter *out, const QString &key, const QString &value)
+{
+    *out << key << '=' << value << recordEnd;
+}
+
+void ScQtUtil::writeRecord(ChunkWriter *out, const QString &key, bool value)
+{
+    *out << key << '=' << (value ? "TRUE" : "FALSE") << recordEnd;
+}
+
+void ScQtUtil::writeRecord(ChunkWriter *out, const QString &key, int value, const QString &format)
+{
+    *out << key << '=';
+    writeNumber(out, value, format);
+    *out << recordEnd;
+}
+
+void ScQtUtil::writeRecord(ChunkWriter *out, const QString &key, unsigned int value,
+                           const QString &format)
+{
+    *out << key << '=';
+    writeNumber(out, value, format);
+    *out << recordEnd;
+}
+
+void ScQtUtil::writeRecord(ChunkWriter *out, const QString &key, long value, const QString &format)
+{
+    *out << key << '=';
+    writeNumber(out, value, format);
+    *out << recordEnd;
+}
+
+void ScQtUtil::writeRecord(ChunkWriter *out, const QString &key, double value,
+                           const QString &format)
+{
+    *out << key << '=';
+    writeNumber(out, value, format);
+    *out << recordEnd;
 }
 
 namespace {

@@ -10,6 +10,7 @@
 
 #include <cstring>
 
+class ChunkWriter;
 class QIODevice;
 class QTextStream;
 
@@ -125,6 +126,17 @@ public:
     int writeRecord(QTextStream *stream, const QString &key, float value, const QString &format);
     int writeRecord(QTextStream *stream, const QString &key, double value, const QString &format);
 
+    // The same into a writer of large files.
+    static void writeRecord(ChunkWriter *out, const QString &key, const QString &value);
+    static void writeRecord(ChunkWriter *out, const QString &key, bool value);
+    static void writeRecord(ChunkWriter *out, const QString &key, int value, const QString &format);
+    static void writeRecord(ChunkWriter *out, const QString &key, unsigned int value,
+                            const QString &format);
+    static void writeRecord(ChunkWriter *out, const QString &key, long value,
+                            const QString &format);
+    static void writeRecord(ChunkWriter *out, const QString &key, double value,
+                            const QString &format);
+
     // The file `name` in the folder `path`, or `name` alone when `path` is empty.
     static QString joinPath(const QString &path, const QString &name);
     // The first steps of reading a small settings file: reads `device` (opened for reading
@@ -135,6 +147,7 @@ public:
 
     // The processing line of a file of this `type` and the comment block under it, dated now.
     static void writeFileHead(QTextStream *stream, const char *type, const char *title);
+    static void writeFileHead(ChunkWriter *out, const char *type, const char *title);
 
     // Base 16 behind a lower-case "0x", "0h", "x" or "h"; base 10 otherwise; 0 on failure.
     int toInt(const QString &value);

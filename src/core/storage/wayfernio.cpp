@@ -40,7 +40,7 @@ void appendFixed4(QByteArray &out, double value)
 // Numbered sections "[<prefix><n>]", n from 0, one for each record of `list`: `keys`
 // writes the lines of a record, and an empty line ends its section.
 template <typename Record, typename Keys>
-void writeSections(QTextStream *stream, const QString &prefix, const RecordList<Record> &list,
+void writeSections(ChunkWriter *stream, const QString &prefix, const RecordList<Record> &list,
                    Keys keys)
 {
     int index = 0;
@@ -58,7 +58,7 @@ void writeSections(QTextStream *stream, const QString &prefix, const RecordList<
 
 // A group of the journey file: its separator, then its sections.
 template <typename Record, typename Keys>
-void writeGroup(QTextStream *stream, const QString &prefix, const RecordList<Record> &list,
+void writeGroup(ChunkWriter *stream, const QString &prefix, const RecordList<Record> &list,
                 Keys keys)
 {
     *stream << groupSeparator;
@@ -157,7 +157,7 @@ int WayfernIO::readGroup(RecordBytes *stream, const char *reader, const QString 
 }
 
 template <typename Record>
-void WayfernIO::writeAddress(QTextStream *stream, const Record *record)
+void WayfernIO::writeAddress(ChunkWriter *stream, const Record *record)
 {
     writeRecord(stream, QStringLiteral("STREET"), record->street);
     writeRecord(stream, QStringLiteral("PCODE"), record->pcode);
@@ -527,9 +527,9 @@ int WayfernIO::WriteFile(const QString &path)
 
 int WayfernIO::WriteFile(QIODevice *device, const QString &name)
 {
-    return RecordSink::writeDevice(
+    return RecordSink::streamDevice(
         device, name, "WayfernIO",
-        [&](QTextStream *stream) {
+        [&](ChunkWriter *stream) {
             writeFileHead(stream, "data", "Data-File");
             *stream << "[Header]\n";
             writeRecord(stream, QStringLiteral("JOURNEY-NAME"), document->journeyname);
@@ -557,14 +557,14 @@ int WayfernIO::WriteFile(QIODevice *device, const QString &name)
         &writeProblem);
 }
 
-void WayfernIO::WriteFileCType(QTextStream *stream)
+void WayfernIO::WriteFileCType(ChunkWriter *stream)
 {
     writeGroup(stream, QStringLiteral("CTYPE_"), document->ctypes, [&](const CTypeData *row) {
         writeRecord(stream, QStringLiteral("TYPE"), row->type);
     });
 }
 
-void WayfernIO::WriteFileTType(QTextStream *stream)
+void WayfernIO::WriteFileTType(ChunkWriter *stream)
 {
     writeGroup(stream, QStringLiteral("TTYPE_"), document->ttypes, [&](const TTypeData *row) {
         writeRecord(stream, QStringLiteral("TYPE"), row->type);
@@ -572,14 +572,14 @@ void WayfernIO::WriteFileTType(QTextStream *stream)
     });
 }
 
-void WayfernIO::WriteFileQType(QTextStream *stream)
+void WayfernIO::WriteFileQType(ChunkWriter *stream)
 {
     writeGroup(stream, QStringLiteral("QTYPE_"), document->qtypes, [&](const QTypeData *row) {
         writeRecord(stream, QStringLiteral("TYPE"), row->type);
     });
 }
 
-void WayfernIO::WriteFileCosts(QTextStream *stream)
+void WayfernIO::WriteFileCosts(ChunkWriter *stream)
 {
     writeGroup(stream, QStringLiteral("COSTS_"), document->costs, [&](const CostsData *cost) {
         writeRecord(stream, QStringLiteral("DATE"), cost->date);
@@ -593,7 +593,7 @@ void WayfernIO::WriteFileCosts(QTextStream *stream)
     });
 }
 
-void WayfernIO::WriteFileTips(QTextStream *stream)
+void WayfernIO::WriteFileTips(ChunkWriter *stream)
 {
     writeGroup(stream, QStringLiteral("TIP_"), document->tips, [&](const TipData *tip) {
         writeRecord(stream, QStringLiteral("DATE"), tip->date);
@@ -606,7 +606,7 @@ void WayfernIO::WriteFileTips(QTextStream *stream)
     });
 }
 
-void WayfernIO::WriteFileUsers(QTextStream *stream)
+void WayfernIO::WriteFileUsers(ChunkWriter *stream)
 {
     writeGroup(stream, QStringLiteral("USER_"), document->users, [&](UserData *user) {
         writeRecord(stream, QStringLiteral("DATE"), user->date);
@@ -624,7 +624,7 @@ void WayfernIO::WriteFileUsers(QTextStream *stream)
     });
 }
 
-void WayfernIO::WriteFileUserAccount(QTextStream *stream, UserData *user)
+void WayfernIO::WriteFileUserAccount(ChunkWriter *stream, UserData *user)
 {
     // Behind the traveller's keys, without a group separator.
     *stream << "\n";
@@ -637,7 +637,7 @@ void WayfernIO::WriteFileUserAccount(QTextStream *stream, UserData *user)
     });
 }
 
-void WayfernIO::WriteFileCurr(QTextStream *stream)
+void WayfernIO::WriteFileCurr(ChunkWriter *stream)
 {
     writeGroup(stream, QStringLiteral("CURRENCY_"), document->currencies,
                [&](const CurrData *curr) {
@@ -648,7 +648,7 @@ void WayfernIO::WriteFileCurr(QTextStream *stream)
                });
 }
 
-void WayfernIO::WriteFileCTType(QTextStream *stream, const RecordList<CustomData> &customs)
+void WayfernIO::WriteFileCTType(ChunkWriter *stream, const RecordList<CustomData> &customs)
 {
     *stream << "CUSTOMCNT=" << customs.count() << ";\n";
     int index = 0;
@@ -656,7 +656,7 @@ void WayfernIO::WriteFileCTType(QTextStream *stream, const RecordList<CustomData
         *stream << "CUSTOM_" << index++ << '=' << custom->text << ";\n";
 }
 
-void WayfernIO::WriteFileCTip(QTextStream *stream, const RecordList<CustomData> &customs)
+void WayfernIO::WriteFileCTip(ChunkWriter *stream, const RecordList<CustomData> &customs)
 {
     *stream << "CUSTOMCNT=" << customs.count() << ";\n";
     int index = 0;

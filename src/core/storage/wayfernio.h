@@ -38,16 +38,16 @@ public:
     int ReadFileCTType(RecordBytes *stream, int count, RecordList<CustomData> &customs);
     int ReadFileCTip(RecordBytes *stream, int count, RecordList<CustomData> &customs);
 
-    void WriteFileCType(QTextStream *stream);
-    void WriteFileTType(QTextStream *stream);
-    void WriteFileQType(QTextStream *stream);
-    void WriteFileCosts(QTextStream *stream);
-    void WriteFileTips(QTextStream *stream);
-    void WriteFileUsers(QTextStream *stream);
-    void WriteFileUserAccount(QTextStream *stream, UserData *user);
-    void WriteFileCurr(QTextStream *stream);
-    void WriteFileCTType(QTextStream *stream, const RecordList<CustomData> &customs);
-    void WriteFileCTip(QTextStream *stream, const RecordList<CustomData> &customs);
+    void WriteFileCType(ChunkWriter *stream);
+    void WriteFileTType(ChunkWriter *stream);
+    void WriteFileQType(ChunkWriter *stream);
+    void WriteFileCosts(ChunkWriter *stream);
+    void WriteFileTips(ChunkWriter *stream);
+    void WriteFileUsers(ChunkWriter *stream);
+    void WriteFileUserAccount(ChunkWriter *stream, UserData *user);
+    void WriteFileCurr(ChunkWriter *stream);
+    void WriteFileCTType(ChunkWriter *stream, const RecordList<CustomData> &customs);
+    void WriteFileCTip(ChunkWriter *stream, const RecordList<CustomData> &customs);
 
     WayFernData *document;
 
@@ -75,7 +75,7 @@ private:
                   RecordList<Record> &list, Dispatch dispatch);
     // The address keys that tips and travellers share, in the order of both.
     template <typename Record>
-    void writeAddress(QTextStream *stream, const Record *record);
+    void writeAddress(ChunkWriter *stream, const Record *record);
 
     // Dates, types and currency names repeat throughout a journey: their texts are shared
     // through a small cache in which a new text takes the slot of an old one.

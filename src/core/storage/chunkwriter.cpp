@@ -1,0 +1,204 @@
+#include "storage/chunkwriter.h"
+
+#include <QIODevice>
+#include <QStringDecoder>
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+
+namespace {
+constexpr qsizetype piece = 64 * 1024;
+constexpr qsizetype surveyPiece = 1024 * 1024;
+
+// "%.<precision>f" of a value without printf where the shortest way agrees with it: to_chars
+// writes the exact value rounded half to even, while Qt's formatting rounds a half away from
+// zero and prints a negated zero without its sign. Those cases, and very large or special
+// values, answer -1 and go through Qt.
+int fastFixed(double value, int precision, char (&out)[64])
+{
+    if (!(std::fabs(value) < 1e15) || value == 0)
+        return -1;
+    // A half in the last place: the value has exactly precision + 1 binary places.
+    const double scaled = std::ldexp(value, precision);
+    const double twice = std::ldexp(value, precision + 1);
+    if (scaled != std::trunc(scaled) && twice == std::trunc(twice))
+        return -1;
+    const auto [end, error] =
+        std::to_chars(out, out + sizeof out, value, std::chars_format::fixed, precision);
+    if (error != std::errc())
+        return -1;
+    const int length = int(end - out);
+    if (out[0] == '-') {
+        bool zero = true;
+        for (int i = 1; i < length; ++i)
+            zero = zero && (out[i] == '0' || out[i] == '.');
+        if (zero)
+            return -1;
+    }
+    return length;
+}
+} // namespace
+
+ChunkWriter::ChunkWriter(QIODevice *device, Mode mode, qsizetype skip)
+    : device(device), mode(mode), skip(skip)
+{
+    buffer.reserve(piece + 1024);
+}
+
+ChunkWriter &ChunkWriter::operator<<(QStringView text)
+{
+    if (skip > 0) {
+        const qsizetype skipped = std::min(skip, text.size());
+        skip -= skipped;
+        text = text.sliced(skipped);
+    }
+    switch (mode) {
+    case Mode::Ascii: {
+        qsizetype ascii = 0;
+        while (ascii < text.size() && text[ascii].unicode() < 0x80)
+            ++ascii;
+        const qsizetype old = buffer.size();
+        buffer.resize(old + ascii);
+        char *out = buffer.data() + old;
+        for (qsizetype i = 0; i < ascii; ++i)
+            out[i] = char(text[i].unicode());
+        written += ascii;
+        if (ascii < text.size()) {
+            // The encoding of the rest is open: what is written stays as it is in either.
+            flush(true);
+            mode = Mode::Survey;
+            survey(text.sliced(ascii));
+            return *this;
+        }
+        break;
+    }
+    case Mode::Survey:
+        survey(text);
+        return *this;
+    case Mode::Latin1: {
+        const qsizetype old = buffer.size();
+        buffer.resize(old + text.size());
+        char *out = buffer.data() + old;
+        for (qsizetype i = 0; i < text.size(); ++i)
+            out[i] = char(text[i].unicode());
+        break;
+    }
+    case Mode::Utf8:
+        // A surrogate pair split between two pieces is encoded whole.
+        if (!text.isEmpty() && highSurrogate) {
+            const char16_t pair[2] = {highSurrogate, text.front().unicode()};
+            buffer += QStringView(pair, 2).toUtf8();
+            text = text.sliced(1);
+            highSurrogate = 0;
+        }
+        if (!text.isEmpty() && text.back().isHighSurrogate()) {
+            highSurrogate = text.back().unicode();
+            text.chop(1);
+        }
+        buffer += text.toUtf8();
+        break;
+    }
+    flush(false);
+    return *this;
+}
+
+ChunkWriter &ChunkWriter::operator<<(QLatin1StringView ascii)
+{
+    if (skip > 0 || mode == Mode::Survey || highSurrogate)
+        return *this << QString(ascii);
+    buffer.append(ascii.data(), ascii.size());
+    if (mode == Mode::Ascii)
+        written += ascii.size();
+    flush(false);
+    return *this;
+}
+
+ChunkWriter &ChunkWriter::operator<<(int number)
+{
+    char digits[16];
+    const char *end = std::to_chars(digits, digits + sizeof digits, number).ptr;
+    return *this << QLatin1StringView(digits, end);
+}
+
+ChunkWriter &ChunkWriter::operator<<(qsizetype number)
+{
+    char digits[24];
+    const char *end = std::to_chars(digits, digits + sizeof digits, number).ptr;
+    return *this << QLatin1StringView(digits, end);
+}
+
+void ChunkWriter::fixed(double value, int precision)
+{
+    char digits[64];
+    const int length = fastFixed(value, precision, digits);
+    if (length >= 0) {
+        *this << QLatin1StringView(digits, length);
+        return;
+    }
+    const char *format = precision == 2 ? "%.2f" : precision == 4 ? "%.4f" : nullptr;
+    *this << (format ? QString::asprintf(format, value)
+                     : QString::asprintf("%.*f", precision, value));
+}
+
+void ChunkWriter::survey(QStringView text)
+{
+    if (wide)
+        return;
+    for (QChar c : text) {
+        if (c.unicode() > 0xff) {
+            wide = true;
+            surveyed.clear();
+            return;
+        }
+        surveyed += char(c.unicode());
+    }
+    if (surveyed.size() >= surveyPiece)
+        checkSurveyed(false);
+}
+
+void ChunkWriter::checkSurveyed(bool last)
+{
+    // Up to the last ASCII byte: no UTF-8 sequence spans one, so the pieces are valid exactly
+    // when the whole is.
+    qsizetype end = surveyed.size();
+    if (!last) {
+        while (end > 0 && static_cast<unsigned char>(surveyed.at(end - 1)) >= 0x80)
+            --end;
+        if (end == 0)
+            return;
+    }
+    if (!invalidUtf8) {
+        QStringDecoder decoder(QStringConverter::Utf8, QStringConverter::Flag::Stateless);
+        const QString decoded = decoder.decode(QByteArrayView(surveyed).first(end));
+        invalidUtf8 = decoder.hasError();
+    }
+    surveyed.remove(0, end);
+}
+
+ChunkWriter::Mode ChunkWriter::chosen() const
+{
+    // Latin-1 bytes that would read as UTF-8 would read back as other letters.
+    return wide || !invalidUtf8 ? Mode::Utf8 : Mode::Latin1;
+}
+
+void ChunkWriter::flush(bool all)
+{
+    if (buffer.size() < (all ? 1 : piece))
+        return;
+    if (ok && device->write(buffer) != buffer.size())
+        ok = false;
+    buffer.resize(0);
+}
+
+bool ChunkWriter::finish()
+{
+    if (mode == Mode::Survey && !wide)
+        checkSurveyed(true);
+    if (highSurrogate) {
+        buffer += QStringView(&highSurrogate, 1).toUtf8();
+        highSurrogate = 0;
+    }
+    flush(true);
+    return ok;
+}
