@@ -1,5 +1,8 @@
 #include "data/wayferndata.h"
 
+#include "storage/fixedtext.h"
+#include "storage/scqtutil.h"
+
 #include <cstdio>
 #include <cstdlib>
 
@@ -157,11 +160,11 @@ void WayFernData::recalcCosts()
 {
     double sum = 0.0;
     for (CostsData *cost : costs) {
-        cost->fvalue = cost->fval.toDouble();
+        cost->fvalue = ScQtUtil::toDouble(QStringView(cost->fval));
         CurrData *currency = findCurrency(cost->ctype);
         if (currency) {
             cost->bvalue = cost->fvalue * currency->invfactor;
-            cost->bval = QString::asprintf("%.2f", cost->bvalue);
+            cost->bval = fixedText(cost->bvalue, 2);
         } else {
             cost->bvalue = 0.0;
             cost->bval = QStringLiteral("0.0");
@@ -169,7 +172,7 @@ void WayFernData::recalcCosts()
         cost->curr = currency;
         sum = sum + cost->bvalue;
         cost->bsumvalue = sum;
-        cost->bsum = QString::asprintf("%.2f", sum);
+        cost->bsum = fixedText(sum, 2);
     }
 }
 

@@ -1,43 +1,17 @@
 #include "storage/chunkwriter.h"
 
+#include "storage/fixedtext.h"
+
 #include <QIODevice>
 #include <QStringDecoder>
 
 #include <algorithm>
 #include <charconv>
-#include <cmath>
 
 namespace {
 constexpr qsizetype piece = 64 * 1024;
 constexpr qsizetype surveyPiece = 1024 * 1024;
 
-// "%.<precision>f" of a value without printf where the shortest way agrees with it: to_chars
-// writes the exact value rounded half to even, while Qt's formatting rounds a half away from
-// zero and prints a negated zero without its sign. Those cases, and very large or special
-// values, answer -1 and go through Qt.
-int fastFixed(double value, int precision, char (&out)[64])
-{
-    if (!(std::fabs(value) < 1e15) || value == 0)
-        return -1;
-    // A half in the last place: the value has exactly precision + 1 binary places.
-    const double scaled = std::ldexp(value, precision);
-    const double twice = std::ldexp(value, precision + 1);
-    if (scaled != std::trunc(scaled) && twice == std::trunc(twice))
-        return -1;
-    const auto [end, error] =
-        std::to_chars(out, out + sizeof out, value, std::chars_format::fixed, precision);
-    if (error != std::errc())
-        return -1;
-    const int length = int(end - out);
-    if (out[0] == '-') {
-        bool zero = true;
-        for (int i = 1; i < length; ++i)
-            zero = zero && (out[i] == '0' || out[i] == '.');
-        if (zero)
-            return -1;
-    }
-    return length;
-}
 } // namespace
 
 ChunkWriter::ChunkWriter(QIODevice *device, Mode mode, qsizetype skip)
@@ -131,14 +105,11 @@ ChunkWriter &ChunkWriter::operator<<(qsizetype number)
 void ChunkWriter::fixed(double value, int precision)
 {
     char digits[64];
-    const int length = fastFixed(value, precision, digits);
-    if (length >= 0) {
+    const int length = fastFixedText(value, precision, digits);
+    if (length >= 0)
         *this << QLatin1StringView(digits, length);
-        return;
-    }
-    const char *format = precision == 2 ? "%.2f" : precision == 4 ? "%.4f" : nullptr;
-    *this << (format ? QString::asprintf(format, value)
-                     : QString::asprintf("%.*f", precision, value));
+    else
+        *this << fixedText(value, precision);
 }
 
 void ChunkWriter::survey(QStringView text)

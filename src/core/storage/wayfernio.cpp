@@ -4,12 +4,12 @@
 #include "storage/recordsink.h"
 
 #include <QFile>
-#include <QTextStream>
 #include <QtMath>
 
 #include <algorithm>
 #include <charconv>
 #include <cstdio>
+#include <string>
 
 int WayfernIO::costsCount = 0;
 int WayfernIO::userCount = 0;
@@ -26,15 +26,15 @@ const QString groupSeparator =
 // The text of "%.4f", appended. The account trace prints two for every account line, so the
 // common case is formatted by hand, far cheaper than printf; a value too long for the buffer
 // goes through printf's own formatting.
-void appendFixed4(QByteArray &out, double value)
+void appendFixed4(std::string &out, double value)
 {
     char number[64];
     const auto [end, error] =
         std::to_chars(number, number + sizeof number, value, std::chars_format::fixed, 4);
     if (error == std::errc())
-        out.append(number, end - number);
+        out.append(number, size_t(end - number));
     else
-        out += QString::asprintf("%.4f", value).toLatin1();
+        out += QString::asprintf("%.4f", value).toLatin1().toStdString();
 }
 
 // Numbered sections "[<prefix><n>]", n from 0, one for each record of `list`: `keys`
@@ -96,7 +96,12 @@ QString WayfernIO::shared(QByteArrayView value)
     for (char c : value)
         h = (h ^ static_cast<unsigned char>(c)) * 16777619u;
     QString &slot = sharedTexts[h % sharedTexts.size()];
-    if (slot != QLatin1StringView(value.data(), value.size()))
+    // Compared by hand: the texts are short, and most lookups find their text.
+    bool same = slot.size() == value.size();
+    const ushort *units = slot.utf16();
+    for (qsizetype i = 0; same && i < value.size(); ++i)
+        same = units[i] == static_cast<unsigned char>(value[i]);
+    if (!same)
         slot = QString::fromLatin1(value);
     return slot;
 }
@@ -434,7 +439,7 @@ int WayfernIO::ReadFileUserAccount(RecordBytes *stream, UserData *user, int coun
     // journey has hundreds of thousands of them. The head up to the section's number is the
     // same for all of them.
     const QByteArray head = "\nWayfernIO::ReadFileUserAccount - hstr : " + cstr(prefix);
-    QByteArray trace;
+    std::string trace;
     return readGroup(
         stream, "ReadFileUserAccount", prefix, count, user->kto,
         [&](KtoData *line, QByteArrayView key, QByteArrayView value) {
@@ -455,19 +460,19 @@ int WayfernIO::ReadFileUserAccount(RecordBytes *stream, UserData *user, int coun
         [&](KtoData *line, const QString &section) {
             // The same text as "%s", "%d" and "%.4f", without printf. The section is the
             // prefix and its number in ASCII digits.
-            trace.resize(0);
-            trace += head;
+            trace.assign(head.constData(), size_t(head.size()));
             for (qsizetype i = prefix.size(); i < section.size(); ++i)
                 trace += char(section.at(i).unicode());
             trace += "\n                                 ID   : ";
             char number[16];
-            trace.append(number,
-                         std::to_chars(number, number + sizeof number, line->magic).ptr - number);
+            trace.append(
+                number,
+                size_t(std::to_chars(number, number + sizeof number, line->magic).ptr - number));
             trace += "\n                                 val  : ";
             appendFixed4(trace, line->change);
             trace += "\n                                 perc : ";
             appendFixed4(trace, line->percentage);
-            PrintedTogether::append(trace.constData(), trace.size());
+            PrintedTogether::append(trace.data(), qsizetype(trace.size()));
         });
 }
 
