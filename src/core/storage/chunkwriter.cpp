@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cstring>
 
 namespace {
 constexpr qsizetype piece = 64 * 1024;
@@ -29,14 +30,13 @@ ChunkWriter &ChunkWriter::operator<<(QStringView text)
     }
     switch (mode) {
     case Mode::Ascii: {
-        qsizetype ascii = 0;
-        while (ascii < text.size() && text[ascii].unicode() < 0x80)
-            ++ascii;
-        const qsizetype old = buffer.size();
-        buffer.resize(old + ascii);
-        char *out = buffer.data() + old;
-        for (qsizetype i = 0; i < ascii; ++i)
-            out[i] = char(text[i].unicode());
+        qsizetype ascii = text.size();
+        if (!QtPrivate::isAscii(text)) {
+            ascii = 0;
+            while (text[ascii].unicode() < 0x80)
+                ++ascii;
+        }
+        appendLatin1(text.first(ascii));
         written += ascii;
         if (ascii < text.size()) {
             // The encoding of the rest is open: what is written stays as it is in either.
@@ -50,14 +50,9 @@ ChunkWriter &ChunkWriter::operator<<(QStringView text)
     case Mode::Survey:
         survey(text);
         return *this;
-    case Mode::Latin1: {
-        const qsizetype old = buffer.size();
-        buffer.resize(old + text.size());
-        char *out = buffer.data() + old;
-        for (qsizetype i = 0; i < text.size(); ++i)
-            out[i] = char(text[i].unicode());
+    case Mode::Latin1:
+        appendLatin1(text);
         break;
-    }
     case Mode::Utf8:
         // A surrogate pair split between two pieces is encoded whole.
         if (!text.isEmpty() && highSurrogate) {
@@ -75,6 +70,15 @@ ChunkWriter &ChunkWriter::operator<<(QStringView text)
     }
     flush(false);
     return *this;
+}
+
+void ChunkWriter::appendLatin1(QStringView text)
+{
+    // Through the library's encoder: a loop of our own costs a callback per character in the
+    // instrumented fuzz builds.
+    const qsizetype old = buffer.size();
+    buffer.resize(old + text.size());
+    latin1.appendToBuffer(buffer.data() + old, text);
 }
 
 ChunkWriter &ChunkWriter::operator<<(QLatin1StringView ascii)
@@ -110,6 +114,46 @@ void ChunkWriter::fixed(double value, int precision)
         *this << QLatin1StringView(digits, length);
     else
         *this << fixedText(value, precision);
+}
+
+void ChunkWriter::record(QStringView key, QStringView value)
+{
+    // Most lines of a journey are ASCII and go into the buffer with one resize.
+    if (skip > 0 || highSurrogate || mode == Mode::Survey || mode == Mode::Utf8
+        || !QtPrivate::isAscii(key) || !QtPrivate::isAscii(value)) {
+        *this << key << '=' << value << QLatin1StringView(";\n");
+        return;
+    }
+    const qsizetype old = buffer.size();
+    buffer.resize(old + key.size() + value.size() + 3);
+    char *out = latin1.appendToBuffer(buffer.data() + old, key);
+    *out++ = '=';
+    out = latin1.appendToBuffer(out, value);
+    *out++ = ';';
+    *out = '\n';
+    if (mode == Mode::Ascii)
+        written += key.size() + value.size() + 3;
+    flush(false);
+}
+
+void ChunkWriter::record(QStringView key, QLatin1StringView asciiValue)
+{
+    if (skip > 0 || highSurrogate || mode == Mode::Survey || mode == Mode::Utf8
+        || !QtPrivate::isAscii(key)) {
+        *this << key << '=' << asciiValue << QLatin1StringView(";\n");
+        return;
+    }
+    const qsizetype old = buffer.size();
+    buffer.resize(old + key.size() + asciiValue.size() + 3);
+    char *out = latin1.appendToBuffer(buffer.data() + old, key);
+    *out++ = '=';
+    std::memcpy(out, asciiValue.data(), size_t(asciiValue.size()));
+    out += asciiValue.size();
+    *out++ = ';';
+    *out = '\n';
+    if (mode == Mode::Ascii)
+        written += key.size() + asciiValue.size() + 3;
+    flush(false);
 }
 
 void ChunkWriter::survey(QStringView text)

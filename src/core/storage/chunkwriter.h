@@ -3,6 +3,7 @@
 #include <QByteArray>
 #include <QLatin1StringView>
 #include <QString>
+#include <QStringEncoder>
 #include <QStringView>
 
 class QIODevice;
@@ -44,6 +45,9 @@ public:
     ChunkWriter &operator<<(qsizetype number);
     // The number as "%.<precision>f" makes it, through QString::asprintf.
     void fixed(double value, int precision);
+    // One record line "key=value;\n", in one step where all of it is ASCII.
+    void record(QStringView key, QStringView value);
+    void record(QStringView key, QLatin1StringView asciiValue);
 
     ChunkWriter(const ChunkWriter &) = delete;
     ChunkWriter &operator=(const ChunkWriter &) = delete;
@@ -54,6 +58,8 @@ private:
     enum class Mode { Ascii, Survey, Latin1, Utf8 };
 
     ChunkWriter(QIODevice *device, Mode mode, qsizetype skip);
+    // Characters that all fit in Latin-1.
+    void appendLatin1(QStringView text);
     void survey(QStringView text);
     void checkSurveyed(bool last);
     Mode chosen() const;
@@ -64,6 +70,7 @@ private:
     QIODevice *device;
     Mode mode;
     QByteArray buffer;
+    QStringEncoder latin1{QStringConverter::Latin1};
     bool ok = true;
     // Characters written in the ASCII run; the second run skips as many.
     qsizetype written = 0;

@@ -7,6 +7,14 @@
 // away from zero and prints a negated zero without its sign: those go through Qt.
 int fastFixedText(double value, int precision, char (&out)[64])
 {
+    // Zero of either sign prints as "0.00...".
+    if (value == 0 && precision > 0 && precision < 60) {
+        out[0] = '0';
+        out[1] = '.';
+        for (int i = 0; i < precision; ++i)
+            out[2 + i] = '0';
+        return precision + 2;
+    }
     if (!(std::fabs(value) < 1e15) || value == 0)
         return -1;
     // A half in the last place: the value has exactly precision + 1 binary places.

@@ -43,8 +43,7 @@ void RecordBytes::setBytes(const QByteArray &content)
 
 bool RecordBytes::isAscii(QByteArrayView value)
 {
-    return std::all_of(value.begin(), value.end(),
-                       [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+    return QtPrivate::isAscii(QLatin1StringView(value.data(), value.size()));
 }
 
 bool RecordBytes::validUtf8(QByteArrayView content)
@@ -52,13 +51,14 @@ bool RecordBytes::validUtf8(QByteArrayView content)
     // Only bytes from the line of the first non-ASCII byte on need the decoder. It checks them
     // in pieces that end behind a LF: a sequence never spans an ASCII byte, so the pieces are
     // valid exactly when the whole is.
-    const auto firstHigh = std::find_if(content.begin(), content.end(), [](char c) {
-        return static_cast<unsigned char>(c) >= 0x80;
-    });
-    if (firstHigh == content.end())
-        return false;
-    qsizetype start = content.first(firstHigh - content.begin()).lastIndexOf('\n') + 1;
     const qsizetype piece = 1 << 20;
+    qsizetype block = 0;
+    while (block < content.size()
+           && isAscii(content.sliced(block, std::min(piece, content.size() - block))))
+        block += piece;
+    if (block >= content.size())
+        return false;
+    qsizetype start = content.first(block).lastIndexOf('\n') + 1;
     while (start < content.size()) {
         qsizetype end = content.size();
         if (end - start > piece) {

@@ -1,6 +1,7 @@
 #include "storage/scqtutil.h"
 
 #include "storage/chunkwriter.h"
+#include "storage/fixedtext.h"
 #include "storage/printline.h"
 
 #include <QDateTime>
@@ -156,27 +157,31 @@ QString fileHead(const char *type, const char *title)
                             "#\n\n");
 }
 
-// "%d" of a whole number, or another format through printf.
+// "key=value;" of a number: "%d" of a whole number, "%.4f" and "%.2f" of a fraction, another
+// format through printf.
 template <typename T>
-void writeNumber(ChunkWriter *out, T value, const QString &format)
+void writeNumber(ChunkWriter *out, const QString &key, T value, const QString &format)
 {
     if constexpr (std::is_integral_v<T>) {
         // printf's "%d" takes the bits of an unsigned number as an int.
         if (format == QLatin1StringView("%d")) {
-            *out << int(value);
+            char digits[16];
+            const char *end = std::to_chars(digits, digits + sizeof digits, int(value)).ptr;
+            out->record(key, QLatin1StringView(digits, end));
             return;
         }
     } else {
-        if (format == QLatin1StringView("%.4f")) {
-            out->fixed(value, 4);
-            return;
-        }
-        if (format == QLatin1StringView("%.2f")) {
-            out->fixed(value, 2);
+        const int precision = format == QLatin1StringView("%.4f") ? 4
+            : format == QLatin1StringView("%.2f")                 ? 2
+                                                                  : -1;
+        char digits[64];
+        const int length = precision < 0 ? -1 : fastFixedText(value, precision, digits);
+        if (length >= 0) {
+            out->record(key, QLatin1StringView(digits, length));
             return;
         }
     }
-    *out << QString::asprintf(format.toLatin1().constData(), value);
+    out->record(key, QString::asprintf(format.toLatin1().constData(), value));
 }
 } // namespace
 
@@ -192,42 +197,34 @@ void ScQtUtil::writeFileHead(ChunkWriter *out, const char *type, const char *tit
 
 void ScQtUtil::writeRecord(ChunkWriter *out, const QString &key, const QString &value)
 {
-    *out << key << '=' << value << recordEnd;
+    out->record(key, value);
 }
 
 void ScQtUtil::writeRecord(ChunkWriter *out, const QString &key, bool value)
 {
-    *out << key << '=' << (value ? "TRUE" : "FALSE") << recordEnd;
+    out->record(key, value ? QLatin1StringView("TRUE") : QLatin1StringView("FALSE"));
 }
 
 void ScQtUtil::writeRecord(ChunkWriter *out, const QString &key, int value, const QString &format)
 {
-    *out << key << '=';
-    writeNumber(out, value, format);
-    *out << recordEnd;
+    writeNumber(out, key, value, format);
 }
 
 void ScQtUtil::writeRecord(ChunkWriter *out, const QString &key, unsigned int value,
                            const QString &format)
 {
-    *out << key << '=';
-    writeNumber(out, value, format);
-    *out << recordEnd;
+    writeNumber(out, key, value, format);
 }
 
 void ScQtUtil::writeRecord(ChunkWriter *out, const QString &key, long value, const QString &format)
 {
-    *out << key << '=';
-    writeNumber(out, value, format);
-    *out << recordEnd;
+    writeNumber(out, key, value, format);
 }
 
 void ScQtUtil::writeRecord(ChunkWriter *out, const QString &key, double value,
                            const QString &format)
 {
-    *out << key << '=';
-    writeNumber(out, value, format);
-    *out << recordEnd;
+    writeNumber(out, key, value, format);
 }
 
 namespace {

@@ -72,14 +72,9 @@ public:
     }
 
     template <size_t N>
-    static bool keyIs(QByteArrayView key, const char16_t (&name)[N])
+    static bool keyIs(QByteArrayView key, const char (&name)[N])
     {
-        if (key.size() != qsizetype(N - 1))
-            return false;
-        for (size_t i = 0; i + 1 < N; ++i)
-            if (static_cast<unsigned char>(key[qsizetype(i)]) != name[i])
-                return false;
-        return true;
+        return key.size() == qsizetype(N - 1) && std::memcmp(key.data(), name, N - 1) == 0;
     }
 
     // Walks a section body: `dispatch(key, value)` for every line up to the first empty one

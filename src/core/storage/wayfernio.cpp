@@ -76,9 +76,13 @@ QString WayfernIO::shared(QStringView value)
         return value.toString();
     if (sharedTexts.empty())
         sharedTexts.resize(sharedSize);
-    QString &slot = sharedTexts[RecordStream::hashText(value) % sharedTexts.size()];
-    if (slot != value)
+    const size_t index = RecordStream::hashText(value) % sharedTexts.size();
+    QString &slot = sharedTexts[index];
+    if (slot != value) {
         slot = value.toString();
+        if (index < sharedBytes.size())
+            sharedBytes[index].clear();
+    }
     return slot;
 }
 
@@ -95,15 +99,16 @@ QString WayfernIO::shared(QByteArrayView value)
     size_t h = 2166136261u;
     for (char c : value)
         h = (h ^ static_cast<unsigned char>(c)) * 16777619u;
-    QString &slot = sharedTexts[h % sharedTexts.size()];
-    // Compared by hand: the texts are short, and most lookups find their text.
-    bool same = slot.size() == value.size();
-    const ushort *units = slot.utf16();
-    for (qsizetype i = 0; same && i < value.size(); ++i)
-        same = units[i] == static_cast<unsigned char>(value[i]);
-    if (!same)
-        slot = QString::fromLatin1(value);
-    return slot;
+    // The slot keeps the bytes it was made from: comparing them is cheaper than comparing
+    // the text with the bytes.
+    const size_t slot = h % sharedTexts.size();
+    if (sharedBytes.size() != sharedTexts.size())
+        sharedBytes.assign(sharedTexts.size(), QByteArray());
+    if (sharedBytes[slot] != value) {
+        sharedTexts[slot] = QString::fromLatin1(value);
+        sharedBytes[slot] = value.toByteArray();
+    }
+    return sharedTexts[slot];
 }
 
 QString WayfernIO::textOf(QByteArrayView value) const
@@ -203,31 +208,32 @@ int WayfernIO::ReadFile(QIODevice *device, const QString &name)
     // A small file holds few texts to share: a small cache serves it and is quicker to set
     // up and tear down than the full one.
     sharedTexts.clear();
+    sharedBytes.clear();
     sharedSize = std::min<size_t>(
         sharedSlots, std::max<quint64>(64, qNextPowerOfTwo(quint64(stream.size()) / 64)));
 
     walkSection(&stream, [&](QByteArrayView key, QByteArrayView value) {
-        if (keyIs(key, u"JOURNEY-NAME"))
+        if (keyIs(key, "JOURNEY-NAME"))
             document->journeyname = textOf(value);
-        else if (keyIs(key, u"DISTANCE-TYPE"))
+        else if (keyIs(key, "DISTANCE-TYPE"))
             document->distancetype = textOf(value);
-        else if (keyIs(key, u"BASE-CURRENCY"))
+        else if (keyIs(key, "BASE-CURRENCY"))
             document->basecurrency = textOf(value);
-        else if (keyIs(key, u"COSTSCOUNT"))
+        else if (keyIs(key, "COSTSCOUNT"))
             costsCount = toInt(value, *file);
-        else if (keyIs(key, u"USERCOUNT"))
+        else if (keyIs(key, "USERCOUNT"))
             userCount = toInt(value, *file);
-        else if (keyIs(key, u"TIPCOUNT"))
+        else if (keyIs(key, "TIPCOUNT"))
             tipCount = toInt(value, *file);
-        else if (keyIs(key, u"CURRCOUNT"))
+        else if (keyIs(key, "CURRCOUNT"))
             currCount = toInt(value, *file);
-        else if (keyIs(key, u"CTYPECOUNT"))
+        else if (keyIs(key, "CTYPECOUNT"))
             ctypeCount = toInt(value, *file);
-        else if (keyIs(key, u"TTYPECOUNT"))
+        else if (keyIs(key, "TTYPECOUNT"))
             ttypeCount = toInt(value, *file);
-        else if (keyIs(key, u"QTYPECOUNT"))
+        else if (keyIs(key, "QTYPECOUNT"))
             qtypeCount = toInt(value, *file);
-        else if (keyIs(key, u"USERFLAG"))
+        else if (keyIs(key, "USERFLAG"))
             document->userflag = toBool(textOf(value));
         else
             printLine("\nWayfernIO::ReadFile(%s) : unknown header-entry : %s\n", "Header",
@@ -260,6 +266,7 @@ int WayfernIO::ReadFile(QIODevice *device, const QString &name)
     }
 
     sharedTexts.clear();
+    sharedBytes.clear();
     document->recalcFactors();
     document->recalcCosts();
     document->setCostLetters();
@@ -270,7 +277,7 @@ int WayfernIO::ReadFileCType(RecordBytes *stream, int count)
 {
     return readGroup(stream, "ReadFileCType", QStringLiteral("CTYPE_"), count, document->ctypes,
                      [&](CTypeData *row, QByteArrayView key, QByteArrayView value) {
-                         if (!keyIs(key, u"TYPE"))
+                         if (!keyIs(key, "TYPE"))
                              return false;
                          row->type = shared(value);
                          return true;
@@ -281,9 +288,9 @@ int WayfernIO::ReadFileTType(RecordBytes *stream, int count)
 {
     return readGroup(stream, "ReadFileTType", QStringLiteral("TTYPE_"), count, document->ttypes,
                      [&](TTypeData *row, QByteArrayView key, QByteArrayView value) {
-                         if (keyIs(key, u"TYPE"))
+                         if (keyIs(key, "TYPE"))
                              row->type = shared(value);
-                         else if (keyIs(key, u"CUSTOMCNT"))
+                         else if (keyIs(key, "CUSTOMCNT"))
                              ReadFileCTType(stream, toInt(value, *file), row->customs);
                          else
                              return false;
@@ -295,7 +302,7 @@ int WayfernIO::ReadFileQType(RecordBytes *stream, int count)
 {
     return readGroup(stream, "ReadFileQType", QStringLiteral("QTYPE_"), count, document->qtypes,
                      [&](QTypeData *row, QByteArrayView key, QByteArrayView value) {
-                         if (!keyIs(key, u"TYPE"))
+                         if (!keyIs(key, "TYPE"))
                              return false;
                          row->type = shared(value);
                          return true;
@@ -306,19 +313,19 @@ int WayfernIO::ReadFileCosts(RecordBytes *stream, int count)
 {
     return readGroup(stream, "ReadFileCosts", QStringLiteral("COSTS_"), count, document->costs,
                      [&](CostsData *cost, QByteArrayView key, QByteArrayView value) {
-                         if (keyIs(key, u"DATE")) {
+                         if (keyIs(key, "DATE")) {
                              cost->date = shared(value);
-                         } else if (keyIs(key, u"TYPE")) {
+                         } else if (keyIs(key, "TYPE")) {
                              cost->type = shared(value);
-                         } else if (keyIs(key, u"FVAL")) {
+                         } else if (keyIs(key, "FVAL")) {
                              cost->fval = value.isEmpty() ? QStringLiteral("0.0") : textOf(value);
-                         } else if (keyIs(key, u"CTYPE")) {
+                         } else if (keyIs(key, "CTYPE")) {
                              cost->ctype = shared(value);
-                         } else if (keyIs(key, u"COMMENT")) {
+                         } else if (keyIs(key, "COMMENT")) {
                              cost->comment = textOf(value);
-                         } else if (keyIs(key, u"ID")) {
+                         } else if (keyIs(key, "ID")) {
                              cost->id = toInt(value, *file);
-                         } else if (keyIs(key, u"EXCHANGE")) {
+                         } else if (keyIs(key, "EXCHANGE")) {
                              cost->exchange = shared(value);
                              // Costs come before the currencies, so in a normal read nothing is found
                              // here and the text stays as it stood.
@@ -326,7 +333,7 @@ int WayfernIO::ReadFileCosts(RecordBytes *stream, int count)
                              if (curr && (cost->exchange == u"(null)" || cost->exchange.isEmpty()))
                                  cost->exchange = curr->factor;
                              cost->exchangevalue = cost->exchange.toDouble();
-                         } else if (keyIs(key, u"SHARED")) {
+                         } else if (keyIs(key, "SHARED")) {
                              cost->shared = toBool(textOf(value));
                          } else {
                              return false;
@@ -340,13 +347,13 @@ int WayfernIO::ReadFileCurr(RecordBytes *stream, int count)
     return readGroup(stream, "ReadFileCurr", QStringLiteral("CURRENCY_"), count,
                      document->currencies,
                      [&](CurrData *curr, QByteArrayView key, QByteArrayView value) {
-                         if (keyIs(key, u"SHORT-TERM"))
+                         if (keyIs(key, "SHORT-TERM"))
                              curr->short_ = textOf(value);
-                         else if (keyIs(key, u"FACTOR"))
+                         else if (keyIs(key, "FACTOR"))
                              curr->factor = value.isEmpty() ? QStringLiteral("1.0") : textOf(value);
-                         else if (keyIs(key, u"FULL-NAME"))
+                         else if (keyIs(key, "FULL-NAME"))
                              curr->fullname = textOf(value);
-                         else if (keyIs(key, u"TYPE"))
+                         else if (keyIs(key, "TYPE"))
                              curr->type = shared(value);
                          else
                              return false;
@@ -358,31 +365,31 @@ int WayfernIO::ReadFileTips(RecordBytes *stream, int count)
 {
     return readGroup(stream, "ReadFileTips", QStringLiteral("TIP_"), count, document->tips,
                      [&](TipData *tip, QByteArrayView key, QByteArrayView value) {
-                         if (keyIs(key, u"DATE"))
+                         if (keyIs(key, "DATE"))
                              tip->date = shared(value);
-                         else if (keyIs(key, u"TIPTYPE"))
+                         else if (keyIs(key, "TIPTYPE"))
                              tip->tiptype = shared(value);
-                         else if (keyIs(key, u"QUALITYTYPE"))
+                         else if (keyIs(key, "QUALITYTYPE"))
                              tip->qualitytype = shared(value);
-                         else if (keyIs(key, u"NAME"))
+                         else if (keyIs(key, "NAME"))
                              tip->name = textOf(value);
-                         else if (keyIs(key, u"STREET"))
+                         else if (keyIs(key, "STREET"))
                              tip->street = textOf(value);
-                         else if (keyIs(key, u"PCODE"))
+                         else if (keyIs(key, "PCODE"))
                              tip->pcode = textOf(value);
-                         else if (keyIs(key, u"TOWN"))
+                         else if (keyIs(key, "TOWN"))
                              tip->town = shared(value);
-                         else if (keyIs(key, u"TEL"))
+                         else if (keyIs(key, "TEL"))
                              tip->tel = textOf(value);
-                         else if (keyIs(key, u"FAX"))
+                         else if (keyIs(key, "FAX"))
                              tip->fax = textOf(value);
-                         else if (keyIs(key, u"EMAIL"))
+                         else if (keyIs(key, "EMAIL"))
                              tip->email = textOf(value);
-                         else if (keyIs(key, u"WWW"))
+                         else if (keyIs(key, "WWW"))
                              tip->www = textOf(value);
-                         else if (keyIs(key, u"COMMENT"))
+                         else if (keyIs(key, "COMMENT"))
                              tip->comment = textOf(value);
-                         else if (keyIs(key, u"CUSTOMCNT"))
+                         else if (keyIs(key, "CUSTOMCNT"))
                              ReadFileCTip(stream, toInt(value, *file), tip->customs);
                          else
                              return false;
@@ -394,37 +401,37 @@ int WayfernIO::ReadFileUsers(RecordBytes *stream, int count)
 {
     return readGroup(stream, "ReadFileUsers", QStringLiteral("USER_"), count, document->users,
                      [&](UserData *user, QByteArrayView key, QByteArrayView value) {
-                         if (keyIs(key, u"DATE"))
+                         if (keyIs(key, "DATE"))
                              user->date = shared(value);
-                         else if (keyIs(key, u"SHORT"))
+                         else if (keyIs(key, "SHORT"))
                              user->short_ = textOf(value);
-                         else if (keyIs(key, u"NAME"))
+                         else if (keyIs(key, "NAME"))
                              user->name = textOf(value);
-                         else if (keyIs(key, u"FIRST NAME"))
+                         else if (keyIs(key, "FIRST NAME"))
                              user->firstname = textOf(value);
-                         else if (keyIs(key, u"STREET"))
+                         else if (keyIs(key, "STREET"))
                              user->street = textOf(value);
-                         else if (keyIs(key, u"PCODE"))
+                         else if (keyIs(key, "PCODE"))
                              user->pcode = textOf(value);
-                         else if (keyIs(key, u"TOWN"))
+                         else if (keyIs(key, "TOWN"))
                              user->town = textOf(value);
-                         else if (keyIs(key, u"TEL"))
+                         else if (keyIs(key, "TEL"))
                              user->tel = textOf(value);
-                         else if (keyIs(key, u"FAX"))
+                         else if (keyIs(key, "FAX"))
                              user->fax = textOf(value);
-                         else if (keyIs(key, u"EMAIL"))
+                         else if (keyIs(key, "EMAIL"))
                              user->email = textOf(value);
-                         else if (keyIs(key, u"WWW"))
+                         else if (keyIs(key, "WWW"))
                              user->www = textOf(value);
-                         else if (keyIs(key, u"BANK"))
+                         else if (keyIs(key, "BANK"))
                              user->bank = textOf(value);
-                         else if (keyIs(key, u"BLZ"))
+                         else if (keyIs(key, "BLZ"))
                              user->blz = textOf(value);
-                         else if (keyIs(key, u"ACOUNT"))
+                         else if (keyIs(key, "ACOUNT"))
                              user->acount = textOf(value);
-                         else if (keyIs(key, u"VALUE"))
+                         else if (keyIs(key, "VALUE"))
                              user->value = toDouble(value, *file);
-                         else if (keyIs(key, u"COUNT"))
+                         else if (keyIs(key, "COUNT"))
                              user->count = toInt(value, *file);
                          else
                              return false;
@@ -443,15 +450,15 @@ int WayfernIO::ReadFileUserAccount(RecordBytes *stream, UserData *user, int coun
     return readGroup(
         stream, "ReadFileUserAccount", prefix, count, user->kto,
         [&](KtoData *line, QByteArrayView key, QByteArrayView value) {
-            if (keyIs(key, u"DATE"))
+            if (keyIs(key, "DATE"))
                 line->date = shared(value);
-            else if (keyIs(key, u"TYPE"))
+            else if (keyIs(key, "TYPE"))
                 line->type = shared(value);
-            else if (keyIs(key, u"MAGIC"))
+            else if (keyIs(key, "MAGIC"))
                 line->magic = toInt(value, *file);
-            else if (keyIs(key, u"PERCENTAGE"))
+            else if (keyIs(key, "PERCENTAGE"))
                 line->percentage = toDouble(value, *file);
-            else if (keyIs(key, u"CHANGE"))
+            else if (keyIs(key, "CHANGE"))
                 line->change = toDouble(value, *file);
             else
                 return false;

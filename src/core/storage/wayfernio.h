@@ -86,6 +86,8 @@ private:
     // The file being read.
     const RecordBytes *file = nullptr;
     std::vector<QString> sharedTexts;
+    std::vector<QByteArray> sharedBytes; // of the slots filled from a file's bytes
+
     size_t sharedSize = sharedSlots; // the number of slots when the cache is set up
 
     // The section counts of the header. They survive from one read to the next: a header
