@@ -1,6 +1,7 @@
 #include "checks.h"
 
 #include "data/wayferndata.h"
+#include "storage/recordbytes.h"
 #include "storage/recordstream.h"
 #include "storage/scqtutil.h"
 #include "storage/wayfernio.h"
@@ -665,6 +666,86 @@ const char *checkRecordStream(const QString &text, bool longSearch)
     return nullptr;
 }
 
+// The journey reader's byte stream against the record stream on the decoded text: the same
+// lines, records and section searches, also once both have hashed their heads.
+const char *checkRecordBytes(const QByteArray &bytes, bool longSearch)
+{
+    const QString text = RecordStream::decode(bytes);
+    RecordStream stream;
+    stream.setText(text);
+    RecordBytes file;
+    file.setBytes(bytes);
+    while (!stream.atEnd()) {
+        EXPECT(!file.atEnd(), "bytes: end early");
+        const QStringView line = stream.readLine();
+        const QByteArrayView lineBytes = file.readLine();
+        EXPECT(file.toText(lineBytes) == line, "bytes: other line");
+        ScQtUtil::RecordView parts;
+        ScQtUtil::ByteRecordView byteParts;
+        EXPECT(ScQtUtil::splitRecord(line, parts) == ScQtUtil::splitRecord(lineBytes, byteParts),
+               "bytes: record splits otherwise");
+        EXPECT(file.toText(byteParts.key) == parts.key
+                   && file.toText(byteParts.value) == parts.value
+                   && file.toText(byteParts.rest) == parts.rest,
+               "bytes: other parts of a record");
+    }
+    EXPECT(file.atEnd(), "bytes: do not end");
+
+    QStringList patterns;
+    stream.rewind();
+    while (!stream.atEnd() && patterns.size() < 48) {
+        const QStringView line = stream.readLine();
+        if (line.startsWith(u'[')) {
+            const qsizetype close = line.indexOf(u']');
+            if (close >= 0)
+                patterns.append(line.left(close + 1).toString());
+            patterns.append(line.toString());
+        }
+    }
+    patterns.append(QStringLiteral("[Header]"));
+    const auto compareSearches = [&](int round) -> const char * {
+        for (qsizetype i = 0; i < patterns.size(); ++i) {
+            if ((i + round) % 3 == 0) {
+                stream.rewind();
+                file.rewind();
+            }
+            QByteArray head;
+            stream.skipTo(patterns.at(i));
+            if (file.encode(patterns.at(i), head))
+                file.skipTo(head);
+            else
+                file.skipToEnd();
+            EXPECT(stream.atEnd() == file.atEnd(), "bytes: search ends elsewhere");
+            EXPECT(file.toText(file.readLine()) == stream.readLine(),
+                   "bytes: search stops at another line");
+        }
+        return nullptr;
+    };
+    stream.rewind();
+    file.rewind();
+    PASS_ON(compareSearches(0));
+    const qsizetype heads = file.headCount();
+    EXPECT(heads == stream.headCount(), "bytes: other number of heads");
+    if (!longSearch || heads == 0)
+        return nullptr;
+    const qsizetype hashAfter = 4 * heads + 4096;
+    const QByteArray absent("[\x01");
+    for (qsizetype i = 0; i <= hashAfter && file.headsVisited() <= hashAfter; ++i) {
+        file.rewind();
+        file.skipTo(absent);
+    }
+    const QString absentText = QStringLiteral("[") + QChar(0x01);
+    for (qsizetype i = 0; i <= hashAfter && stream.headsVisited() <= hashAfter; ++i) {
+        stream.rewind();
+        stream.skipTo(absentText);
+    }
+    stream.rewind();
+    file.rewind();
+    PASS_ON(compareSearches(1));
+    PASS_ON(compareSearches(2));
+    return nullptr;
+}
+
 } // namespace
 
 const char *checkRecordTools(const uint8_t *data, size_t size)
@@ -682,6 +763,7 @@ const char *checkRecordTools(const uint8_t *data, size_t size)
         PASS_ON(checkTextTools(text, n));
     }
     PASS_ON(checkRecordStream(RecordStream::decode(bytes), longSearch));
+    PASS_ON(checkRecordBytes(bytes, longSearch));
     return nullptr;
 }
 
