@@ -2,8 +2,8 @@
 
 #include "stdoutcapture.h"
 
-#include "data/centstext.h"
 #include "data/wayferndata.h"
+#include "storage/fixedtext.h"
 
 #include <QtTest>
 
@@ -36,7 +36,7 @@ private slots:
     void rebaseWithZeroFactorBaseChangesNothing();
     void rebaseWithUnknownBaseChangesNothing();
     void currencyWithZeroFactorCountsOneToOne();
-    void centsTextsReadAsQtsPrintfMakesThem();
+    void fixedTextsReadAsQtsPrintfMakesThem();
     void findCurrencyWithNullKeyRepeatsLastResult();
     void findCurrencyWithNullKeyAtStartIsNull();
     void findCurrencyWithNullKeyAfterListClearedIsNull();
@@ -196,25 +196,28 @@ void TestDocument::currencyWithZeroFactorCountsOneToOne()
     QCOMPARE(cost->bval, QStringLiteral("17.13"));
 }
 
-void TestDocument::centsTextsReadAsQtsPrintfMakesThem()
+void TestDocument::fixedTextsReadAsQtsPrintfMakesThem()
 {
-    // The cost lists' amounts and sums: ties, zeros of both signs, the edges of the fast
-    // path and what is not finite, then amounts of every size, in cents, eighths, thousandths
-    // and unrounded.
+    // Amounts, sums, shares and percentages: ties, zeros of both signs, the edges of the
+    // fast path and what is not finite, then numbers of every size, in cents, eighths,
+    // thousandths and unrounded, with the two precisions the journey uses.
     QList<double> values{0.0,    -0.0,   0.005,   -0.005,  0.004999, 0.125, -0.125, 17.125,
                          2.675,  1.005,  1e15,    -1e15,   1e300,    -1e300, 0.375,  -0.875,
-                         qInf(), -qInf(), qQNaN()};
+                         0.03125, -1e-9, qInf(),  -qInf(), qQNaN()};
     QRandomGenerator rng(20021124);
     for (int i = 0; i < 50000; ++i) {
         const double v = (rng.generateDouble() - 0.5) * std::pow(10.0, rng.bounded(-4, 17));
         values << v << std::round(v * 100) / 100 << std::round(v * 8) / 8
-               << std::round(v * 1000) / 1000;
+               << std::round(v * 32) / 32 << std::round(v * 1000) / 1000;
     }
     for (const double value : values) {
-        QString text = QStringLiteral("old");
-        setCentsText(text, value);
-        if (text != QString::asprintf("%.2f", value))
-            QFAIL(qPrintable(QString::asprintf("%.17g: ", value) + text));
+        for (const int precision : {2, 4}) {
+            const QString expected = QString::asprintf("%.*f", precision, value);
+            QString text = QStringLiteral("old");
+            setFixedText(text, value, precision);
+            if (fixedText(value, precision) != expected || text != expected)
+                QFAIL(qPrintable(QString::asprintf("%.17g, %d: ", value, precision) + text));
+        }
     }
 }
 

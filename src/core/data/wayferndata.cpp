@@ -1,6 +1,6 @@
 #include "data/wayferndata.h"
 
-#include "data/centstext.h"
+#include "storage/fixedtext.h"
 #include "storage/scqtutil.h"
 
 #include <cstdio>
@@ -169,7 +169,7 @@ void WayFernData::recalcCosts()
         found = currency;
         if (currency) {
             cost->bvalue = cost->fvalue * currency->invfactor;
-            setCentsText(cost->bval, cost->bvalue);
+            setFixedText(cost->bval, cost->bvalue, 2);
         } else {
             cost->bvalue = 0.0;
             cost->bval = QStringLiteral("0.0");
@@ -177,7 +177,7 @@ void WayFernData::recalcCosts()
         cost->curr = currency;
         sum = sum + cost->bvalue;
         cost->bsumvalue = sum;
-        setCentsText(cost->bsum, sum);
+        setFixedText(cost->bsum, sum, 2);
     }
 }
 

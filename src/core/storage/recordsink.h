@@ -1,5 +1,7 @@
 #pragma once
 
+#include "storage/chunkwriter.h"
+
 #include <QByteArray>
 #include <QIODevice>
 #include <QSaveFile>
@@ -43,6 +45,23 @@ public:
             body(&out);
         }
         if (!writeText(device, text))
+            return notOpen(writer, name, device->errorString(), reason);
+        if (reason)
+            reason->clear();
+        return 0;
+    }
+
+    // The same for a large file: `body` prints into a ChunkWriter, which writes the bytes in
+    // pieces (and may run `body` twice, see there).
+    template <typename Body>
+    static int streamDevice(QIODevice *device, const QString &name, const char *writer, Body body,
+                            QString *reason = nullptr)
+    {
+        if (!device->isOpen() && !device->open(QIODevice::WriteOnly))
+            return notOpen(writer, name, device->errorString(), reason);
+        if (!device->isWritable())
+            return notOpen(writer, name, device->errorString(), reason);
+        if (!ChunkWriter::write(device, body))
             return notOpen(writer, name, device->errorString(), reason);
         if (reason)
             reason->clear();

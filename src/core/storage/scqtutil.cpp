@@ -1,5 +1,7 @@
 #include "storage/scqtutil.h"
 
+#include "storage/chunkwriter.h"
+#include "storage/fixedtext.h"
 #include "storage/printline.h"
 
 #include <QDateTime>
@@ -28,6 +30,35 @@ int ScQtUtil::findSection(RecordStream *stream, const QString &name, bool rewind
     stream->skipTo(pattern);
     // Tested after the search: a head on the very last line counts as not found.
     return stream->atEnd() ? -1 : 0;
+}
+
+int ScQtUtil::findHead(RecordBytes *stream, QByteArrayView head, bool rewind)
+{
+    if (head.size() <= 2 || !stream || !stream->isOpen())
+        return -3;
+    if (rewind)
+        stream->rewind();
+    stream->skipTo(head);
+    return stream->atEnd() ? -1 : 0;
+}
+
+int ScQtUtil::splitRecord(QByteArrayView line, ByteRecordView &parts)
+{
+    if (line.isEmpty())
+        return -2;
+    parts = ByteRecordView{"", "", "", ""};
+    const qsizetype eq = line.indexOf('=');
+    if (eq < 0)
+        return -1;
+    parts.key = line.first(eq);
+    parts.sep = line.sliced(eq, 1);
+    const QByteArrayView remainder = line.sliced(eq + 1);
+    const qsizetype semi = remainder.lastIndexOf(';');
+    if (semi < 0)
+        return -1;
+    parts.value = remainder.first(semi);
+    parts.rest = remainder.sliced(semi + 1);
+    return 0;
 }
 
 int ScQtUtil::splitRecord(QStringView line, RecordView &parts)
@@ -105,23 +136,95 @@ bool ScQtUtil::openAtHeader(RecordStream &stream, QIODevice *device, const QStri
     return true;
 }
 
-void ScQtUtil::writeFileHead(QTextStream *stream, const char *type, const char *title)
+namespace {
+// The processing line and the comment block of a file head, dated now.
+QString fileHead(const char *type, const char *title)
 {
     const QDateTime now = QDateTime::currentDateTime();
     const QDate d = now.date();
     const QTime t = now.time();
-    *stream << QString::asprintf("<?wayfern version=\"%s\" type=\"%s\"?>\n", Wayfern::formatVersion,
-                                 type)
-            << "#-------------------------------------------------------------\n"
-            << QString::asprintf("# %s for wayfern\n", title)
-            << QString::asprintf("# written from wayfern : %s\n", Wayfern::version)
-            << QString::asprintf("# last modified : date = %02d.%02d.%04d\n", d.day(), d.month(),
-                                 d.year())
-            << QString::asprintf("#                 time = %02d:%02d:%02d\n", t.hour(), t.minute(),
-                                 t.second())
-            << "#\n"
-            << "# File is automatically generated, dont modify manually\n"
-            << "#\n\n";
+    return QString::asprintf("<?wayfern version=\"%s\" type=\"%s\"?>\n", Wayfern::formatVersion,
+                             type)
+        + QLatin1StringView("#-------------------------------------------------------------\n")
+        + QString::asprintf("# %s for wayfern\n", title)
+        + QString::asprintf("# written from wayfern : %s\n", Wayfern::version)
+        + QString::asprintf("# last modified : date = %02d.%02d.%04d\n", d.day(), d.month(),
+                            d.year())
+        + QString::asprintf("#                 time = %02d:%02d:%02d\n", t.hour(), t.minute(),
+                            t.second())
+        + QLatin1StringView("#\n"
+                            "# File is automatically generated, dont modify manually\n"
+                            "#\n\n");
+}
+
+// "key=value;" of a number: "%d" of a whole number, "%.4f" and "%.2f" of a fraction, another
+// format through printf.
+template <typename T>
+void writeNumber(ChunkWriter *out, const QString &key, T value, const QString &format)
+{
+    if constexpr (std::is_integral_v<T>) {
+        // printf's "%d" takes the bits of an unsigned number as an int.
+        if (format == QLatin1StringView("%d")) {
+            char digits[16];
+            const char *end = std::to_chars(digits, digits + sizeof digits, int(value)).ptr;
+            out->record(key, QLatin1StringView(digits, end));
+            return;
+        }
+    } else {
+        const int precision = format == QLatin1StringView("%.4f") ? 4
+            : format == QLatin1StringView("%.2f")                 ? 2
+                                                                  : -1;
+        char digits[64];
+        const int length = precision < 0 ? -1 : fastFixedText(value, precision, digits);
+        if (length >= 0) {
+            out->record(key, QLatin1StringView(digits, length));
+            return;
+        }
+    }
+    out->record(key, QString::asprintf(format.toLatin1().constData(), value));
+}
+} // namespace
+
+void ScQtUtil::writeFileHead(QTextStream *stream, const char *type, const char *title)
+{
+    *stream << fileHead(type, title);
+}
+
+void ScQtUtil::writeFileHead(ChunkWriter *out, const char *type, const char *title)
+{
+    *out << fileHead(type, title);
+}
+
+void ScQtUtil::writeRecord(ChunkWriter *out, const QString &key, const QString &value)
+{
+    out->record(key, value);
+}
+
+void ScQtUtil::writeRecord(ChunkWriter *out, const QString &key, bool value)
+{
+    out->record(key, value ? QLatin1StringView("TRUE") : QLatin1StringView("FALSE"));
+}
+
+void ScQtUtil::writeRecord(ChunkWriter *out, const QString &key, int value, const QString &format)
+{
+    writeNumber(out, key, value, format);
+}
+
+void ScQtUtil::writeRecord(ChunkWriter *out, const QString &key, unsigned int value,
+                           const QString &format)
+{
+    writeNumber(out, key, value, format);
+}
+
+void ScQtUtil::writeRecord(ChunkWriter *out, const QString &key, long value, const QString &format)
+{
+    writeNumber(out, key, value, format);
+}
+
+void ScQtUtil::writeRecord(ChunkWriter *out, const QString &key, double value,
+                           const QString &format)
+{
+    writeNumber(out, key, value, format);
 }
 
 namespace {
@@ -256,13 +359,24 @@ unsigned long ScQtUtil::toULong(const QString &value)
 namespace {
 // Plain decimal numbers are by far the most common values of a file; they are converted
 // here without the library's general parser. `out` is only set for such a text.
-bool plainDecimal(QStringView value, char (&buffer)[40], qsizetype &length)
+char16_t unit(QChar c)
+{
+    return c.unicode();
+}
+
+char16_t unit(char c)
+{
+    return static_cast<unsigned char>(c);
+}
+
+template <typename View>
+bool plainDecimal(View value, char (&buffer)[40], qsizetype &length)
 {
     length = value.size();
     if (length == 0 || length >= qsizetype(sizeof buffer))
         return false;
     for (qsizetype i = 0; i < length; ++i) {
-        const char16_t c = value[i].unicode();
+        const char16_t c = unit(value[i]);
         if (!((c >= u'0' && c <= u'9') || c == u'.' || (c == u'-' && i == 0)))
             return false;
         buffer[i] = char(c);
@@ -295,6 +409,32 @@ double ScQtUtil::toDouble(QStringView value)
             return result;
     }
     return value.toDouble();
+}
+
+int ScQtUtil::toInt(QByteArrayView value, const RecordBytes &file)
+{
+    char buffer[40];
+    qsizetype length;
+    if (plainDecimal(value, buffer, length)) {
+        int result = 0;
+        const auto [end, error] = std::from_chars(buffer, buffer + length, result);
+        if (error == std::errc() && end == buffer + length)
+            return result;
+    }
+    return toInt(file.toText(value));
+}
+
+double ScQtUtil::toDouble(QByteArrayView value, const RecordBytes &file)
+{
+    char buffer[40];
+    qsizetype length;
+    if (plainDecimal(value, buffer, length)) {
+        double result = 0;
+        const auto [end, error] = std::from_chars(buffer, buffer + length, result);
+        if (error == std::errc() && end == buffer + length)
+            return result;
+    }
+    return QStringView(file.toText(value)).toDouble();
 }
 
 float ScQtUtil::toFloat(const QString &value)

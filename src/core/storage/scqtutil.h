@@ -1,6 +1,7 @@
 #pragma once
 
 #include "data/datetext.h"
+#include "storage/recordbytes.h"
 #include "storage/recordstream.h"
 #include "wayfernversion.h"
 
@@ -9,6 +10,7 @@
 
 #include <cstring>
 
+class ChunkWriter;
 class QIODevice;
 class QTextStream;
 
@@ -40,11 +42,23 @@ public:
         QStringView rest;
     };
 
+    // The same parts as byte views into a line of a file's bytes.
+    struct ByteRecordView
+    {
+        QByteArrayView key;
+        QByteArrayView sep;
+        QByteArrayView value;
+        QByteArrayView rest;
+    };
+
     // 0 found (the stream stands behind the head); -1 not found; -3 bad call.
     int findSection(RecordStream *stream, const QString &name, bool rewind);
+    // The same for a whole head "[name]" in the file's encoding (RecordBytes::encode()).
+    static int findHead(RecordBytes *stream, QByteArrayView head, bool rewind);
     // 0 split; -1 no "=" or no ";"; -2 null or empty line (the fields keep their values).
     int splitRecord(const QString &line);
     static int splitRecord(QStringView line, RecordView &parts);
+    static int splitRecord(QByteArrayView line, ByteRecordView &parts);
     // Every string field that a reader stores passes through here: never null.
     static QString stringValue(const QString &value);
     static QString stringValue(QStringView value);
@@ -57,6 +71,12 @@ public:
             && std::memcmp(key.utf16(), name, (N - 1) * sizeof(char16_t)) == 0;
     }
 
+    template <size_t N>
+    static bool keyIs(QByteArrayView key, const char (&name)[N])
+    {
+        return key.size() == qsizetype(N - 1) && std::memcmp(key.data(), name, N - 1) == 0;
+    }
+
     // Walks a section body: `dispatch(key, value)` for every line up to the first empty one
     // or the end of the stream. The last line of a stream is never dispatched.
     template <typename Dispatch>
@@ -67,6 +87,19 @@ public:
             if (stream->atEnd() || line.isEmpty())
                 return;
             RecordView parts;
+            splitRecord(line, parts);
+            dispatch(parts.key, parts.value);
+        }
+    }
+    // The same on a file's bytes, with views of bytes.
+    template <typename Dispatch>
+    static void walkSection(RecordBytes *stream, Dispatch dispatch)
+    {
+        while (!stream->atEnd()) {
+            const QByteArrayView line = stream->readLine();
+            if (stream->atEnd() || line.isEmpty())
+                return;
+            ByteRecordView parts;
             splitRecord(line, parts);
             dispatch(parts.key, parts.value);
         }
@@ -88,6 +121,17 @@ public:
     int writeRecord(QTextStream *stream, const QString &key, float value, const QString &format);
     int writeRecord(QTextStream *stream, const QString &key, double value, const QString &format);
 
+    // The same into a writer of large files.
+    static void writeRecord(ChunkWriter *out, const QString &key, const QString &value);
+    static void writeRecord(ChunkWriter *out, const QString &key, bool value);
+    static void writeRecord(ChunkWriter *out, const QString &key, int value, const QString &format);
+    static void writeRecord(ChunkWriter *out, const QString &key, unsigned int value,
+                            const QString &format);
+    static void writeRecord(ChunkWriter *out, const QString &key, long value,
+                            const QString &format);
+    static void writeRecord(ChunkWriter *out, const QString &key, double value,
+                            const QString &format);
+
     // The file `name` in the folder `path`, or `name` alone when `path` is empty.
     static QString joinPath(const QString &path, const QString &name);
     // The first steps of reading a small settings file: reads `device` (opened for reading
@@ -98,6 +142,7 @@ public:
 
     // The processing line of a file of this `type` and the comment block under it, dated now.
     static void writeFileHead(QTextStream *stream, const char *type, const char *title);
+    static void writeFileHead(ChunkWriter *out, const char *type, const char *title);
 
     // Base 16 behind a lower-case "0x", "0h", "x" or "h"; base 10 otherwise; 0 on failure.
     int toInt(const QString &value);
@@ -111,6 +156,9 @@ public:
     // The same conversions for the readers, on a view into the line.
     int toInt(QStringView value);
     static double toDouble(QStringView value);
+    // And on the bytes of a value, `file` telling what text they stand for.
+    int toInt(QByteArrayView value, const RecordBytes &file);
+    static double toDouble(QByteArrayView value, const RecordBytes &file);
     // True exactly for "TRUE". A null text answers the previous result.
     bool toBool(const QString &value);
 

@@ -4,12 +4,12 @@
 #include "storage/recordsink.h"
 
 #include <QFile>
-#include <QTextStream>
 #include <QtMath>
 
 #include <algorithm>
 #include <charconv>
 #include <cstdio>
+#include <string>
 
 int WayfernIO::costsCount = 0;
 int WayfernIO::userCount = 0;
@@ -23,29 +23,24 @@ namespace {
 const QString groupSeparator =
     QStringLiteral("\n#========================================================\n\n");
 
-QByteArray text(QStringView view)
-{
-    return view.toUtf8();
-}
-
 // The text of "%.4f", appended. The account trace prints two for every account line, so the
 // common case is formatted by hand, far cheaper than printf; a value too long for the buffer
 // goes through printf's own formatting.
-void appendFixed4(QByteArray &out, double value)
+void appendFixed4(std::string &out, double value)
 {
     char number[64];
     const auto [end, error] =
         std::to_chars(number, number + sizeof number, value, std::chars_format::fixed, 4);
     if (error == std::errc())
-        out.append(number, end - number);
+        out.append(number, size_t(end - number));
     else
-        out += QString::asprintf("%.4f", value).toLatin1();
+        out += QString::asprintf("%.4f", value).toLatin1().toStdString();
 }
 
 // Numbered sections "[<prefix><n>]", n from 0, one for each record of `list`: `keys`
 // writes the lines of a record, and an empty line ends its section.
 template <typename Record, typename Keys>
-void writeSections(QTextStream *stream, const QString &prefix, const RecordList<Record> &list,
+void writeSections(ChunkWriter *stream, const QString &prefix, const RecordList<Record> &list,
                    Keys keys)
 {
     int index = 0;
@@ -63,7 +58,7 @@ void writeSections(QTextStream *stream, const QString &prefix, const RecordList<
 
 // A group of the journey file: its separator, then its sections.
 template <typename Record, typename Keys>
-void writeGroup(QTextStream *stream, const QString &prefix, const RecordList<Record> &list,
+void writeGroup(ChunkWriter *stream, const QString &prefix, const RecordList<Record> &list,
                 Keys keys)
 {
     *stream << groupSeparator;
@@ -81,24 +76,68 @@ QString WayfernIO::shared(QStringView value)
         return value.toString();
     if (sharedTexts.empty())
         sharedTexts.resize(sharedSize);
-    QString &slot = sharedTexts[RecordStream::hashText(value) % sharedTexts.size()];
-    if (slot != value)
+    const size_t index = RecordStream::hashText(value) % sharedTexts.size();
+    QString &slot = sharedTexts[index];
+    if (slot != value) {
         slot = value.toString();
+        if (index < sharedBytes.size())
+            sharedBytes[index].clear();
+    }
     return slot;
 }
 
+QString WayfernIO::shared(QByteArrayView value)
+{
+    if (value.isEmpty())
+        return QStringLiteral("");
+    // Multi-byte characters are rare in these fields: such a text is decoded first.
+    if (value.size() > 32 || (file->isUtf8() && !RecordBytes::isAscii(value)))
+        return shared(QStringView(file->toText(value)));
+    if (sharedTexts.empty())
+        sharedTexts.resize(sharedSize);
+    // Each byte is one character here: the hash is the one of the text.
+    size_t h = 2166136261u;
+    for (char c : value)
+        h = (h ^ static_cast<unsigned char>(c)) * 16777619u;
+    // The slot keeps the bytes it was made from: comparing them is cheaper than comparing
+    // the text with the bytes.
+    const size_t slot = h % sharedTexts.size();
+    if (sharedBytes.size() != sharedTexts.size())
+        sharedBytes.assign(sharedTexts.size(), QByteArray());
+    if (sharedBytes[slot] != value) {
+        sharedTexts[slot] = QString::fromLatin1(value);
+        sharedBytes[slot] = value.toByteArray();
+    }
+    return sharedTexts[slot];
+}
+
+QString WayfernIO::textOf(QByteArrayView value) const
+{
+    return value.isEmpty() ? QStringLiteral("") : file->toText(value);
+}
+
 template <typename Record, typename Dispatch, typename After>
-int WayfernIO::readGroup(RecordStream *stream, const char *reader, const QString &prefix, int count,
+int WayfernIO::readGroup(RecordBytes *stream, const char *reader, const QString &prefix, int count,
                          RecordList<Record> &list, Dispatch dispatch, After after)
 {
+    file = stream;
     QString section = prefix;
+    // The head "[<prefix><n>]" in the file's bytes, built in place: a large journey has
+    // hundreds of thousands of sections. A prefix that the file cannot hold begins no line.
+    QByteArray head("[");
+    const bool encodable = file->encode(prefix, head);
+    const qsizetype headPrefix = head.size();
     for (int index = 0; index < count; ++index) {
-        // Built in place: a large journey has hundreds of thousands of sections.
         char number[16];
+        const char *numberEnd = std::to_chars(number, number + sizeof number, index).ptr;
         section.truncate(prefix.size());
-        section.append(
-            QLatin1StringView(number, std::to_chars(number, number + sizeof number, index).ptr));
-        if (findSection(stream, section, index == 0) != 0) {
+        section.append(QLatin1StringView(number, numberEnd));
+        head.truncate(headPrefix);
+        head.append(number, numberEnd - number).append(']');
+        const int found = encodable ? findHead(stream, head, index == 0) : -1;
+        if (found != 0) {
+            if (!encodable)
+                stream->skipToEnd();
             printLine("\nWayfernIO::%s - section not found : %s\n", reader,
                       cstr(section).constData());
             if (readProblem == ReadProblem::None) {
@@ -109,10 +148,10 @@ int WayfernIO::readGroup(RecordStream *stream, const char *reader, const QString
         }
         // The record exists before any key is read: an empty section still gives one.
         Record *record = list.append();
-        walkSection(stream, [&](QStringView key, QStringView value) {
+        walkSection(stream, [&](QByteArrayView key, QByteArrayView value) {
             if (!dispatch(record, key, value))
                 printLine("\nWayfernIO::%s(%s) : unknown header-entry : %s\n", reader,
-                          cstr(section).constData(), text(key).constData());
+                          cstr(section).constData(), file->toUtf8(key).constData());
         });
         after(record, section);
     }
@@ -120,7 +159,7 @@ int WayfernIO::readGroup(RecordStream *stream, const char *reader, const QString
 }
 
 template <typename Record, typename Dispatch>
-int WayfernIO::readGroup(RecordStream *stream, const char *reader, const QString &prefix, int count,
+int WayfernIO::readGroup(RecordBytes *stream, const char *reader, const QString &prefix, int count,
                          RecordList<Record> &list, Dispatch dispatch)
 {
     return readGroup(stream, reader, prefix, count, list, dispatch,
@@ -128,7 +167,7 @@ int WayfernIO::readGroup(RecordStream *stream, const char *reader, const QString
 }
 
 template <typename Record>
-void WayfernIO::writeAddress(QTextStream *stream, const Record *record)
+void WayfernIO::writeAddress(ChunkWriter *stream, const Record *record)
 {
     writeRecord(stream, QStringLiteral("STREET"), record->street);
     writeRecord(stream, QStringLiteral("PCODE"), record->pcode);
@@ -149,14 +188,17 @@ int WayfernIO::ReadFile(QIODevice *device, const QString &name)
 {
     readProblem = ReadProblem::None;
     readProblemDetail.clear();
-    RecordStream stream;
+    // Every line the read prints is written out in pieces and at its end.
+    PrintedTogether together;
+    RecordBytes stream;
+    file = &stream;
     if (!stream.open(device)) {
         printLine("\nWayfernIO::ReadFile - file not found (%s)\n", cstr(name).constData());
         readProblem = ReadProblem::NotOpened;
         readProblemDetail = stream.errorString();
         return -1;
     }
-    if (findSection(&stream, QStringLiteral("Header"), true) != 0) {
+    if (findHead(&stream, "[Header]", true) != 0) {
         printLine("\nWayfernIO::ReadFile - section not found : %s\n", "Header");
         printLine("\nreading aborted\n");
         readProblem = ReadProblem::NoHeader;
@@ -166,35 +208,36 @@ int WayfernIO::ReadFile(QIODevice *device, const QString &name)
     // A small file holds few texts to share: a small cache serves it and is quicker to set
     // up and tear down than the full one.
     sharedTexts.clear();
+    sharedBytes.clear();
     sharedSize = std::min<size_t>(
         sharedSlots, std::max<quint64>(64, qNextPowerOfTwo(quint64(stream.size()) / 64)));
 
-    walkSection(&stream, [&](QStringView key, QStringView value) {
-        if (keyIs(key, u"JOURNEY-NAME"))
-            document->journeyname = stringValue(value);
-        else if (keyIs(key, u"DISTANCE-TYPE"))
-            document->distancetype = stringValue(value);
-        else if (keyIs(key, u"BASE-CURRENCY"))
-            document->basecurrency = stringValue(value);
-        else if (keyIs(key, u"COSTSCOUNT"))
-            costsCount = toInt(value);
-        else if (keyIs(key, u"USERCOUNT"))
-            userCount = toInt(value);
-        else if (keyIs(key, u"TIPCOUNT"))
-            tipCount = toInt(value);
-        else if (keyIs(key, u"CURRCOUNT"))
-            currCount = toInt(value);
-        else if (keyIs(key, u"CTYPECOUNT"))
-            ctypeCount = toInt(value);
-        else if (keyIs(key, u"TTYPECOUNT"))
-            ttypeCount = toInt(value);
-        else if (keyIs(key, u"QTYPECOUNT"))
-            qtypeCount = toInt(value);
-        else if (keyIs(key, u"USERFLAG"))
-            document->userflag = toBool(stringValue(value));
+    walkSection(&stream, [&](QByteArrayView key, QByteArrayView value) {
+        if (keyIs(key, "JOURNEY-NAME"))
+            document->journeyname = textOf(value);
+        else if (keyIs(key, "DISTANCE-TYPE"))
+            document->distancetype = textOf(value);
+        else if (keyIs(key, "BASE-CURRENCY"))
+            document->basecurrency = textOf(value);
+        else if (keyIs(key, "COSTSCOUNT"))
+            costsCount = toInt(value, *file);
+        else if (keyIs(key, "USERCOUNT"))
+            userCount = toInt(value, *file);
+        else if (keyIs(key, "TIPCOUNT"))
+            tipCount = toInt(value, *file);
+        else if (keyIs(key, "CURRCOUNT"))
+            currCount = toInt(value, *file);
+        else if (keyIs(key, "CTYPECOUNT"))
+            ctypeCount = toInt(value, *file);
+        else if (keyIs(key, "TTYPECOUNT"))
+            ttypeCount = toInt(value, *file);
+        else if (keyIs(key, "QTYPECOUNT"))
+            qtypeCount = toInt(value, *file);
+        else if (keyIs(key, "USERFLAG"))
+            document->userflag = toBool(textOf(value));
         else
             printLine("\nWayfernIO::ReadFile(%s) : unknown header-entry : %s\n", "Header",
-                      text(key).constData());
+                      file->toUtf8(key).constData());
     });
 
     // A group that fails stops by itself; the next one still runs.
@@ -223,66 +266,66 @@ int WayfernIO::ReadFile(QIODevice *device, const QString &name)
     }
 
     sharedTexts.clear();
+    sharedBytes.clear();
     document->recalcFactors();
     document->recalcCosts();
     document->setCostLetters();
     return 0;
 }
 
-int WayfernIO::ReadFileCType(RecordStream *stream, int count)
+int WayfernIO::ReadFileCType(RecordBytes *stream, int count)
 {
     return readGroup(stream, "ReadFileCType", QStringLiteral("CTYPE_"), count, document->ctypes,
-                     [&](CTypeData *row, QStringView key, QStringView value) {
-                         if (!keyIs(key, u"TYPE"))
+                     [&](CTypeData *row, QByteArrayView key, QByteArrayView value) {
+                         if (!keyIs(key, "TYPE"))
                              return false;
                          row->type = shared(value);
                          return true;
                      });
 }
 
-int WayfernIO::ReadFileTType(RecordStream *stream, int count)
+int WayfernIO::ReadFileTType(RecordBytes *stream, int count)
 {
     return readGroup(stream, "ReadFileTType", QStringLiteral("TTYPE_"), count, document->ttypes,
-                     [&](TTypeData *row, QStringView key, QStringView value) {
-                         if (keyIs(key, u"TYPE"))
+                     [&](TTypeData *row, QByteArrayView key, QByteArrayView value) {
+                         if (keyIs(key, "TYPE"))
                              row->type = shared(value);
-                         else if (keyIs(key, u"CUSTOMCNT"))
-                             ReadFileCTType(stream, toInt(value), row->customs);
+                         else if (keyIs(key, "CUSTOMCNT"))
+                             ReadFileCTType(stream, toInt(value, *file), row->customs);
                          else
                              return false;
                          return true;
                      });
 }
 
-int WayfernIO::ReadFileQType(RecordStream *stream, int count)
+int WayfernIO::ReadFileQType(RecordBytes *stream, int count)
 {
     return readGroup(stream, "ReadFileQType", QStringLiteral("QTYPE_"), count, document->qtypes,
-                     [&](QTypeData *row, QStringView key, QStringView value) {
-                         if (!keyIs(key, u"TYPE"))
+                     [&](QTypeData *row, QByteArrayView key, QByteArrayView value) {
+                         if (!keyIs(key, "TYPE"))
                              return false;
                          row->type = shared(value);
                          return true;
                      });
 }
 
-int WayfernIO::ReadFileCosts(RecordStream *stream, int count)
+int WayfernIO::ReadFileCosts(RecordBytes *stream, int count)
 {
     return readGroup(stream, "ReadFileCosts", QStringLiteral("COSTS_"), count, document->costs,
-                     [&](CostsData *cost, QStringView key, QStringView value) {
-                         if (keyIs(key, u"DATE")) {
+                     [&](CostsData *cost, QByteArrayView key, QByteArrayView value) {
+                         if (keyIs(key, "DATE")) {
                              cost->date = shared(value);
-                         } else if (keyIs(key, u"TYPE")) {
+                         } else if (keyIs(key, "TYPE")) {
                              cost->type = shared(value);
-                         } else if (keyIs(key, u"FVAL")) {
-                             cost->fval = value.isEmpty() ? QStringLiteral("0.0")
-                                                          : stringValue(value);
-                         } else if (keyIs(key, u"CTYPE")) {
+                         } else if (keyIs(key, "FVAL")) {
+                             cost->fval = value.isEmpty() ? QStringLiteral("0.0") : textOf(value);
+                         } else if (keyIs(key, "CTYPE")) {
                              cost->ctype = shared(value);
-                         } else if (keyIs(key, u"COMMENT")) {
-                             cost->comment = stringValue(value);
-                         } else if (keyIs(key, u"ID")) {
-                             cost->id = toInt(value);
-                         } else if (keyIs(key, u"EXCHANGE")) {
+                         } else if (keyIs(key, "COMMENT")) {
+                             cost->comment = textOf(value);
+                         } else if (keyIs(key, "ID")) {
+                             cost->id = toInt(value, *file);
+                         } else if (keyIs(key, "EXCHANGE")) {
                              cost->exchange = shared(value);
                              // Costs come before the currencies, so in a normal read nothing is found
                              // here and the text stays as it stood.
@@ -290,8 +333,8 @@ int WayfernIO::ReadFileCosts(RecordStream *stream, int count)
                              if (curr && (cost->exchange == u"(null)" || cost->exchange.isEmpty()))
                                  cost->exchange = curr->factor;
                              cost->exchangevalue = cost->exchange.toDouble();
-                         } else if (keyIs(key, u"SHARED")) {
-                             cost->shared = toBool(stringValue(value));
+                         } else if (keyIs(key, "SHARED")) {
+                             cost->shared = toBool(textOf(value));
                          } else {
                              return false;
                          }
@@ -299,18 +342,18 @@ int WayfernIO::ReadFileCosts(RecordStream *stream, int count)
                      });
 }
 
-int WayfernIO::ReadFileCurr(RecordStream *stream, int count)
+int WayfernIO::ReadFileCurr(RecordBytes *stream, int count)
 {
     return readGroup(stream, "ReadFileCurr", QStringLiteral("CURRENCY_"), count,
-                     document->currencies, [&](CurrData *curr, QStringView key, QStringView value) {
-                         if (keyIs(key, u"SHORT-TERM"))
-                             curr->short_ = stringValue(value);
-                         else if (keyIs(key, u"FACTOR"))
-                             curr->factor = value.isEmpty() ? QStringLiteral("1.0")
-                                                            : stringValue(value);
-                         else if (keyIs(key, u"FULL-NAME"))
-                             curr->fullname = stringValue(value);
-                         else if (keyIs(key, u"TYPE"))
+                     document->currencies,
+                     [&](CurrData *curr, QByteArrayView key, QByteArrayView value) {
+                         if (keyIs(key, "SHORT-TERM"))
+                             curr->short_ = textOf(value);
+                         else if (keyIs(key, "FACTOR"))
+                             curr->factor = value.isEmpty() ? QStringLiteral("1.0") : textOf(value);
+                         else if (keyIs(key, "FULL-NAME"))
+                             curr->fullname = textOf(value);
+                         else if (keyIs(key, "TYPE"))
                              curr->type = shared(value);
                          else
                              return false;
@@ -318,105 +361,105 @@ int WayfernIO::ReadFileCurr(RecordStream *stream, int count)
                      });
 }
 
-int WayfernIO::ReadFileTips(RecordStream *stream, int count)
+int WayfernIO::ReadFileTips(RecordBytes *stream, int count)
 {
     return readGroup(stream, "ReadFileTips", QStringLiteral("TIP_"), count, document->tips,
-                     [&](TipData *tip, QStringView key, QStringView value) {
-                         if (keyIs(key, u"DATE"))
+                     [&](TipData *tip, QByteArrayView key, QByteArrayView value) {
+                         if (keyIs(key, "DATE"))
                              tip->date = shared(value);
-                         else if (keyIs(key, u"TIPTYPE"))
+                         else if (keyIs(key, "TIPTYPE"))
                              tip->tiptype = shared(value);
-                         else if (keyIs(key, u"QUALITYTYPE"))
+                         else if (keyIs(key, "QUALITYTYPE"))
                              tip->qualitytype = shared(value);
-                         else if (keyIs(key, u"NAME"))
-                             tip->name = stringValue(value);
-                         else if (keyIs(key, u"STREET"))
-                             tip->street = stringValue(value);
-                         else if (keyIs(key, u"PCODE"))
-                             tip->pcode = stringValue(value);
-                         else if (keyIs(key, u"TOWN"))
+                         else if (keyIs(key, "NAME"))
+                             tip->name = textOf(value);
+                         else if (keyIs(key, "STREET"))
+                             tip->street = textOf(value);
+                         else if (keyIs(key, "PCODE"))
+                             tip->pcode = textOf(value);
+                         else if (keyIs(key, "TOWN"))
                              tip->town = shared(value);
-                         else if (keyIs(key, u"TEL"))
-                             tip->tel = stringValue(value);
-                         else if (keyIs(key, u"FAX"))
-                             tip->fax = stringValue(value);
-                         else if (keyIs(key, u"EMAIL"))
-                             tip->email = stringValue(value);
-                         else if (keyIs(key, u"WWW"))
-                             tip->www = stringValue(value);
-                         else if (keyIs(key, u"COMMENT"))
-                             tip->comment = stringValue(value);
-                         else if (keyIs(key, u"CUSTOMCNT"))
-                             ReadFileCTip(stream, toInt(value), tip->customs);
+                         else if (keyIs(key, "TEL"))
+                             tip->tel = textOf(value);
+                         else if (keyIs(key, "FAX"))
+                             tip->fax = textOf(value);
+                         else if (keyIs(key, "EMAIL"))
+                             tip->email = textOf(value);
+                         else if (keyIs(key, "WWW"))
+                             tip->www = textOf(value);
+                         else if (keyIs(key, "COMMENT"))
+                             tip->comment = textOf(value);
+                         else if (keyIs(key, "CUSTOMCNT"))
+                             ReadFileCTip(stream, toInt(value, *file), tip->customs);
                          else
                              return false;
                          return true;
                      });
 }
 
-int WayfernIO::ReadFileUsers(RecordStream *stream, int count)
+int WayfernIO::ReadFileUsers(RecordBytes *stream, int count)
 {
     return readGroup(stream, "ReadFileUsers", QStringLiteral("USER_"), count, document->users,
-                     [&](UserData *user, QStringView key, QStringView value) {
-                         if (keyIs(key, u"DATE"))
+                     [&](UserData *user, QByteArrayView key, QByteArrayView value) {
+                         if (keyIs(key, "DATE"))
                              user->date = shared(value);
-                         else if (keyIs(key, u"SHORT"))
-                             user->short_ = stringValue(value);
-                         else if (keyIs(key, u"NAME"))
-                             user->name = stringValue(value);
-                         else if (keyIs(key, u"FIRST NAME"))
-                             user->firstname = stringValue(value);
-                         else if (keyIs(key, u"STREET"))
-                             user->street = stringValue(value);
-                         else if (keyIs(key, u"PCODE"))
-                             user->pcode = stringValue(value);
-                         else if (keyIs(key, u"TOWN"))
-                             user->town = stringValue(value);
-                         else if (keyIs(key, u"TEL"))
-                             user->tel = stringValue(value);
-                         else if (keyIs(key, u"FAX"))
-                             user->fax = stringValue(value);
-                         else if (keyIs(key, u"EMAIL"))
-                             user->email = stringValue(value);
-                         else if (keyIs(key, u"WWW"))
-                             user->www = stringValue(value);
-                         else if (keyIs(key, u"BANK"))
-                             user->bank = stringValue(value);
-                         else if (keyIs(key, u"BLZ"))
-                             user->blz = stringValue(value);
-                         else if (keyIs(key, u"ACOUNT"))
-                             user->acount = stringValue(value);
-                         else if (keyIs(key, u"VALUE"))
-                             user->value = toDouble(value);
-                         else if (keyIs(key, u"COUNT"))
-                             user->count = toInt(value);
+                         else if (keyIs(key, "SHORT"))
+                             user->short_ = textOf(value);
+                         else if (keyIs(key, "NAME"))
+                             user->name = textOf(value);
+                         else if (keyIs(key, "FIRST NAME"))
+                             user->firstname = textOf(value);
+                         else if (keyIs(key, "STREET"))
+                             user->street = textOf(value);
+                         else if (keyIs(key, "PCODE"))
+                             user->pcode = textOf(value);
+                         else if (keyIs(key, "TOWN"))
+                             user->town = textOf(value);
+                         else if (keyIs(key, "TEL"))
+                             user->tel = textOf(value);
+                         else if (keyIs(key, "FAX"))
+                             user->fax = textOf(value);
+                         else if (keyIs(key, "EMAIL"))
+                             user->email = textOf(value);
+                         else if (keyIs(key, "WWW"))
+                             user->www = textOf(value);
+                         else if (keyIs(key, "BANK"))
+                             user->bank = textOf(value);
+                         else if (keyIs(key, "BLZ"))
+                             user->blz = textOf(value);
+                         else if (keyIs(key, "ACOUNT"))
+                             user->acount = textOf(value);
+                         else if (keyIs(key, "VALUE"))
+                             user->value = toDouble(value, *file);
+                         else if (keyIs(key, "COUNT"))
+                             user->count = toInt(value, *file);
                          else
                              return false;
                          return true;
                      });
 }
 
-int WayfernIO::ReadFileUserAccount(RecordStream *stream, UserData *user, int count)
+int WayfernIO::ReadFileUserAccount(RecordBytes *stream, UserData *user, int count)
 {
     const QString prefix = user->short_ + u'_';
     // The trace of every account line is built in one buffer that keeps its memory: a large
     // journey has hundreds of thousands of them. The head up to the section's number is the
     // same for all of them.
     const QByteArray head = "\nWayfernIO::ReadFileUserAccount - hstr : " + cstr(prefix);
-    QByteArray trace;
+    std::string trace;
     return readGroup(
         stream, "ReadFileUserAccount", prefix, count, user->kto,
-        [&](KtoData *line, QStringView key, QStringView value) {
-            if (keyIs(key, u"DATE"))
+        [&](KtoData *line, QByteArrayView key, QByteArrayView value) {
+            if (keyIs(key, "DATE"))
                 line->date = shared(value);
-            else if (keyIs(key, u"TYPE"))
+            else if (keyIs(key, "TYPE"))
                 line->type = shared(value);
-            else if (keyIs(key, u"MAGIC"))
-                line->magic = toInt(value);
-            else if (keyIs(key, u"PERCENTAGE"))
-                line->percentage = toDouble(value);
-            else if (keyIs(key, u"CHANGE"))
-                line->change = toDouble(value);
+            else if (keyIs(key, "MAGIC"))
+                line->magic = toInt(value, *file);
+            else if (keyIs(key, "PERCENTAGE"))
+                line->percentage = toDouble(value, *file);
+            else if (keyIs(key, "CHANGE"))
+                line->change = toDouble(value, *file);
             else
                 return false;
             return true;
@@ -424,56 +467,57 @@ int WayfernIO::ReadFileUserAccount(RecordStream *stream, UserData *user, int cou
         [&](KtoData *line, const QString &section) {
             // The same text as "%s", "%d" and "%.4f", without printf. The section is the
             // prefix and its number in ASCII digits.
-            trace.resize(0);
-            trace += head;
+            trace.assign(head.constData(), size_t(head.size()));
             for (qsizetype i = prefix.size(); i < section.size(); ++i)
                 trace += char(section.at(i).unicode());
             trace += "\n                                 ID   : ";
             char number[16];
-            trace.append(number,
-                         std::to_chars(number, number + sizeof number, line->magic).ptr - number);
+            trace.append(
+                number,
+                size_t(std::to_chars(number, number + sizeof number, line->magic).ptr - number));
             trace += "\n                                 val  : ";
             appendFixed4(trace, line->change);
             trace += "\n                                 perc : ";
             appendFixed4(trace, line->percentage);
-            fwrite(trace.constData(), 1, size_t(trace.size()), stdout);
-            fflush(stdout);
+            PrintedTogether::append(trace.data(), qsizetype(trace.size()));
         });
 }
 
-int WayfernIO::ReadFileCTType(RecordStream *stream, int count, RecordList<CustomData> &customs)
+int WayfernIO::ReadFileCTType(RecordBytes *stream, int count, RecordList<CustomData> &customs)
 {
+    file = stream;
     for (int index = 0; index < count; ++index) {
         CustomData *custom = customs.append();
-        const QStringView line = stream->readLine();
+        const QByteArrayView line = stream->readLine();
         if (stream->atEnd() || line.isEmpty())
             break;
-        RecordView parts;
+        ByteRecordView parts;
         splitRecord(line, parts);
         const QString expected = QStringLiteral("CUSTOM_") + QString::number(index);
-        if (parts.key == expected)
-            custom->text = stringValue(parts.value);
+        if (parts.key == QByteArrayView(expected.toLatin1()))
+            custom->text = textOf(parts.value);
         else
             printLine("\nWayfernIO::ReadFileCTType(%s) : unknown header-entry : %s\n",
-                      cstr(expected).constData(), text(parts.key).constData());
+                      cstr(expected).constData(), file->toUtf8(parts.key).constData());
     }
     return 0;
 }
 
-int WayfernIO::ReadFileCTip(RecordStream *stream, int count, RecordList<CustomData> &customs)
+int WayfernIO::ReadFileCTip(RecordBytes *stream, int count, RecordList<CustomData> &customs)
 {
+    file = stream;
     // Reads one line of a pair; false when the custom block is over.
     const auto readPart = [&](const QString &expected, QString &field) {
-        const QStringView line = stream->readLine();
+        const QByteArrayView line = stream->readLine();
         if (stream->atEnd() || line.isEmpty())
             return false;
-        RecordView parts;
+        ByteRecordView parts;
         splitRecord(line, parts);
-        if (parts.key == expected)
-            field = stringValue(parts.value);
+        if (parts.key == QByteArrayView(expected.toLatin1()))
+            field = textOf(parts.value);
         else
             printLine("\nWayfernIO::ReadFileCTip(%s) : unknown header-entry : %s\n",
-                      cstr(expected).constData(), text(parts.key).constData());
+                      cstr(expected).constData(), file->toUtf8(parts.key).constData());
         return true;
     };
     for (int index = 0; index < count; ++index) {
@@ -495,9 +539,9 @@ int WayfernIO::WriteFile(const QString &path)
 
 int WayfernIO::WriteFile(QIODevice *device, const QString &name)
 {
-    return RecordSink::writeDevice(
+    return RecordSink::streamDevice(
         device, name, "WayfernIO",
-        [&](QTextStream *stream) {
+        [&](ChunkWriter *stream) {
             writeFileHead(stream, "data", "Data-File");
             *stream << "[Header]\n";
             writeRecord(stream, QStringLiteral("JOURNEY-NAME"), document->journeyname);
@@ -525,14 +569,14 @@ int WayfernIO::WriteFile(QIODevice *device, const QString &name)
         &writeProblem);
 }
 
-void WayfernIO::WriteFileCType(QTextStream *stream)
+void WayfernIO::WriteFileCType(ChunkWriter *stream)
 {
     writeGroup(stream, QStringLiteral("CTYPE_"), document->ctypes, [&](const CTypeData *row) {
         writeRecord(stream, QStringLiteral("TYPE"), row->type);
     });
 }
 
-void WayfernIO::WriteFileTType(QTextStream *stream)
+void WayfernIO::WriteFileTType(ChunkWriter *stream)
 {
     writeGroup(stream, QStringLiteral("TTYPE_"), document->ttypes, [&](const TTypeData *row) {
         writeRecord(stream, QStringLiteral("TYPE"), row->type);
@@ -540,14 +584,14 @@ void WayfernIO::WriteFileTType(QTextStream *stream)
     });
 }
 
-void WayfernIO::WriteFileQType(QTextStream *stream)
+void WayfernIO::WriteFileQType(ChunkWriter *stream)
 {
     writeGroup(stream, QStringLiteral("QTYPE_"), document->qtypes, [&](const QTypeData *row) {
         writeRecord(stream, QStringLiteral("TYPE"), row->type);
     });
 }
 
-void WayfernIO::WriteFileCosts(QTextStream *stream)
+void WayfernIO::WriteFileCosts(ChunkWriter *stream)
 {
     writeGroup(stream, QStringLiteral("COSTS_"), document->costs, [&](const CostsData *cost) {
         writeRecord(stream, QStringLiteral("DATE"), cost->date);
@@ -561,7 +605,7 @@ void WayfernIO::WriteFileCosts(QTextStream *stream)
     });
 }
 
-void WayfernIO::WriteFileTips(QTextStream *stream)
+void WayfernIO::WriteFileTips(ChunkWriter *stream)
 {
     writeGroup(stream, QStringLiteral("TIP_"), document->tips, [&](const TipData *tip) {
         writeRecord(stream, QStringLiteral("DATE"), tip->date);
@@ -574,7 +618,7 @@ void WayfernIO::WriteFileTips(QTextStream *stream)
     });
 }
 
-void WayfernIO::WriteFileUsers(QTextStream *stream)
+void WayfernIO::WriteFileUsers(ChunkWriter *stream)
 {
     writeGroup(stream, QStringLiteral("USER_"), document->users, [&](UserData *user) {
         writeRecord(stream, QStringLiteral("DATE"), user->date);
@@ -592,7 +636,7 @@ void WayfernIO::WriteFileUsers(QTextStream *stream)
     });
 }
 
-void WayfernIO::WriteFileUserAccount(QTextStream *stream, UserData *user)
+void WayfernIO::WriteFileUserAccount(ChunkWriter *stream, UserData *user)
 {
     // Behind the traveller's keys, without a group separator.
     *stream << "\n";
@@ -605,7 +649,7 @@ void WayfernIO::WriteFileUserAccount(QTextStream *stream, UserData *user)
     });
 }
 
-void WayfernIO::WriteFileCurr(QTextStream *stream)
+void WayfernIO::WriteFileCurr(ChunkWriter *stream)
 {
     writeGroup(stream, QStringLiteral("CURRENCY_"), document->currencies,
                [&](const CurrData *curr) {
@@ -616,7 +660,7 @@ void WayfernIO::WriteFileCurr(QTextStream *stream)
                });
 }
 
-void WayfernIO::WriteFileCTType(QTextStream *stream, const RecordList<CustomData> &customs)
+void WayfernIO::WriteFileCTType(ChunkWriter *stream, const RecordList<CustomData> &customs)
 {
     *stream << "CUSTOMCNT=" << customs.count() << ";\n";
     int index = 0;
@@ -624,7 +668,7 @@ void WayfernIO::WriteFileCTType(QTextStream *stream, const RecordList<CustomData
         *stream << "CUSTOM_" << index++ << '=' << custom->text << ";\n";
 }
 
-void WayfernIO::WriteFileCTip(QTextStream *stream, const RecordList<CustomData> &customs)
+void WayfernIO::WriteFileCTip(ChunkWriter *stream, const RecordList<CustomData> &customs)
 {
     *stream << "CUSTOMCNT=" << customs.count() << ";\n";
     int index = 0;

@@ -26,28 +26,28 @@ public:
 
     // One reader per group, each with the number of sections to read: 0, or -1 when a
     // section is missing.
-    int ReadFileCType(RecordStream *stream, int count);
-    int ReadFileTType(RecordStream *stream, int count);
-    int ReadFileQType(RecordStream *stream, int count);
-    int ReadFileCosts(RecordStream *stream, int count);
-    int ReadFileCurr(RecordStream *stream, int count);
-    int ReadFileTips(RecordStream *stream, int count);
-    int ReadFileUsers(RecordStream *stream, int count);
-    int ReadFileUserAccount(RecordStream *stream, UserData *user, int count);
+    int ReadFileCType(RecordBytes *stream, int count);
+    int ReadFileTType(RecordBytes *stream, int count);
+    int ReadFileQType(RecordBytes *stream, int count);
+    int ReadFileCosts(RecordBytes *stream, int count);
+    int ReadFileCurr(RecordBytes *stream, int count);
+    int ReadFileTips(RecordBytes *stream, int count);
+    int ReadFileUsers(RecordBytes *stream, int count);
+    int ReadFileUserAccount(RecordBytes *stream, UserData *user, int count);
     // The custom fields behind "CUSTOMCNT", read on the stream of the tip type or tip.
-    int ReadFileCTType(RecordStream *stream, int count, RecordList<CustomData> &customs);
-    int ReadFileCTip(RecordStream *stream, int count, RecordList<CustomData> &customs);
+    int ReadFileCTType(RecordBytes *stream, int count, RecordList<CustomData> &customs);
+    int ReadFileCTip(RecordBytes *stream, int count, RecordList<CustomData> &customs);
 
-    void WriteFileCType(QTextStream *stream);
-    void WriteFileTType(QTextStream *stream);
-    void WriteFileQType(QTextStream *stream);
-    void WriteFileCosts(QTextStream *stream);
-    void WriteFileTips(QTextStream *stream);
-    void WriteFileUsers(QTextStream *stream);
-    void WriteFileUserAccount(QTextStream *stream, UserData *user);
-    void WriteFileCurr(QTextStream *stream);
-    void WriteFileCTType(QTextStream *stream, const RecordList<CustomData> &customs);
-    void WriteFileCTip(QTextStream *stream, const RecordList<CustomData> &customs);
+    void WriteFileCType(ChunkWriter *stream);
+    void WriteFileTType(ChunkWriter *stream);
+    void WriteFileQType(ChunkWriter *stream);
+    void WriteFileCosts(ChunkWriter *stream);
+    void WriteFileTips(ChunkWriter *stream);
+    void WriteFileUsers(ChunkWriter *stream);
+    void WriteFileUserAccount(ChunkWriter *stream, UserData *user);
+    void WriteFileCurr(ChunkWriter *stream);
+    void WriteFileCTType(ChunkWriter *stream, const RecordList<CustomData> &customs);
+    void WriteFileCTip(ChunkWriter *stream, const RecordList<CustomData> &customs);
 
     WayFernData *document;
 
@@ -68,19 +68,26 @@ public:
 
 private:
     template <typename Record, typename Dispatch, typename After>
-    int readGroup(RecordStream *stream, const char *reader, const QString &prefix, int count,
+    int readGroup(RecordBytes *stream, const char *reader, const QString &prefix, int count,
                   RecordList<Record> &list, Dispatch dispatch, After after);
     template <typename Record, typename Dispatch>
-    int readGroup(RecordStream *stream, const char *reader, const QString &prefix, int count,
+    int readGroup(RecordBytes *stream, const char *reader, const QString &prefix, int count,
                   RecordList<Record> &list, Dispatch dispatch);
     // The address keys that tips and travellers share, in the order of both.
     template <typename Record>
-    void writeAddress(QTextStream *stream, const Record *record);
+    void writeAddress(ChunkWriter *stream, const Record *record);
 
     // Dates, types and currency names repeat throughout a journey: their texts are shared
     // through a small cache in which a new text takes the slot of an old one.
     QString shared(QStringView value);
+    QString shared(QByteArrayView value);
+    // A value of the file being read as the text a reader stores: never null.
+    QString textOf(QByteArrayView value) const;
+    // The file being read.
+    const RecordBytes *file = nullptr;
     std::vector<QString> sharedTexts;
+    std::vector<QByteArray> sharedBytes; // of the slots filled from a file's bytes
+
     size_t sharedSize = sharedSlots; // the number of slots when the cache is set up
 
     // The section counts of the header. They survive from one read to the next: a header

@@ -1,0 +1,245 @@
+#include "storage/recordbytes.h"
+
+#include <QIODevice>
+#include <QStringDecoder>
+
+#include <algorithm>
+#include <cstring>
+
+namespace {
+constexpr char byteOrderMark[] = "\xEF\xBB\xBF";
+} // namespace
+
+bool RecordBytes::open(QIODevice *device)
+{
+    if (!device->isOpen() && !device->open(QIODevice::ReadOnly)) {
+        openError = device->errorString();
+        return false;
+    }
+    if (!device->isReadable()) {
+        openError = device->errorString();
+        return false;
+    }
+    openError.clear();
+    setBytes(device->readAll());
+    return true;
+}
+
+void RecordBytes::setBytes(const QByteArray &content)
+{
+    bytes = content;
+    utf8 = validUtf8(bytes);
+    begin = utf8 && bytes.startsWith(byteOrderMark) ? 3 : 0;
+    pos = begin;
+    opened = true;
+    headsFound = false;
+    heads.clear();
+    headsWalked = 0;
+    hashed = false;
+    headIds.clear();
+    sameHeads.clear();
+    groupBegin.clear();
+}
+
+bool RecordBytes::isAscii(QByteArrayView value)
+{
+    return QtPrivate::isAscii(QLatin1StringView(value.data(), value.size()));
+}
+
+bool RecordBytes::validUtf8(QByteArrayView content)
+{
+    // Only bytes from the line of the first non-ASCII byte on need the decoder. It checks them
+    // in pieces that end behind a LF: a sequence never spans an ASCII byte, so the pieces are
+    // valid exactly when the whole is.
+    const qsizetype piece = 1 << 20;
+    qsizetype block = 0;
+    while (block < content.size()
+           && isAscii(content.sliced(block, std::min(piece, content.size() - block))))
+        block += piece;
+    if (block >= content.size())
+        return false;
+    qsizetype start = content.first(block).lastIndexOf('\n') + 1;
+    while (start < content.size()) {
+        qsizetype end = content.size();
+        if (end - start > piece) {
+            const qsizetype lf = content.indexOf('\n', start + piece);
+            if (lf >= 0)
+                end = lf + 1;
+        }
+        QStringDecoder decoder(QStringConverter::Utf8, QStringConverter::Flag::Stateless);
+        const QString decoded = decoder.decode(content.sliced(start, end - start));
+        if (decoder.hasError())
+            return false;
+        start = end;
+    }
+    return true;
+}
+
+QString RecordBytes::toText(QByteArrayView value) const
+{
+    if (!utf8 || isAscii(value))
+        return QString::fromLatin1(value);
+    // The decoder drops a byte order mark at the beginning of what it is given; inside a file
+    // it is a character like any other.
+    if (value.startsWith(byteOrderMark))
+        return QChar(0xFEFF) + toText(value.sliced(3));
+    return QString::fromUtf8(value);
+}
+
+QByteArray RecordBytes::toUtf8(QByteArrayView value) const
+{
+    return utf8 ? value.toByteArray() : QString::fromLatin1(value).toUtf8();
+}
+
+bool RecordBytes::encode(QStringView text, QByteArray &out) const
+{
+    if (utf8) {
+        // The file holds no lone surrogate, so a text with one begins no line.
+        if (!text.isValidUtf16())
+            return false;
+        out += text.toUtf8();
+        return true;
+    }
+    for (QChar c : text) {
+        if (c.unicode() > 0xff)
+            return false;
+        out += char(c.unicode());
+    }
+    return true;
+}
+
+QByteArrayView RecordBytes::readLine()
+{
+    const qsizetype size = bytes.size();
+    if (pos >= size)
+        return {};
+    const char *data = bytes.constData();
+    const void *lf = std::memchr(data + pos, '\n', size_t(size - pos));
+    qsizetype end = lf ? static_cast<const char *>(lf) - data : size;
+    const qsizetype next = lf ? end + 1 : size;
+    // A CR in front of the LF, or at the very end of the text, is no part of the line.
+    if (end > pos && data[end - 1] == '\r')
+        --end;
+    const QByteArrayView line(data + pos, end - pos);
+    pos = next;
+    return line;
+}
+
+void RecordBytes::skipTo(QByteArrayView pattern)
+{
+    // Sections are mostly read in the order they stand: try the next few lines first.
+    const qsizetype start = pos;
+    for (int i = 0; i < 4 && !atEnd(); ++i) {
+        if (readLine().startsWith(pattern))
+            return;
+    }
+    pos = start;
+    if (!pattern.startsWith('[')) {
+        while (!atEnd()) {
+            if (readLine().startsWith(pattern))
+                return;
+        }
+        return;
+    }
+
+    if (!headsFound)
+        findHeads();
+    // The key of the hash is the text up to the first "]". A pattern with a further "]"
+    // inside (a traveller's short name may hold one) shares its key with other heads: those
+    // of its key are compared with it one by one.
+    const qsizetype close = pattern.indexOf(']');
+    if (close >= 0 && !hashed && headsWalked > 4 * qsizetype(heads.size()) + 4096)
+        buildHash();
+    const QByteArrayView all(bytes);
+    // A head matches as its line would for readLine: the CR that ends a line is no part of
+    // it, so a pattern ending in CR does not match there.
+    const bool endsInCr = pattern.endsWith('\r');
+    const auto lineBegins = [&](qsizetype h) {
+        if (!all.sliced(h).startsWith(pattern))
+            return false;
+        const qsizetype after = h + pattern.size();
+        return !endsInCr || (after < all.size() && all.at(after) != '\n');
+    };
+    qsizetype hit = -1;
+    if (close >= 0 && hashed) {
+        const auto id = headIds.constFind(pattern.first(close + 1));
+        if (id != headIds.constEnd()) {
+            const auto last = sameHeads.begin() + groupBegin[size_t(*id) + 1];
+            auto h = std::lower_bound(sameHeads.begin() + groupBegin[size_t(*id)], last, pos);
+            const bool wholeKey = close == pattern.size() - 1;
+            for (; h != last; ++h) {
+                ++headsWalked;
+                if (wholeKey || lineBegins(*h)) {
+                    hit = *h;
+                    break;
+                }
+            }
+        }
+    } else {
+        for (auto h = std::lower_bound(heads.begin(), heads.end(), pos); h != heads.end(); ++h) {
+            ++headsWalked;
+            if (lineBegins(*h)) {
+                hit = *h;
+                break;
+            }
+        }
+    }
+    if (hit < 0) {
+        pos = bytes.size();
+        return;
+    }
+    pos = hit;
+    readLine();
+}
+
+void RecordBytes::findHeads()
+{
+    headsFound = true;
+    const qsizetype size = bytes.size();
+    const char *data = bytes.constData();
+    qsizetype start = begin;
+    while (start < size) {
+        if (data[start] == '[')
+            heads.push_back(start);
+        const void *lf = std::memchr(data + start, '\n', size_t(size - start));
+        if (!lf)
+            break;
+        start = static_cast<const char *>(lf) - data + 1;
+    }
+}
+
+void RecordBytes::buildHash()
+{
+    hashed = true;
+    std::vector<int> idOf;
+    idOf.reserve(heads.size());
+    headIds.reserve(qsizetype(heads.size()));
+    const QByteArrayView all(bytes);
+    for (const qsizetype start : heads) {
+        qsizetype end = all.indexOf('\n', start);
+        if (end < 0)
+            end = all.size();
+        const qsizetype close = all.sliced(start, end - start).indexOf(']');
+        if (close < 0) {
+            idOf.push_back(-1);
+            continue;
+        }
+        const QByteArrayView key = all.sliced(start, close + 1);
+        auto it = headIds.constFind(key);
+        if (it == headIds.constEnd())
+            it = headIds.insert(key, int(headIds.size()));
+        idOf.push_back(*it);
+    }
+    // Group the line starts by key, keeping each group in file order.
+    groupBegin.assign(size_t(headIds.size()) + 1, 0);
+    for (const int id : idOf)
+        if (id >= 0)
+            ++groupBegin[size_t(id) + 1];
+    for (size_t i = 1; i < groupBegin.size(); ++i)
+        groupBegin[i] += groupBegin[i - 1];
+    std::vector<int> fill(groupBegin.begin(), groupBegin.end() - 1);
+    sameHeads.resize(size_t(groupBegin.back()));
+    for (size_t i = 0; i < heads.size(); ++i)
+        if (idOf[i] >= 0)
+            sameHeads[size_t(fill[size_t(idOf[i])]++)] = heads[i];
+}

@@ -1,0 +1,87 @@
+#pragma once
+
+#include <QByteArray>
+#include <QByteArrayView>
+#include <QHash>
+#include <QString>
+#include <QStringView>
+
+#include <vector>
+
+class QIODevice;
+
+// A journey file's bytes, read whole and handed out line by line as byte views: the same lines,
+// heads and searches as RecordStream gives on the decoded text, without decoding the file.
+// Only the values that a reader keeps become texts (see toText()).
+//
+// The encoding is told apart as RecordStream::decode() does: valid UTF-8 holding multi-byte
+// sequences is UTF-8, anything else Latin-1. Either way every byte below 0x80 stands for its
+// ASCII character and no byte of a multi-byte sequence is below 0x80, so lines, "=", ";" and
+// "[" split the bytes where they split the text. A UTF-8 file's leading byte order mark is no
+// part of its first line, as for the decoder.
+class RecordBytes
+{
+public:
+    // Reads the device from where it stands to its end, opening it for reading first when
+    // it is closed; false when it cannot be read, and errorString() says why.
+    bool open(QIODevice *device);
+    QString errorString() const { return openError; }
+    // Uses bytes in memory as the file's content.
+    void setBytes(const QByteArray &content);
+    bool isOpen() const { return opened; }
+    bool isUtf8() const { return utf8; }
+
+    bool atEnd() const { return pos >= bytes.size(); }
+    // The number of bytes from the beginning of the text to its end.
+    qsizetype size() const { return bytes.size() - begin; }
+    // The next line, without the LF and a CR in front of it; an empty view at the end.
+    QByteArrayView readLine();
+    void rewind() { pos = begin; }
+    void skipToEnd() { pos = bytes.size(); }
+
+    // Reads lines until one begins with `pattern` (in the file's encoding, see encode()) or
+    // the stream ends, and stays behind it.
+    void skipTo(QByteArrayView pattern);
+
+    // Appends `text` in the file's encoding to `out`; false when the file cannot hold it,
+    // so that no line of it can begin with the text.
+    bool encode(QStringView text, QByteArray &out) const;
+    // The text that `value` stands for in the file.
+    QString toText(QByteArrayView value) const;
+    // The same for a printed line: UTF-8.
+    QByteArray toUtf8(QByteArrayView value) const;
+    // True when `value` reads as the same text in either encoding.
+    static bool isAscii(QByteArrayView value);
+
+    // How many lines of the text begin a section.
+    qsizetype headCount()
+    {
+        if (!headsFound)
+            findHeads();
+        return qsizetype(heads.size());
+    }
+    // How many section heads the searches have looked at so far: what they cost.
+    qsizetype headsVisited() const { return headsWalked; }
+
+private:
+    void findHeads();
+    void buildHash();
+    static bool validUtf8(QByteArrayView content);
+
+    QByteArray bytes;
+    qsizetype begin = 0; // behind a byte order mark
+    qsizetype pos = 0;
+    bool utf8 = false;
+    bool opened = false;
+    QString openError;
+
+    // Line starts of all lines that begin with "[", ascending.
+    bool headsFound = false;
+    std::vector<qsizetype> heads;
+    qsizetype headsWalked = 0;
+    // Heads by their text up to the first "]", each key's line starts ascending.
+    bool hashed = false;
+    QHash<QByteArrayView, int> headIds;
+    std::vector<qsizetype> sameHeads; // grouped by key
+    std::vector<int> groupBegin;      // per key id: first entry in sameHeads, plus one end
+};
