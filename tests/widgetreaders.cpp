@@ -38,8 +38,8 @@ QStringList indexTexts(const QAbstractItemModel *model, int row, const QModelInd
     return texts;
 }
 
-void addRows(const QAbstractItemModel *model, const QModelIndex &parent, int depth,
-             QChar separator, QStringList &rows)
+void addRows(const QAbstractItemModel *model, const QModelIndex &parent, int depth, QChar separator,
+             QStringList &rows)
 {
     for (int r = 0; r < model->rowCount(parent); ++r) {
         rows << QString(2 * depth, u' ') + indexTexts(model, r, parent).join(separator);

@@ -5,9 +5,9 @@
 
 #include <QEvent>
 #include <QHeaderView>
+#include <QItemSelectionModel>
 #include <QKeyEvent>
 #include <QToolButton>
-#include <QItemSelectionModel>
 #include <QTreeView>
 
 // The selected row of a single-selection list, or an invalid index when none is.

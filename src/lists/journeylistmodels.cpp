@@ -13,8 +13,8 @@ namespace {
 
 // The column heads keep the translations of the forms they stood in.
 const char *const costHeads[] = {
-    QT_TRANSLATE_NOOP("MainDlg1", "date"),    QT_TRANSLATE_NOOP("MainDlg1", "tp"),
-    QT_TRANSLATE_NOOP("MainDlg1", "base"),    QT_TRANSLATE_NOOP("MainDlg1", "foreign"),
+    QT_TRANSLATE_NOOP("MainDlg1", "date"),  QT_TRANSLATE_NOOP("MainDlg1", "tp"),
+    QT_TRANSLATE_NOOP("MainDlg1", "base"),  QT_TRANSLATE_NOOP("MainDlg1", "foreign"),
     QT_TRANSLATE_NOOP("MainDlg1", "fcurr"),
 };
 const char *const tipHeads[] = {
@@ -67,8 +67,7 @@ void CostListModel::reload()
 
 CostsData *CostListModel::costAt(int row) const
 {
-    return doc && row >= 0 && row < rows && row < doc->costs.count() ? doc->costs.at(row)
-                                                                      : nullptr;
+    return doc && row >= 0 && row < rows && row < doc->costs.count() ? doc->costs.at(row) : nullptr;
 }
 
 int CostListModel::rowOf(const CostsData *cost) const
@@ -242,8 +241,7 @@ QVariant AccountListModel::data(const QModelIndex &index, int role) const
     return {};
 }
 
-QVariant AccountListModel::headerData(int section, Qt::Orientation orientation,
-                                      int role) const
+QVariant AccountListModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
     if (orientation == Qt::Horizontal && role == Qt::DisplayRole && section >= 0
         && section < accountColumns)

@@ -24,9 +24,9 @@
 #include <QDate>
 #include <QHeaderView>
 #include <QIcon>
+#include <QItemSelectionModel>
 #include <QMessageBox>
 #include <QPixmap>
-#include <QItemSelectionModel>
 #include <QTreeView>
 #include <QTreeWidget>
 
@@ -357,8 +357,8 @@ void WayfernView::fillOverview()
     auto *category = new QTreeWidgetItem(OverListView, QStringList{labelCategory});
     const QList<double> sums = JourneyCalc::categorySums(*doc);
     for (int i = 0; i < doc->ctypes.count(); ++i)
-        new QTreeWidgetItem(category, QStringList{doc->ctypes.at(i)->type,
-                                                  QString::asprintf("%.2f", sums.at(i))});
+        new QTreeWidgetItem(
+            category, QStringList{doc->ctypes.at(i)->type, QString::asprintf("%.2f", sums.at(i))});
     category->setExpanded(false);
 
     if (doc->userflag) {
