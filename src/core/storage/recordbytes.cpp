@@ -1,5 +1,7 @@
 #include "storage/recordbytes.h"
 
+#include "storage/headwalk.h"
+
 #include <QIODevice>
 #include <QStringDecoder>
 
@@ -164,25 +166,14 @@ void RecordBytes::skipTo(QByteArrayView pattern)
     if (close >= 0 && hashed) {
         const auto id = headIds.constFind(pattern.first(close + 1));
         if (id != headIds.constEnd()) {
-            const auto last = sameHeads.begin() + groupBegin[size_t(*id) + 1];
-            auto h = std::lower_bound(sameHeads.begin() + groupBegin[size_t(*id)], last, pos);
+            // A pattern that is the whole head text matches every line of its group.
             const bool wholeKey = close == pattern.size() - 1;
-            for (; h != last; ++h) {
-                ++headsWalked;
-                if (wholeKey || lineBegins(*h)) {
-                    hit = *h;
-                    break;
-                }
-            }
+            hit = firstHeadFrom(sameHeads.begin() + groupBegin[size_t(*id)],
+                                sameHeads.begin() + groupBegin[size_t(*id) + 1], pos, wholeKey,
+                                lineBegins, headsWalked);
         }
     } else {
-        for (auto h = std::lower_bound(heads.begin(), heads.end(), pos); h != heads.end(); ++h) {
-            ++headsWalked;
-            if (lineBegins(*h)) {
-                hit = *h;
-                break;
-            }
-        }
+        hit = firstHeadFrom(heads.begin(), heads.end(), pos, false, lineBegins, headsWalked);
     }
     if (hit < 0) {
         pos = bytes.size();

@@ -1,5 +1,7 @@
 #include "storage/recordstream.h"
 
+#include "storage/headwalk.h"
+
 #include <QFile>
 #include <QStringDecoder>
 
@@ -113,25 +115,14 @@ void RecordStream::skipTo(const QString &pattern)
     if (close >= 0 && hashed) {
         const auto id = headIds.constFind(HeadKey{QStringView(pattern).left(close + 1)});
         if (id != headIds.constEnd()) {
-            const auto last = sameHeads.begin() + groupBegin[size_t(*id) + 1];
-            auto h = std::lower_bound(sameHeads.begin() + groupBegin[size_t(*id)], last, pos);
+            // A pattern that is the whole head text matches every line of its group.
             const bool wholeKey = close == pattern.size() - 1;
-            for (; h != last; ++h) {
-                ++headsWalked;
-                if (wholeKey || lineBegins(*h)) {
-                    hit = *h;
-                    break;
-                }
-            }
+            hit = firstHeadFrom(sameHeads.begin() + groupBegin[size_t(*id)],
+                                sameHeads.begin() + groupBegin[size_t(*id) + 1], pos, wholeKey,
+                                lineBegins, headsWalked);
         }
     } else {
-        for (auto h = std::lower_bound(heads.begin(), heads.end(), pos); h != heads.end(); ++h) {
-            ++headsWalked;
-            if (lineBegins(*h)) {
-                hit = *h;
-                break;
-            }
-        }
+        hit = firstHeadFrom(heads.begin(), heads.end(), pos, false, lineBegins, headsWalked);
     }
     if (hit < 0) {
         pos = text.size();
