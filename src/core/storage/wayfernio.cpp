@@ -251,7 +251,7 @@ int WayfernIO::ReadFile(QIODevice *device, const QString &name)
     // Each account line has a section of its own, but travellers that share a short name
     // read the same sections again: a bound far above any real journey keeps such a file
     // from costing more than a small multiple of its size.
-    qsizetype accountLines = 2 * stream.headCount() + 10000;
+    qsizetype accountLines = 2 * stream.headCount() + 64;
     for (qsizetype index = 0; index < document->users.count(); ++index) {
         UserData *user = document->users.at(index);
         const bool bounded = user->count > accountLines;
