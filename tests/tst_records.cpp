@@ -364,6 +364,9 @@ private slots:
     void swapTipsExchangesEveryFieldButItem();
     void dateSortOfCostsMovesEveryFieldButSharedAndItem();
     void dateSortOfTipsMovesEveryFieldButItem();
+    void dateSortFollowsADateChangedInPlace();
+    void dateSortGivesAnEmptyDateThePartsReadBeforeOnEverySort();
+    void recomputationFollowsAnAmountChangedInPlaceOrReplaced();
 };
 
 void TestRecords::costDefaults()
@@ -753,6 +756,104 @@ void TestRecords::dateSortOfTipsMovesEveryFieldButItem()
         DateParts last;
         JourneyCalc::sortTips(doc, last);
     });
+}
+
+namespace {
+QStringList costDates(const WayFernData &doc)
+{
+    QStringList dates;
+    for (const CostsData *cost : doc.costs)
+        dates << cost->date + u'/' + cost->comment;
+    return dates;
+}
+} // namespace
+
+// The sort keeps what it read of each date beside the cost; a date edited in place, or
+// replaced, must be read again.
+void TestRecords::dateSortFollowsADateChangedInPlace()
+{
+    WayFernData doc;
+    for (const char *date : {"01.05.2026", "02.05.2026", "03.05.2026"}) {
+        CostsData *cost = doc.costs.append();
+        cost->date = QString::fromLatin1(date);
+        cost->comment = QString::fromLatin1(date).left(2);
+    }
+    DateParts last;
+    JourneyCalc::sortCosts(doc, last);
+    QCOMPARE(costDates(doc),
+             QStringList({QStringLiteral("01.05.2026/01"), QStringLiteral("02.05.2026/02"),
+                          QStringLiteral("03.05.2026/03")}));
+    doc.costs.at(0)->date[1] = u'9'; // 09.05.2026
+    JourneyCalc::sortCosts(doc, last);
+    QCOMPARE(costDates(doc),
+             QStringList({QStringLiteral("02.05.2026/02"), QStringLiteral("03.05.2026/03"),
+                          QStringLiteral("09.05.2026/01")}));
+    doc.costs.at(2)->date = QStringLiteral("01.01.2026");
+    JourneyCalc::sortCosts(doc, last);
+    QCOMPARE(costDates(doc).first(), QStringLiteral("01.01.2026/01"));
+    // The keys are read before the records move: the last one read stood last.
+    QCOMPARE(last.day, 1);
+    QCOMPARE(last.month, 1);
+}
+
+// An empty date orders as the date read before it; a second sort, which reads no written
+// date again, must order and leave `last` exactly as the first.
+void TestRecords::dateSortGivesAnEmptyDateThePartsReadBeforeOnEverySort()
+{
+    WayFernData doc;
+    const QStringList dates = {QStringLiteral("05.05.2026"), QString(),
+                               QStringLiteral("04.05.2026"), QString(),
+                               QStringLiteral("06.05.2026")};
+    for (qsizetype i = 0; i < dates.size(); ++i) {
+        CostsData *cost = doc.costs.append();
+        cost->date = dates.at(i);
+        cost->comment = QString::number(i);
+    }
+    QStringList orders;
+    for (int round = 0; round < 3; ++round) {
+        // Back to the first order each round, the readings going with their costs.
+        for (int i = 0; i < doc.costs.count(); ++i)
+            for (int j = i + 1; j < doc.costs.count(); ++j)
+                if (doc.costs.at(j)->comment.toInt() == i)
+                    exchangeContents(*doc.costs.at(i), *doc.costs.at(j));
+        DateParts last;
+        JourneyCalc::sortCosts(doc, last);
+        orders << costDates(doc).join(u' ');
+        QCOMPARE(last.day, 6);
+        QCOMPARE(last.year, 2026);
+    }
+    QCOMPARE(orders.at(0), QStringLiteral("04.05.2026/2 /3 05.05.2026/0 /1 06.05.2026/4"));
+    QCOMPARE(orders.at(1), orders.at(0));
+    QCOMPARE(orders.at(2), orders.at(0));
+}
+
+// The recomputation keeps what it read of each amount beside the cost.
+void TestRecords::recomputationFollowsAnAmountChangedInPlaceOrReplaced()
+{
+    WayFernData doc;
+    CurrData *eur = doc.currencies.append();
+    eur->short_ = QStringLiteral("EUR");
+    eur->factor = QStringLiteral("2.0");
+    CostsData *cost = doc.costs.append();
+    cost->ctype = QStringLiteral("EUR");
+    cost->fval = QStringLiteral("10.00");
+    doc.recalcFactors();
+    doc.recalcCosts();
+    QCOMPARE(cost->bval, QStringLiteral("5.00"));
+    cost->fval[0] = u'3';
+    doc.recalcCosts();
+    QCOMPARE(cost->fvalue, 30.0);
+    QCOMPARE(cost->bval, QStringLiteral("15.00"));
+    cost->fval = QStringLiteral("7");
+    doc.recalcCosts();
+    QCOMPARE(cost->bval, QStringLiteral("3.50"));
+    QCOMPARE(cost->bsum, QStringLiteral("3.50"));
+    // A copy of the cost reads as the original until either changes.
+    CostsData copy = *cost;
+    copy.fval = QStringLiteral("1");
+    *cost = copy;
+    doc.recalcCosts();
+    QCOMPARE(cost->bval, QStringLiteral("0.50"));
 }
 
 QTEST_GUILESS_MAIN(TestRecords)

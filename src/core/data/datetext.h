@@ -11,6 +11,13 @@ struct DateParts
     int year = 0;
 };
 
+// A date text read as the sort reads it: its parts and its day number.
+struct DateKey
+{
+    DateParts parts;
+    qint64 key = 0;
+};
+
 // The one reader of date texts. Dates are written as "%02d.%02d.%04d" everywhere, but texts
 // typed by hand reach the program too, and its parts take such texts apart in three ways
 // that differ only on texts that are not in that form. Each caller keeps its own way, so

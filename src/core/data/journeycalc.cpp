@@ -20,7 +20,20 @@ void sortByDate(RecordList<Record> &list, DateParts &last)
     std::vector<qint64> keys(size_t(n), 0);
     bool sorted = true;
     for (int i = 0; i < n; ++i) {
-        keys[size_t(i)] = JourneyCalc::dateKey(list.at(i)->date, last);
+        Record *record = list.at(i);
+        // An empty date takes the parts read before it, so only a written one is kept.
+        if (record->date.isEmpty()) {
+            keys[size_t(i)] = DateText::dayNumber(last);
+        } else {
+            const DateKey &read = record->dateRead.of(record->date, [](const QString &date) {
+                DateKey read;
+                DateText::read(date, DateText::Record, read.parts);
+                read.key = DateText::dayNumber(read.parts);
+                return read;
+            });
+            last = read.parts;
+            keys[size_t(i)] = read.key;
+        }
         if (i > 0 && keys[size_t(i)] < keys[size_t(i) - 1])
             sorted = false;
     }

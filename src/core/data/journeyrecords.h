@@ -1,6 +1,8 @@
 #pragma once
 
+#include "data/datetext.h"
 #include "data/recordlist.h"
+#include "data/textreading.h"
 
 #include <QString>
 
@@ -31,6 +33,9 @@ struct CostsData
     int id = -128;
     bool shared = false;
     CurrData *curr = nullptr;
+    // What the refresh made of `date` and `fval` when it last read them.
+    TextReading<DateKey> dateRead;
+    TextReading<double> fvalRead;
 
     // What belongs to the list position rather than to the cost: the date sort moves every
     // other field and leaves this, so the shared icon stays on its row.
@@ -63,6 +68,8 @@ struct TipData
     QString qualitytype;
     QString comment;
     RecordList<CustomData> customs;
+    // What the date sort made of `date` when it last read it.
+    TextReading<DateKey> dateRead;
 
     // Nothing of a tip belongs to its list position: the date sort moves it whole.
     template <class A, class B, class F>

@@ -162,10 +162,14 @@ void WayFernData::recalcCosts()
     // Costs come in runs of one currency: the one found last is asked first.
     CurrData *found = nullptr;
     for (CostsData *cost : costs) {
-        cost->fvalue = ScQtUtil::toDouble(QStringView(cost->fval));
-        CurrData *currency = found && !cost->ctype.isNull() && found->short_ == cost->ctype
-            ? found
-            : findCurrency(cost->ctype);
+        cost->fvalue = cost->fvalRead.of(
+            cost->fval, [](const QString &fval) { return ScQtUtil::toDouble(QStringView(fval)); });
+        // The reader gives the costs of one currency one shared text: mostly the same string.
+        const bool sameCurrency = found && !cost->ctype.isNull()
+            && ((found->short_.constData() == cost->ctype.constData()
+                 && found->short_.size() == cost->ctype.size())
+                || found->short_ == cost->ctype);
+        CurrData *currency = sameCurrency ? found : findCurrency(cost->ctype);
         found = currency;
         if (currency) {
             cost->bvalue = cost->fvalue * currency->invfactor;

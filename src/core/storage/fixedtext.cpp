@@ -60,7 +60,11 @@ void setFixedText(QString &text, double value, int precision)
         text = fixedText(value, precision);
         return;
     }
-    const QLatin1StringView shown(out, length);
-    if (text != shown)
-        text = shown;
+    // Compared here rather than through Qt: a refresh does this twice for every cost.
+    bool same = text.size() == length;
+    const QChar *now = text.constData();
+    for (int i = 0; same && i < length; ++i)
+        same = now[i].unicode() == uchar(out[i]);
+    if (!same)
+        text = QLatin1StringView(out, length);
 }
