@@ -848,6 +848,21 @@ void TestRecords::recomputationFollowsAnAmountChangedInPlaceOrReplaced()
     doc.recalcCosts();
     QCOMPARE(cost->bval, QStringLiteral("3.50"));
     QCOMPARE(cost->bsum, QStringLiteral("3.50"));
+    // A figure whose text something else replaced is written again, though it did not change.
+    cost->bval = QStringLiteral("x");
+    cost->bsum = QString();
+    doc.recalcCosts();
+    QCOMPARE(cost->bval, QStringLiteral("3.50"));
+    QCOMPARE(cost->bsum, QStringLiteral("3.50"));
+    // A figure of 0 is written into a text that was never written.
+    CostsData *free = doc.costs.append();
+    free->ctype = QStringLiteral("EUR");
+    free->bval = QString();
+    free->bsum = QString();
+    doc.recalcCosts();
+    QCOMPARE(free->bval, QStringLiteral("0.00"));
+    QCOMPARE(free->bsum, QStringLiteral("3.50"));
+    doc.costs.removeRange(1, 1);
     // A copy of the cost reads as the original until either changes.
     CostsData copy = *cost;
     copy.fval = QStringLiteral("1");

@@ -33,9 +33,12 @@ struct CostsData
     int id = -128;
     bool shared = false;
     CurrData *curr = nullptr;
-    // What the refresh made of `date` and `fval` when it last read them.
+    // What the refresh made of `date` and `fval` when it last read them, and the figures it
+    // last wrote into `bval` and `bsum`.
     TextReading<DateKey> dateRead;
     TextReading<double> fvalRead;
+    ShownFigure bvalShown;
+    ShownFigure bsumShown;
 
     // What belongs to the list position rather than to the cost: the date sort moves every
     // other field and leaves this, so the shared icon stays on its row.

@@ -158,6 +158,7 @@ void WayFernData::recalcCost(CostsData *cost, const QString &ctype)
 
 void WayFernData::recalcCosts()
 {
+    const auto writeAmount = [](QString &text, double value) { setFixedText(text, value, 2); };
     double sum = 0.0;
     // Costs come in runs of one currency: the one found last is asked first.
     CurrData *found = nullptr;
@@ -173,7 +174,7 @@ void WayFernData::recalcCosts()
         found = currency;
         if (currency) {
             cost->bvalue = cost->fvalue * currency->invfactor;
-            setFixedText(cost->bval, cost->bvalue, 2);
+            cost->bvalShown.show(cost->bval, cost->bvalue, writeAmount);
         } else {
             cost->bvalue = 0.0;
             cost->bval = QStringLiteral("0.0");
@@ -181,7 +182,7 @@ void WayFernData::recalcCosts()
         cost->curr = currency;
         sum = sum + cost->bvalue;
         cost->bsumvalue = sum;
-        setFixedText(cost->bsum, sum, 2);
+        cost->bsumShown.show(cost->bsum, sum, writeAmount);
     }
 }
 
