@@ -43,6 +43,15 @@ void RecordBytes::setBytes(const QByteArray &content)
     groupBegin.clear();
 }
 
+void RecordBytes::release()
+{
+    setBytes(QByteArray());
+    heads.shrink_to_fit();
+    sameHeads.shrink_to_fit();
+    groupBegin.shrink_to_fit();
+    headIds.squeeze();
+}
+
 bool RecordBytes::isAscii(QByteArrayView value)
 {
     return QtPrivate::isAscii(QLatin1StringView(value.data(), value.size()));

@@ -37,6 +37,9 @@ public:
     // The next line, without the LF and a CR in front of it; an empty view at the end.
     QByteArrayView readLine();
     void rewind() { pos = begin; }
+    // Lets go of the bytes and what the searches built on them, once nothing more is read:
+    // what follows a read (the first recomputation) then has their memory.
+    void release();
     void skipToEnd() { pos = bytes.size(); }
 
     // Reads lines until one begins with `pattern` (in the file's encoding, see encode()) or

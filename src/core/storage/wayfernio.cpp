@@ -265,6 +265,7 @@ int WayfernIO::ReadFile(QIODevice *device, const QString &name)
         }
     }
 
+    stream.release();
     sharedTexts.clear();
     sharedBytes.clear();
     document->recalcFactors();
