@@ -366,7 +366,6 @@ private slots:
     void dateSortOfTipsMovesEveryFieldButItem();
     void dateSortFollowsADateChangedInPlace();
     void dateSortGivesAnEmptyDateThePartsReadBeforeOnEverySort();
-    void recomputationFollowsAnAmountChangedInPlaceOrReplaced();
 };
 
 void TestRecords::costDefaults()
@@ -825,50 +824,6 @@ void TestRecords::dateSortGivesAnEmptyDateThePartsReadBeforeOnEverySort()
     QCOMPARE(orders.at(0), QStringLiteral("04.05.2026/2 /3 05.05.2026/0 /1 06.05.2026/4"));
     QCOMPARE(orders.at(1), orders.at(0));
     QCOMPARE(orders.at(2), orders.at(0));
-}
-
-// The recomputation keeps what it read of each amount beside the cost.
-void TestRecords::recomputationFollowsAnAmountChangedInPlaceOrReplaced()
-{
-    WayFernData doc;
-    CurrData *eur = doc.currencies.append();
-    eur->short_ = QStringLiteral("EUR");
-    eur->factor = QStringLiteral("2.0");
-    CostsData *cost = doc.costs.append();
-    cost->ctype = QStringLiteral("EUR");
-    cost->fval = QStringLiteral("10.00");
-    doc.recalcFactors();
-    doc.recalcCosts();
-    QCOMPARE(cost->bval, QStringLiteral("5.00"));
-    cost->fval[0] = u'3';
-    doc.recalcCosts();
-    QCOMPARE(cost->fvalue, 30.0);
-    QCOMPARE(cost->bval, QStringLiteral("15.00"));
-    cost->fval = QStringLiteral("7");
-    doc.recalcCosts();
-    QCOMPARE(cost->bval, QStringLiteral("3.50"));
-    QCOMPARE(cost->bsum, QStringLiteral("3.50"));
-    // A figure whose text something else replaced is written again, though it did not change.
-    cost->bval = QStringLiteral("x");
-    cost->bsum = QString();
-    doc.recalcCosts();
-    QCOMPARE(cost->bval, QStringLiteral("3.50"));
-    QCOMPARE(cost->bsum, QStringLiteral("3.50"));
-    // A figure of 0 is written into a text that was never written.
-    CostsData *free = doc.costs.append();
-    free->ctype = QStringLiteral("EUR");
-    free->bval = QString();
-    free->bsum = QString();
-    doc.recalcCosts();
-    QCOMPARE(free->bval, QStringLiteral("0.00"));
-    QCOMPARE(free->bsum, QStringLiteral("3.50"));
-    doc.costs.removeRange(1, 1);
-    // A copy of the cost reads as the original until either changes.
-    CostsData copy = *cost;
-    copy.fval = QStringLiteral("1");
-    *cost = copy;
-    doc.recalcCosts();
-    QCOMPARE(cost->bval, QStringLiteral("0.50"));
 }
 
 QTEST_GUILESS_MAIN(TestRecords)
