@@ -1,7 +1,5 @@
 #include "storage/recordbytes.h"
 
-#include "storage/headwalk.h"
-
 #include <QIODevice>
 #include <QStringDecoder>
 
@@ -34,22 +32,13 @@ void RecordBytes::setBytes(const QByteArray &content)
     begin = utf8 && bytes.startsWith(byteOrderMark) ? 3 : 0;
     pos = begin;
     opened = true;
-    headsFound = false;
     heads.clear();
-    headsWalked = 0;
-    hashed = false;
-    headIds.clear();
-    sameHeads.clear();
-    groupBegin.clear();
 }
 
 void RecordBytes::release()
 {
     setBytes(QByteArray());
-    heads.shrink_to_fit();
-    sameHeads.shrink_to_fit();
-    groupBegin.shrink_to_fit();
-    headIds.squeeze();
+    heads.release();
 }
 
 bool RecordBytes::isAscii(QByteArrayView value)
@@ -153,93 +142,11 @@ void RecordBytes::skipTo(QByteArrayView pattern)
         return;
     }
 
-    if (!headsFound)
-        findHeads();
-    // The key of the hash is the text up to the first "]". A pattern with a further "]"
-    // inside (a traveller's short name may hold one) shares its key with other heads: those
-    // of its key are compared with it one by one.
-    const qsizetype close = pattern.indexOf(']');
-    if (close >= 0 && !hashed && headsWalked > 4 * qsizetype(heads.size()) + 4096)
-        buildHash();
-    const QByteArrayView all(bytes);
-    // A head matches as its line would for readLine: the CR that ends a line is no part of
-    // it, so a pattern ending in CR does not match there.
-    const bool endsInCr = pattern.endsWith('\r');
-    const auto lineBegins = [&](qsizetype h) {
-        if (!all.sliced(h).startsWith(pattern))
-            return false;
-        const qsizetype after = h + pattern.size();
-        return !endsInCr || (after < all.size() && all.at(after) != '\n');
-    };
-    qsizetype hit = -1;
-    if (close >= 0 && hashed) {
-        const auto id = headIds.constFind(pattern.first(close + 1));
-        if (id != headIds.constEnd()) {
-            // A pattern that is the whole head text matches every line of its group.
-            const bool wholeKey = close == pattern.size() - 1;
-            hit = firstHeadFrom(sameHeads.begin() + groupBegin[size_t(*id)],
-                                sameHeads.begin() + groupBegin[size_t(*id) + 1], pos, wholeKey,
-                                lineBegins, headsWalked);
-        }
-    } else {
-        hit = firstHeadFrom(heads.begin(), heads.end(), pos, false, lineBegins, headsWalked);
-    }
+    const qsizetype hit = heads.find(bytes, begin, pos, pattern);
     if (hit < 0) {
         pos = bytes.size();
         return;
     }
     pos = hit;
     readLine();
-}
-
-void RecordBytes::findHeads()
-{
-    headsFound = true;
-    const qsizetype size = bytes.size();
-    const char *data = bytes.constData();
-    qsizetype start = begin;
-    while (start < size) {
-        if (data[start] == '[')
-            heads.push_back(start);
-        const void *lf = std::memchr(data + start, '\n', size_t(size - start));
-        if (!lf)
-            break;
-        start = static_cast<const char *>(lf) - data + 1;
-    }
-}
-
-void RecordBytes::buildHash()
-{
-    hashed = true;
-    std::vector<int> idOf;
-    idOf.reserve(heads.size());
-    headIds.reserve(qsizetype(heads.size()));
-    const QByteArrayView all(bytes);
-    for (const qsizetype start : heads) {
-        qsizetype end = all.indexOf('\n', start);
-        if (end < 0)
-            end = all.size();
-        const qsizetype close = all.sliced(start, end - start).indexOf(']');
-        if (close < 0) {
-            idOf.push_back(-1);
-            continue;
-        }
-        const QByteArrayView key = all.sliced(start, close + 1);
-        auto it = headIds.constFind(key);
-        if (it == headIds.constEnd())
-            it = headIds.insert(key, int(headIds.size()));
-        idOf.push_back(*it);
-    }
-    // Group the line starts by key, keeping each group in file order.
-    groupBegin.assign(size_t(headIds.size()) + 1, 0);
-    for (const int id : idOf)
-        if (id >= 0)
-            ++groupBegin[size_t(id) + 1];
-    for (size_t i = 1; i < groupBegin.size(); ++i)
-        groupBegin[i] += groupBegin[i - 1];
-    std::vector<int> fill(groupBegin.begin(), groupBegin.end() - 1);
-    sameHeads.resize(size_t(groupBegin.back()));
-    for (size_t i = 0; i < heads.size(); ++i)
-        if (idOf[i] >= 0)
-            sameHeads[size_t(fill[size_t(idOf[i])]++)] = heads[i];
 }

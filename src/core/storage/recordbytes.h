@@ -1,12 +1,11 @@
 #pragma once
 
+#include "storage/sectionheads.h"
+
 #include <QByteArray>
 #include <QByteArrayView>
-#include <QHash>
 #include <QString>
 #include <QStringView>
-
-#include <vector>
 
 class QIODevice;
 
@@ -57,18 +56,11 @@ public:
     static bool isAscii(QByteArrayView value);
 
     // How many lines of the text begin a section.
-    qsizetype headCount()
-    {
-        if (!headsFound)
-            findHeads();
-        return qsizetype(heads.size());
-    }
+    qsizetype headCount() { return heads.count(bytes, begin); }
     // How many section heads the searches have looked at so far: what they cost.
-    qsizetype headsVisited() const { return headsWalked; }
+    qsizetype headsVisited() const { return heads.visited(); }
 
 private:
-    void findHeads();
-    void buildHash();
     static bool validUtf8(QByteArrayView content);
 
     QByteArray bytes;
@@ -77,14 +69,5 @@ private:
     bool utf8 = false;
     bool opened = false;
     QString openError;
-
-    // Line starts of all lines that begin with "[", ascending.
-    bool headsFound = false;
-    std::vector<qsizetype> heads;
-    qsizetype headsWalked = 0;
-    // Heads by their text up to the first "]", each key's line starts ascending.
-    bool hashed = false;
-    QHash<QByteArrayView, int> headIds;
-    std::vector<qsizetype> sameHeads; // grouped by key
-    std::vector<int> groupBegin;      // per key id: first entry in sameHeads, plus one end
+    SectionHeads<QByteArrayView> heads;
 };

@@ -1,10 +1,9 @@
 #pragma once
 
-#include <QHash>
+#include "storage/sectionheads.h"
+
 #include <QString>
 #include <QStringView>
-
-#include <vector>
 
 class QIODevice;
 
@@ -13,10 +12,8 @@ class QIODevice;
 // apart by its bytes: valid UTF-8 holding multi-byte sequences is UTF-8, anything else is
 // Latin-1.
 //
-// Section heads ("[" name "]" at the start of a line) are listed on first use, so that a
-// search for a head walks the heads instead of every line. Once such walks have added up to
-// a few times the number of heads, the heads are hashed by name, so that no file can make
-// the searches quadratic.
+// Searches for a section head ("[" name "]" at the start of a line) go through its
+// SectionHeads.
 class RecordStream
 {
 public:
@@ -41,14 +38,9 @@ public:
     void skipTo(const QString &pattern);
 
     // How many lines of the text begin a section.
-    qsizetype headCount()
-    {
-        if (!headsFound)
-            findHeads();
-        return qsizetype(heads.size());
-    }
+    qsizetype headCount() { return heads.count(text, 0); }
     // How many section heads the searches have looked at so far: what they cost.
-    qsizetype headsVisited() const { return headsWalked; }
+    qsizetype headsVisited() const { return heads.visited(); }
 
     static QString decode(const QByteArray &bytes);
 
@@ -62,28 +54,9 @@ public:
     }
 
 private:
-    void findHeads();
-    void buildHash();
-
     QString text;
     qsizetype pos = 0;
     bool opened = false;
     QString openError;
-
-    struct HeadKey
-    {
-        QStringView text;
-        bool operator==(const HeadKey &other) const { return text == other.text; }
-    };
-    friend size_t qHash(const HeadKey &key, size_t seed) { return hashText(key.text) ^ seed; }
-
-    // Line starts of all lines that begin with "[", ascending.
-    bool headsFound = false;
-    std::vector<qsizetype> heads;
-    qsizetype headsWalked = 0;
-    // Heads by their text up to the first "]", each key's line starts ascending.
-    bool hashed = false;
-    QHash<HeadKey, int> headIds;
-    std::vector<qsizetype> sameHeads; // grouped by key
-    std::vector<int> groupBegin;      // per key id: first entry in sameHeads, plus one end
+    SectionHeads<QStringView> heads;
 };
