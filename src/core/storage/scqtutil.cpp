@@ -369,10 +369,13 @@ char16_t unit(char c)
     return static_cast<unsigned char>(c);
 }
 
-template <typename View>
-bool plainDecimal(View value, char (&buffer)[40], qsizetype &length)
+// The number that a plain decimal text stands for; false for any other text, which then
+// goes through the general parser.
+template <typename Number, typename View>
+bool plainDecimal(View value, Number &result)
 {
-    length = value.size();
+    char buffer[40];
+    const qsizetype length = value.size();
     if (length == 0 || length >= qsizetype(sizeof buffer))
         return false;
     for (qsizetype i = 0; i < length; ++i) {
@@ -381,60 +384,33 @@ bool plainDecimal(View value, char (&buffer)[40], qsizetype &length)
             return false;
         buffer[i] = char(c);
     }
-    return true;
+    const auto [end, error] = std::from_chars(buffer, buffer + length, result);
+    return error == std::errc() && end == buffer + length;
 }
 } // namespace
 
 int ScQtUtil::toInt(QStringView value)
 {
-    char buffer[40];
-    qsizetype length;
-    if (plainDecimal(value, buffer, length)) {
-        int result = 0;
-        const auto [end, error] = std::from_chars(buffer, buffer + length, result);
-        if (error == std::errc() && end == buffer + length)
-            return result;
-    }
-    return toInt(value.toString());
+    int result = 0;
+    return plainDecimal(value, result) ? result : toInt(value.toString());
 }
 
 double ScQtUtil::toDouble(QStringView value)
 {
-    char buffer[40];
-    qsizetype length;
-    if (plainDecimal(value, buffer, length)) {
-        double result = 0;
-        const auto [end, error] = std::from_chars(buffer, buffer + length, result);
-        if (error == std::errc() && end == buffer + length)
-            return result;
-    }
-    return value.toDouble();
+    double result = 0;
+    return plainDecimal(value, result) ? result : value.toDouble();
 }
 
 int ScQtUtil::toInt(QByteArrayView value, const RecordBytes &file)
 {
-    char buffer[40];
-    qsizetype length;
-    if (plainDecimal(value, buffer, length)) {
-        int result = 0;
-        const auto [end, error] = std::from_chars(buffer, buffer + length, result);
-        if (error == std::errc() && end == buffer + length)
-            return result;
-    }
-    return toInt(file.toText(value));
+    int result = 0;
+    return plainDecimal(value, result) ? result : toInt(file.toText(value));
 }
 
 double ScQtUtil::toDouble(QByteArrayView value, const RecordBytes &file)
 {
-    char buffer[40];
-    qsizetype length;
-    if (plainDecimal(value, buffer, length)) {
-        double result = 0;
-        const auto [end, error] = std::from_chars(buffer, buffer + length, result);
-        if (error == std::errc() && end == buffer + length)
-            return result;
-    }
-    return QStringView(file.toText(value)).toDouble();
+    double result = 0;
+    return plainDecimal(value, result) ? result : QStringView(file.toText(value)).toDouble();
 }
 
 float ScQtUtil::toFloat(const QString &value)
