@@ -40,6 +40,22 @@ QVariant head(const char *context, const char *text)
     return QCoreApplication::translate(context, text);
 }
 
+// Record `row` of `list`, or null: a row counts while it was counted at the last reset and
+// its record still exists.
+template <class Record>
+Record *recordAt(const RecordList<Record> *list, int rows, int row)
+{
+    return list && row >= 0 && row < rows && row < list->count() ? list->at(row) : nullptr;
+}
+
+// The row that shows `record`, or -1.
+template <class Record>
+int rowOfRecord(const RecordList<Record> *list, int rows, const Record *record)
+{
+    const int row = list && record ? list->indexOf(record) : -1;
+    return row < rows ? row : -1;
+}
+
 } // namespace
 
 // ---------------------------------------------------------------------------------------
@@ -67,13 +83,12 @@ void CostListModel::reload()
 
 CostsData *CostListModel::costAt(int row) const
 {
-    return doc && row >= 0 && row < rows && row < doc->costs.count() ? doc->costs.at(row) : nullptr;
+    return recordAt(doc ? &doc->costs : nullptr, rows, row);
 }
 
 int CostListModel::rowOf(const CostsData *cost) const
 {
-    const int row = doc && cost ? doc->costs.indexOf(cost) : -1;
-    return row < rows ? row : -1;
+    return rowOfRecord(doc ? &doc->costs : nullptr, rows, cost);
 }
 
 int CostListModel::rowCount(const QModelIndex &parent) const
@@ -150,13 +165,12 @@ void TipListModel::reload()
 
 TipData *TipListModel::tipAt(int row) const
 {
-    return doc && row >= 0 && row < rows && row < doc->tips.count() ? doc->tips.at(row) : nullptr;
+    return recordAt(doc ? &doc->tips : nullptr, rows, row);
 }
 
 int TipListModel::rowOf(const TipData *tip) const
 {
-    const int row = doc && tip ? doc->tips.indexOf(tip) : -1;
-    return row < rows ? row : -1;
+    return rowOfRecord(doc ? &doc->tips : nullptr, rows, tip);
 }
 
 int TipListModel::rowCount(const QModelIndex &parent) const
