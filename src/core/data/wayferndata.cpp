@@ -167,9 +167,7 @@ void WayFernData::recalcCosts()
             cost->fval, [](const QString &fval) { return ScQtUtil::toDouble(QStringView(fval)); });
         // The reader gives the costs of one currency one shared text: mostly the same string.
         const bool sameCurrency = found && !cost->ctype.isNull()
-            && ((found->short_.constData() == cost->ctype.constData()
-                 && found->short_.size() == cost->ctype.size())
-                || found->short_ == cost->ctype);
+            && (isSameString(found->short_, cost->ctype) || found->short_ == cost->ctype);
         CurrData *currency = sameCurrency ? found : findCurrency(cost->ctype);
         found = currency;
         if (currency) {
