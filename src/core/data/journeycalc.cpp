@@ -11,8 +11,7 @@
 namespace {
 
 // Orders the records of a list by date, keeping the order of records of one day. Contents
-// move between the positions through exchangeContents, exactly as exchanging pairwise would
-// leave them.
+// move between the positions as exchanging them pairwise (exchangeContents) would leave them.
 template <typename Record>
 void sortByDate(RecordList<Record> &list, DateParts &last)
 {
@@ -46,16 +45,33 @@ void sortByDate(RecordList<Record> &list, DateParts &last)
                      [&keys](int a, int b) { return keys[size_t(a)] < keys[size_t(b)]; });
 
     // Position i takes the contents that stood at order[i]: follow each cycle of the
-    // permutation, one exchange per record moved.
+    // permutation, moving each record's contents once (an exchange would move them three
+    // times). The fields that belong to a position stay: `held`, the contents of the cycle's
+    // first position, carries the fields of the position whose contents just left.
+    const auto swapPositionFields = [](Record &a, Record &b) {
+        Record::forEachPositionField(a, b, [](auto &x, auto &y) { std::swap(x, y); });
+    };
     std::vector<bool> placed(size_t(n), false);
     for (int start = 0; start < n; ++start) {
+        if (placed[size_t(start)] || order[size_t(start)] == start)
+            continue;
+        Record held(std::move(*list.at(start)));
+        swapPositionFields(*list.at(start), held);
         int at = start;
-        while (!placed[size_t(at)]) {
+        for (;;) {
             placed[size_t(at)] = true;
+            Record &to = *list.at(at);
             const int from = order[size_t(at)];
-            if (from == start)
+            if (from == start) {
+                swapPositionFields(to, held);
+                to = std::move(held);
                 break;
-            exchangeContents(*list.at(at), *list.at(from));
+            }
+            Record &source = *list.at(from);
+            swapPositionFields(to, source);
+            swapPositionFields(to, held);
+            to = std::move(source);
+            swapPositionFields(source, held);
             at = from;
         }
     }
