@@ -9,6 +9,7 @@
 #include "storage/wayfernio.h"
 
 #include <QMap>
+#include <QRandomGenerator>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -364,6 +365,7 @@ private slots:
     void swapTipsExchangesEveryFieldButItem();
     void dateSortOfCostsMovesEveryFieldButSharedAndItem();
     void dateSortOfTipsMovesEveryFieldButItem();
+    void dateSortOfLongCyclesLeavesWhatPairwiseExchangesLeave();
     void dateSortFollowsADateChangedInPlace();
     void dateSortGivesAnEmptyDateThePartsReadBeforeOnEverySort();
 };
@@ -766,6 +768,41 @@ QStringList costDates(const WayFernData &doc)
     return dates;
 }
 } // namespace
+
+// The sort moves contents along the cycles of its order; the result must be what stable
+// pairwise exchanges give, every field moved but the position's own, on orders with long
+// cycles and days shared by several records.
+void TestRecords::dateSortOfLongCyclesLeavesWhatPairwiseExchangesLeave()
+{
+    QRandomGenerator random(2026);
+    for (int round = 0; round < 20; ++round) {
+        WayFernData sorted;
+        WayFernData exchanged;
+        const int n = 1 + int(random.bounded(60));
+        for (int i = 0; i < n; ++i) {
+            const QString date = QString::asprintf("%02d.01.2002", 1 + int(random.bounded(9)));
+            for (WayFernData *doc : {&sorted, &exchanged}) {
+                CostsData *cost = doc->costs.append();
+                fill(*cost, i + 1);
+                cost->date = date;
+                cost->shared = random.bounded(2) == 1;
+            }
+            exchanged.costs.at(i)->shared = sorted.costs.at(i)->shared;
+        }
+        DateParts last;
+        JourneyCalc::sortCosts(sorted, last);
+        // Stable: a record passes only a later day.
+        for (int end = n - 1; end > 0; --end)
+            for (int i = 0; i < end; ++i) {
+                CostsData *a = exchanged.costs.at(i);
+                CostsData *b = exchanged.costs.at(i + 1);
+                if (JourneyCalc::dateKey(b->date, last) < JourneyCalc::dateKey(a->date, last))
+                    exchanged.swapCosts(a, b);
+            }
+        for (int i = 0; i < n; ++i)
+            COMPARE_FIELDS(fieldsOf(*sorted.costs.at(i)), fieldsOf(*exchanged.costs.at(i)));
+    }
+}
 
 // The sort keeps what it read of each date beside the cost; a date edited in place, or
 // replaced, must be read again.
