@@ -45,6 +45,7 @@ private slots:
     void smallFileReadsIntoDocument();
     void smallFileWritesSameBytes();
     void writtenFileReadsBackAndWritesSameBytes();
+    void negativeAmountRoundingToZeroWritesWithoutSignAndStaysOnRewrite();
     void writtenFileEndsWithMarkerOfItsPath();
     void emptyGroupWritesOnlySeparator();
     void countOfZeroReadsNoSection();
@@ -311,6 +312,39 @@ void TestJourneyFile::writtenFileReadsBackAndWritesSameBytes()
     QCOMPARE(again.tips.at(0)->customs.at(0)->content, QStringLiteral("12b"));
     QCOMPARE(again.ttypes.at(0)->customs.count(), 2);
     QCOMPARE(again.costs.at(1)->bval, QStringLiteral("2.59"));
+}
+
+// "-0.0000" would read back as the negated zero, which writes "0.0000": such an amount is
+// written without its sign at once, so a file written twice stays the same. Other negative
+// amounts keep theirs.
+void TestJourneyFile::negativeAmountRoundingToZeroWritesWithoutSignAndStaysOnRewrite()
+{
+    const QByteArray bytes =
+        journey(withCount("USERCOUNT", 1).replace("USERCOUNT=1;", "USERCOUNT=1;\nUSERFLAG=TRUE;"),
+                "[USER_0]\nSHORT=AB;\nCOUNT=3;\n\n"
+                "[AB_0]\nMAGIC=1;\nCHANGE=-.000010;\n\n"
+                "[AB_1]\nMAGIC=2;\nCHANGE=-0.00005;\n\n"
+                "[AB_2]\nMAGIC=3;\nCHANGE=-0.0000;\n\n");
+    WayFernData doc;
+    QCOMPARE(read(doc, bytes), 0);
+    QCOMPARE(doc.users.at(0)->kto.count(), 3);
+    WayfernIO io(&doc);
+    const QString first = path(QStringLiteral("first.wfn"));
+    QCOMPARE(io.WriteFile(first), 0);
+    const QByteArray written = readBytes(first);
+    QVERIFY(written.contains("MAGIC=1;\nPERCENTAGE=0.00;\nCHANGE=0.0000;\n"));
+    // A half in the last place rounds away from zero and keeps its sign.
+    QVERIFY(written.contains("MAGIC=2;\nPERCENTAGE=0.00;\nCHANGE=-0.0001;\n"));
+    QVERIFY(written.contains("MAGIC=3;\nPERCENTAGE=0.00;\nCHANGE=0.0000;\n"));
+
+    WayFernData again;
+    QCOMPARE(read(again, written), 0);
+    WayfernIO io2(&again);
+    const QString second = path(QStringLiteral("second.wfn"));
+    QCOMPARE(io2.WriteFile(second), 0);
+    const QList<QByteArray> a = undatedLines(written);
+    const QList<QByteArray> b = undatedLines(readBytes(second));
+    QCOMPARE(a.mid(0, a.size() - 2), b.mid(0, b.size() - 2));
 }
 
 void TestJourneyFile::writtenFileEndsWithMarkerOfItsPath()

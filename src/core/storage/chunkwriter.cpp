@@ -113,7 +113,7 @@ void ChunkWriter::fixed(double value, int precision)
     if (length >= 0)
         *this << QLatin1StringView(digits, length);
     else
-        *this << fixedText(value, precision);
+        *this << fileFixedText(value, precision);
 }
 
 void ChunkWriter::record(QStringView key, QStringView value)

@@ -52,6 +52,19 @@ QString fixedText(double value, int precision)
     return QString::asprintf("%.*f", precision, value);
 }
 
+QString fileFixedText(double value, int precision)
+{
+    QString text = fixedText(value, precision);
+    if (text.startsWith(u'-')) {
+        bool zero = true;
+        for (qsizetype i = 1; zero && i < text.size(); ++i)
+            zero = text.at(i) == u'0' || text.at(i) == u'.';
+        if (zero)
+            text.remove(0, 1);
+    }
+    return text;
+}
+
 void setFixedText(QString &text, double value, int precision)
 {
     char out[64];

@@ -13,3 +13,8 @@ int fastFixedText(double value, int precision, char (&out)[64]);
 // Makes `text` the fixedText of `value`, replacing it only when it reads differently: a
 // recomputation that changes nothing allocates nothing.
 void setFixedText(QString &text, double value, int precision);
+
+// A number as the files write it: fixedText(), except that a negative number that rounds to
+// zero is written without its sign, as the negated zero is. Read back, "-0.0000" is the
+// negated zero, which writes "0.0000": a file written, read and written again would change.
+QString fileFixedText(double value, int precision);

@@ -180,6 +180,10 @@ void writeNumber(ChunkWriter *out, const QString &key, T value, const QString &f
             out->record(key, QLatin1StringView(digits, length));
             return;
         }
+        if (precision >= 0) {
+            out->record(key, fileFixedText(value, precision));
+            return;
+        }
     }
     out->record(key, QString::asprintf(format.toLatin1().constData(), value));
 }
