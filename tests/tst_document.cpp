@@ -8,7 +8,9 @@
 #include <QtTest>
 
 #include <cmath>
+#include <cstdio>
 #include <cstdlib>
+#include <cstring>
 
 namespace {
 CurrData *addCurrency(WayFernData &doc, const QString &name, const QString &factor)
@@ -37,6 +39,7 @@ private slots:
     void rebaseWithUnknownBaseChangesNothing();
     void currencyWithZeroFactorCountsOneToOne();
     void fixedTextsReadAsQtsPrintfMakesThem();
+    void printfFixedTextsReadAsCsPrintfMakesThem();
     void findCurrencyWithNullKeyRepeatsLastResult();
     void findCurrencyWithNullKeyAtStartIsNull();
     void findCurrencyWithNullKeyAfterListClearedIsNull();
@@ -212,12 +215,44 @@ void TestDocument::fixedTextsReadAsQtsPrintfMakesThem()
                << std::round(v * 32) / 32 << std::round(v * 1000) / 1000;
     }
     for (const double value : values) {
-        for (const int precision : {2, 4}) {
+        for (const int precision : {0, 1, 2, 3, 4, 6}) {
             const QString expected = QString::asprintf("%.*f", precision, value);
             QString text = QStringLiteral("old");
             setFixedText(text, value, precision);
             if (fixedText(value, precision) != expected || text != expected)
                 QFAIL(qPrintable(QString::asprintf("%.17g, %d: ", value, precision) + text));
+        }
+    }
+}
+
+// The account trace formats its figures as C's printf does, which rounds halves to even and
+// keeps the sign of a negated zero: values on and beside halves, in every size.
+void TestDocument::printfFixedTextsReadAsCsPrintfMakesThem()
+{
+    QList<double> values{0.0,     -0.0,   0.00005, -0.00005, 0.00015, 0.00025, -0.00001,
+                         2.675,   1.005,  0.5,     1.5,      2.5,     -2.5,    1e15,
+                         -1e15,   1e300,  5e-324,  -5e-324,  0.03125, 1e-9,    123456789.00005,
+                         qInf(),  -qInf(), qQNaN()};
+    QRandomGenerator rng(20261125);
+    for (int i = 0; i < 50000; ++i) {
+        const double v = (rng.generateDouble() - 0.5) * std::pow(10.0, rng.bounded(-6, 17));
+        values << v << std::round(v * 100) / 100 << std::ldexp(std::round(std::ldexp(v, 5)), -5)
+               << std::round(v * 10000) / 10000 << std::nextafter(std::round(v * 2e4) / 2e4, 0.0)
+               << std::round(v * 2e4) / 2e4;
+    }
+    for (const double value : values) {
+        for (const int precision : {0, 1, 2, 3, 4, 6}) {
+            char expected[400];
+            snprintf(expected, sizeof expected, "%.*f", precision, value);
+            char text[64];
+            const int length = printfFixedText(value, precision, text);
+            // A text too long for the buffer is the caller's to format otherwise.
+            if (length < 0 && strlen(expected) < sizeof text)
+                QFAIL(qPrintable(QString::asprintf("%.17g, %d: no text", value, precision)));
+            if (length >= 0 && QByteArray(text, length) != QByteArray(expected))
+                QFAIL(qPrintable(QString::asprintf("%.17g, %d: ", value, precision)
+                                 + QString::fromLatin1(text, length) + QStringLiteral(" for ")
+                                 + QString::fromLatin1(expected)));
         }
     }
 }

@@ -10,6 +10,11 @@ QString fixedText(double value, int precision);
 // formatting (a half in the last place, a negated zero, very large and special values).
 int fastFixedText(double value, int precision, char (&out)[64]);
 
+// The text of C's printf "%.<precision>f", which rounds the exact value half to even and
+// keeps the sign of a negated zero, written into `out`; -1 when it does not fit. A journey's
+// trace prints two for every account line.
+int printfFixedText(double value, int precision, char (&out)[64]);
+
 // Makes `text` the fixedText of `value`, replacing it only when it reads differently: a
 // recomputation that changes nothing allocates nothing.
 void setFixedText(QString &text, double value, int precision);

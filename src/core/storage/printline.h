@@ -5,6 +5,7 @@
 
 #include <cstdarg>
 #include <cstdio>
+#include <string>
 
 // Every message of the program goes to standard output, flushed at once so that it keeps its
 // place among the other lines. While a PrintedTogether lives (a file being read), the lines
@@ -26,27 +27,28 @@ public:
 
     static bool active() { return depth() > 0; }
     // The lines gathered so far; append() writes them out when they fill a piece.
-    static QByteArray &pending()
+    // A standard string: appending to it copies and nothing more.
+    static std::string &pending()
     {
-        thread_local QByteArray lines;
+        thread_local std::string lines;
         return lines;
     }
     static void append(const char *bytes, qsizetype size)
     {
-        QByteArray &lines = pending();
-        lines.append(bytes, size);
-        if (lines.size() >= piece)
+        std::string &lines = pending();
+        lines.append(bytes, size_t(size));
+        if (lines.size() >= size_t(piece))
             flush();
     }
     // Writes out what was gathered.
     static void flush()
     {
-        QByteArray &lines = pending();
-        if (lines.isEmpty())
+        std::string &lines = pending();
+        if (lines.empty())
             return;
-        fwrite(lines.constData(), 1, size_t(lines.size()), stdout);
+        fwrite(lines.data(), 1, lines.size(), stdout);
         fflush(stdout);
-        lines.resize(0);
+        lines.clear();
     }
 
 private:

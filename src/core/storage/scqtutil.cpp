@@ -47,13 +47,20 @@ int ScQtUtil::splitRecord(QByteArrayView line, ByteRecordView &parts)
     if (line.isEmpty())
         return -2;
     parts = ByteRecordView{"", "", "", ""};
-    const qsizetype eq = line.indexOf('=');
-    if (eq < 0)
+    // Lines are short and mostly end in the ";": plain loops beat the library's searches.
+    const char *const bytes = line.data();
+    const qsizetype size = line.size();
+    qsizetype eq = 0;
+    while (eq < size && bytes[eq] != '=')
+        ++eq;
+    if (eq == size)
         return -1;
     parts.key = line.first(eq);
     parts.sep = line.sliced(eq, 1);
     const QByteArrayView remainder = line.sliced(eq + 1);
-    const qsizetype semi = remainder.lastIndexOf(';');
+    qsizetype semi = remainder.size() - 1;
+    while (semi >= 0 && remainder[semi] != ';')
+        --semi;
     if (semi < 0)
         return -1;
     parts.value = remainder.first(semi);

@@ -106,15 +106,12 @@ private:
         if (listed)
             return;
         listed = true;
-        qsizetype start = begin;
-        while (start < all.size()) {
-            if (all.at(start) == opening())
-                heads.push_back(start);
-            const qsizetype end = all.indexOf(lf(), start);
-            if (end < 0)
-                break;
-            start = end + 1;
-        }
+        // A head is a "[" that begins a line: searching for those characters passes over
+        // the lines between heads at the speed of the library's search.
+        for (qsizetype at = all.indexOf(opening(), begin); at >= 0;
+             at = all.indexOf(opening(), at + 1))
+            if (at == begin || all.at(at - 1) == lf())
+                heads.push_back(at);
     }
 
     void buildHash(View all)

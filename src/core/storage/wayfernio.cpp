@@ -1,5 +1,6 @@
 #include "storage/wayfernio.h"
 
+#include "storage/fixedtext.h"
 #include "storage/printline.h"
 #include "storage/recordsink.h"
 
@@ -23,16 +24,13 @@ namespace {
 const QString groupSeparator =
     QStringLiteral("\n#========================================================\n\n");
 
-// The text of "%.4f", appended. The account trace prints two for every account line, so the
-// common case is formatted by hand, far cheaper than printf; a value too long for the buffer
-// goes through printf's own formatting.
+// The text of "%.4f", appended: the account trace prints two for every account line.
 void appendFixed4(std::string &out, double value)
 {
     char number[64];
-    const auto [end, error] =
-        std::to_chars(number, number + sizeof number, value, std::chars_format::fixed, 4);
-    if (error == std::errc())
-        out.append(number, size_t(end - number));
+    const int length = printfFixedText(value, 4, number);
+    if (length >= 0)
+        out.append(number, size_t(length));
     else
         out += QString::asprintf("%.4f", value).toLatin1().toStdString();
 }
@@ -76,7 +74,7 @@ QString WayfernIO::shared(QStringView value)
         return value.toString();
     if (sharedTexts.empty())
         sharedTexts.resize(sharedSize);
-    const size_t index = RecordStream::hashText(value) % sharedTexts.size();
+    const size_t index = RecordStream::hashText(value) & (sharedTexts.size() - 1);
     QString &slot = sharedTexts[index];
     if (slot != value) {
         slot = value.toString();
@@ -101,7 +99,7 @@ QString WayfernIO::shared(QByteArrayView value)
         h = (h ^ static_cast<unsigned char>(c)) * 16777619u;
     // The slot keeps the bytes it was made from: comparing them is cheaper than comparing
     // the text with the bytes.
-    const size_t slot = h % sharedTexts.size();
+    const size_t slot = h & (sharedTexts.size() - 1); // a power of two
     if (sharedBytes.size() != sharedTexts.size())
         sharedBytes.assign(sharedTexts.size(), QByteArray());
     if (sharedBytes[slot] != value) {
@@ -333,7 +331,7 @@ int WayfernIO::ReadFileCosts(RecordBytes *stream, int count)
                              const CurrData *curr = document->findCurrency(cost->ctype);
                              if (curr && (cost->exchange == u"(null)" || cost->exchange.isEmpty()))
                                  cost->exchange = curr->factor;
-                             cost->exchangevalue = cost->exchange.toDouble();
+                             cost->exchangevalue = toDouble(QStringView(cost->exchange));
                          } else if (keyIs(key, "SHARED")) {
                              cost->shared = toBool(textOf(value));
                          } else {
