@@ -368,6 +368,7 @@ private slots:
     void dateSortOfLongCyclesLeavesWhatPairwiseExchangesLeave();
     void dateSortFollowsADateChangedInPlace();
     void dateSortGivesAnEmptyDateThePartsReadBeforeOnEverySort();
+    void categorySumsGoByTheTextWhetherTheStringIsSharedCopiedOrEdited();
 };
 
 void TestRecords::costDefaults()
@@ -861,6 +862,39 @@ void TestRecords::dateSortGivesAnEmptyDateThePartsReadBeforeOnEverySort()
     QCOMPARE(orders.at(0), QStringLiteral("04.05.2026/2 /3 05.05.2026/0 /1 06.05.2026/4"));
     QCOMPARE(orders.at(1), orders.at(0));
     QCOMPARE(orders.at(2), orders.at(0));
+}
+
+// The category sums find a cost's row through its type string's characters first: a
+// shared string, a copy of the same text, one edited in place after sharing, a type without
+// a row and an empty type must all count as their text says.
+void TestRecords::categorySumsGoByTheTextWhetherTheStringIsSharedCopiedOrEdited()
+{
+    WayFernData doc;
+    for (const char *type : {"Food", "Hotel", ""}) {
+        CTypeData *row = doc.ctypes.append();
+        row->type = QString::fromLatin1(type);
+    }
+    const QString food = QStringLiteral("Food");
+    const auto add = [&](const QString &type, double value) {
+        CostsData *cost = doc.costs.append();
+        cost->type = type;
+        cost->bvalue = value;
+        return cost;
+    };
+    add(food, 1);
+    add(food, 2);
+    add(QString::fromLatin1("Food"), 4);  // the same text, a string of its own
+    add(food, 8)->type.detach();          // a copy made from the shared one
+    add(food, 16)->type[0] = u'H';        // "Hood": no row
+    add(QStringLiteral("Hotel"), 32);
+    add(QString(), 64);                   // null reads as the empty type
+    add(QStringLiteral(""), 128);
+    add(food.left(2), 256);               // "Fo": no row
+    QCOMPARE(JourneyCalc::categorySums(doc), QList<double>({15.0, 32.0, 192.0}));
+    // The string whose characters the first look-up remembered now reads otherwise.
+    doc.costs.at(0)->type[0] = u'G';
+    doc.costs.at(1)->type = QStringLiteral("Hotel");
+    QCOMPARE(JourneyCalc::categorySums(doc), QList<double>({12.0, 34.0, 192.0}));
 }
 
 QTEST_GUILESS_MAIN(TestRecords)

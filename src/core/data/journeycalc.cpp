@@ -136,10 +136,26 @@ QList<double> JourneyCalc::categorySums(const WayFernData &doc)
     QHash<QString, double> sums;
     for (const CTypeData *row : doc.ctypes)
         sums.insert(row->type, 0.0);
+    // The costs of one type mostly share one string: its characters' address finds the sum
+    // without hashing the text each time.
+    struct Known
+    {
+        qsizetype size;
+        double *sum; // null for a type without a row
+    };
+    QHash<const QChar *, Known> byString;
     for (int i = doc.costs.count() - 1; i >= 0; --i) {
         const CostsData *cost = doc.costs.at(i);
-        const auto sum = sums.find(cost->type);
-        if (sum != sums.end())
+        const auto known = byString.constFind(cost->type.constData());
+        double *sum = nullptr;
+        if (known != byString.cend() && known->size == cost->type.size()) {
+            sum = known->sum;
+        } else {
+            const auto row = sums.find(cost->type);
+            sum = row == sums.end() ? nullptr : &*row;
+            byString.insert(cost->type.constData(), {cost->type.size(), sum});
+        }
+        if (sum)
             *sum = *sum + cost->bvalue;
     }
     QList<double> result;
