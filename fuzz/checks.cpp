@@ -156,6 +156,18 @@ bool readBase(WayFernData &doc)
     return readJourney(doc, base) == 0;
 }
 
+// The base journey's header alone: reading it sets the section counts that the base sets
+// and leaves a document that holds nothing, as the first section of every group is missing.
+// Far cheaper than the base itself.
+bool readBaseCounts(WayFernData &doc)
+{
+    static const QByteArray header = [] {
+        const QByteArray base = QByteArray::fromRawData(baseJourney, sizeof baseJourney - 1);
+        return base.left(base.indexOf("[CTYPE_0]")) + "##EOF\n";
+    }();
+    return readJourney(doc, header) == 0;
+}
+
 struct JourneyCounts
 {
     QList<int> groups;   // costs, tips, users, currencies, cost, tip and quality types
@@ -229,10 +241,11 @@ const char *checkJourney(const uint8_t *data, size_t size)
         + 1;
     EXPECT(records <= 20 * lines + 10000, "journey: more records than the file can hold");
 
-    // The same bytes read the same way a second time: no state of the first read leaks.
+    // The same bytes read a second time, into a document that holds nothing, with the
+    // base's section counts: neither the first read nor what the document held leaks.
     {
         WayFernData again;
-        EXPECT(readBase(again), "journey: the base journey does not read again");
+        EXPECT(readBaseCounts(again), "journey: the base journey's header does not read");
         EXPECT(readJourney(again, in) == 0, "journey: second read fails");
         EXPECT(journeyBytes(again) == written, "journey: second read gives another document");
     }
