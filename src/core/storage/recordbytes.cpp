@@ -10,18 +10,23 @@ namespace {
 constexpr char byteOrderMark[] = "\xEF\xBB\xBF";
 } // namespace
 
+bool RecordBytes::readWhole(QIODevice *device, QByteArray &content, QString &error)
+{
+    if ((!device->isOpen() && !device->open(QIODevice::ReadOnly)) || !device->isReadable()) {
+        error = device->errorString();
+        return false;
+    }
+    error.clear();
+    content = device->readAll();
+    return true;
+}
+
 bool RecordBytes::open(QIODevice *device)
 {
-    if (!device->isOpen() && !device->open(QIODevice::ReadOnly)) {
-        openError = device->errorString();
+    QByteArray content;
+    if (!readWhole(device, content, openError))
         return false;
-    }
-    if (!device->isReadable()) {
-        openError = device->errorString();
-        return false;
-    }
-    openError.clear();
-    setBytes(device->readAll());
+    setBytes(content);
     return true;
 }
 

@@ -24,6 +24,8 @@ public:
     // Reads the device from where it stands to its end, opening it for reading first when
     // it is closed; false when it cannot be read, and errorString() says why.
     bool open(QIODevice *device);
+    // The same steps for any reader of a whole device: its bytes, or false and why not.
+    static bool readWhole(QIODevice *device, QByteArray &content, QString &error);
     QString errorString() const { return openError; }
     // Uses bytes in memory as the file's content.
     void setBytes(const QByteArray &content);

@@ -1,5 +1,7 @@
 #include "storage/recordstream.h"
 
+#include "storage/recordbytes.h"
+
 #include <QFile>
 #include <QStringDecoder>
 
@@ -13,16 +15,10 @@ bool RecordStream::open(const QString &path)
 
 bool RecordStream::open(QIODevice *device)
 {
-    if (!device->isOpen() && !device->open(QIODevice::ReadOnly)) {
-        openError = device->errorString();
+    QByteArray content;
+    if (!RecordBytes::readWhole(device, content, openError))
         return false;
-    }
-    if (!device->isReadable()) {
-        openError = device->errorString();
-        return false;
-    }
-    openError.clear();
-    setText(decode(device->readAll()));
+    setText(decode(content));
     return true;
 }
 
