@@ -24,7 +24,8 @@ QString lockOf(const ShellFixture &fx, const QString &journey)
 }
 
 // The program itself, started on `journey` in the fixture's directories; true once it holds
-// the journey's lock.
+// the journey's lock and has noted the journey as its last one, which it does just after
+// locking: a test that writes the last-state file itself must not race that write.
 bool startHolder(QProcess &program, const ShellFixture &fx, const QString &journey)
 {
     program.setWorkingDirectory(fx.dataDir());
@@ -42,7 +43,8 @@ bool startHolder(QProcess &program, const ShellFixture &fx, const QString &journ
         QString host;
         QString app;
         QLockFile probe(lockOf(fx, journey));
-        if (probe.getLockInfo(&pid, &host, &app) && pid == program.processId())
+        if (probe.getLockInfo(&pid, &host, &app) && pid == program.processId()
+            && fx.lastNamed() == journey)
             return true;
         QTest::qWait(50);
     }
