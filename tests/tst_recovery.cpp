@@ -17,6 +17,7 @@
 #include <QFile>
 #include <QProcess>
 #include <QStatusBar>
+#include <QTemporaryDir>
 #include <QTimer>
 #include <QTreeWidget>
 #include <QtTest>
@@ -177,6 +178,36 @@ private slots:
         app.fileSave->trigger();
         QVERIFY(!hasBoat(fx.dataFile(QStringLiteral("sample.wfn"))));
         QVERIFY(!QFile::exists(recoveryOf(fx)));
+    }
+
+    void journeysOfOneNameInTwoFoldersHaveTwoRecoveryFiles()
+    {
+        QTemporaryDir root;
+        QVERIFY(root.isValid());
+        const QString data = root.filePath(QStringLiteral("journeys"));
+        for (const QString &folder : {data, root.filePath(QStringLiteral("a")),
+                                      root.filePath(QStringLiteral("b"))})
+            QVERIFY(QDir().mkpath(folder));
+        const QString trip = QStringLiteral("/trip.wfn");
+        // In the journey directory the name stays as it always was, however the folder is
+        // written.
+        const QString inData = JourneyRecovery::pathFor(data, data + trip);
+        QCOMPARE(inData, QDir(data).filePath(QStringLiteral("trip.wfn.recovery")));
+        QCOMPARE(JourneyRecovery::pathFor(data, root.filePath(QStringLiteral("a/../journeys")) + trip),
+                 inData);
+        const QString a = JourneyRecovery::pathFor(data, root.filePath(QStringLiteral("a")) + trip);
+        const QString b = JourneyRecovery::pathFor(data, root.filePath(QStringLiteral("b")) + trip);
+        QVERIFY(a != b);
+        QVERIFY(a != inData && b != inData);
+        for (const QString &path : {a, b}) {
+            QCOMPARE(QFileInfo(path).path(), data);
+            QVERIFY2(QRegularExpression(QStringLiteral("^trip\\.wfn-[0-9a-f]{8}\\.recovery$"))
+                         .match(QFileInfo(path).fileName())
+                         .hasMatch(),
+                     qPrintable(path));
+        }
+        // The same name at every start, so that the next start finds it.
+        QCOMPARE(JourneyRecovery::pathFor(data, root.filePath(QStringLiteral("a")) + trip), a);
     }
 
     void declinedRecoveryIsKeptAsideUnderItsDate()

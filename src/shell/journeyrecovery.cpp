@@ -3,6 +3,7 @@
 #include "data/wayferndata.h"
 #include "storage/wayfernio.h"
 
+#include <QCryptographicHash>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -16,10 +17,31 @@ JourneyRecovery::JourneyRecovery(WayFernData *document, QObject *parent)
     timer.start(interval);
 }
 
+namespace {
+// A folder as the file system names it, or as written when it does not exist.
+QString folderName(const QString &folder)
+{
+    const QString canonical = QFileInfo(folder).canonicalFilePath();
+    return canonical.isEmpty() ? QDir::cleanPath(QDir(folder).absolutePath()) : canonical;
+}
+} // namespace
+
 QString JourneyRecovery::pathFor(const QString &dataDir, const QString &journeyFile)
 {
-    const QString name = journeyFile.isEmpty() ? QStringLiteral("new journey")
-                                               : QFileInfo(journeyFile).fileName();
+    QString name = QStringLiteral("new journey");
+    if (!journeyFile.isEmpty()) {
+        const QFileInfo journey(journeyFile);
+        name = journey.fileName();
+        // Journeys of one name in two folders must not share a recovery file: one outside
+        // the journey directory carries a mark of its folder, the same at every start.
+        const QString folder = folderName(journey.absolutePath());
+        if (folder != folderName(dataDir))
+            name += u'-'
+                + QString::fromLatin1(
+                        QCryptographicHash::hash(folder.toUtf8(), QCryptographicHash::Sha1)
+                            .toHex()
+                            .left(8));
+    }
     return QDir(dataDir).filePath(name + QStringLiteral(".recovery"));
 }
 

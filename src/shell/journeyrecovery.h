@@ -19,7 +19,8 @@ public:
     JourneyRecovery(WayFernData *doc, QObject *parent = nullptr);
 
     // The recovery file of the journey at `journeyFile` (empty: a journey without a file yet),
-    // kept in `dataDir`: the journey's file name with ".recovery" behind it.
+    // kept in `dataDir`: the journey's file name with ".recovery" behind it, and for a
+    // journey outside `dataDir` a mark of its folder between them.
     static QString pathFor(const QString &dataDir, const QString &journeyFile);
 
     // The journey in the window now; its recovery file is where the state goes.
