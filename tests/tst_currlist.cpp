@@ -20,6 +20,7 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QRegularExpression>
+#include <QStatusBar>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -197,6 +198,33 @@ constexpr int walkTimeout = 30000;
 
 const QString saveQuestion =
     QStringLiteral("You have modified the data!\nDo you want to save the changes ?");
+
+// In the next currency list: the rate of `currency` set to `factor` in its editor, then the
+// list closed and its question answered with Yes. The ticket holds the list's caption and
+// base currency line.
+ModalTicket setFactorInNextList(const QString &currency, const QString &factor)
+{
+    return ModalHelper::onNextModal(
+        [](QWidget *w) { return qobject_cast<currListEdit *>(w) != nullptr; },
+        [currency, factor](QWidget *w, ModalOutcome &out) {
+            auto *l = qobject_cast<currListEdit *>(w);
+            out.title = l->windowTitle();
+            out.text = l->BaseCTextLabel->text();
+            QTreeWidgetItem *row = WidgetReaders::topLevelItem(l->CurrListView, currency);
+            if (!ModalHelper::tapItem(l->CurrListView, row))
+                out.error += currency + QStringLiteral(" not tapped; ");
+            ModalTicket ed = inNextCurrEditor("OkButton", [factor](currEdit *e, ModalOutcome &o) {
+                typeInto(e, "factor", factor, o);
+            });
+            l->ChangeButton->click();
+            if (!ed->handled || !ed->error.isEmpty())
+                out.error += QStringLiteral("editor: ") + ed->error;
+            ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::Yes);
+            l->CloseButton->click();
+            if (!box->handled)
+                out.error += QStringLiteral("no question on close; ");
+        });
+}
 
 } // namespace
 
@@ -970,26 +998,7 @@ private slots:
         WayfernView *v = app.view;
         QVERIFY(app.doc->findCurrency(QStringLiteral("CHF")));
         const QStringList costsBefore = WidgetReaders::treeRows(v->CostsListView);
-        ModalTicket list = ModalHelper::onNextModal(
-            [](QWidget *w) { return qobject_cast<currListEdit *>(w) != nullptr; },
-            [](QWidget *w, ModalOutcome &out) {
-                auto *l = qobject_cast<currListEdit *>(w);
-                out.title = l->windowTitle();
-                out.text = l->BaseCTextLabel->text();
-                QTreeWidgetItem *row = WidgetReaders::topLevelItem(l->CurrListView, "CHF");
-                if (!ModalHelper::tapItem(l->CurrListView, row))
-                    out.error += QStringLiteral("CHF not tapped; ");
-                ModalTicket ed = inNextCurrEditor("OkButton", [](currEdit *e, ModalOutcome &o) {
-                    typeInto(e, "factor", "3.00", o);
-                });
-                l->ChangeButton->click();
-                if (!ed->handled || !ed->error.isEmpty())
-                    out.error += QStringLiteral("editor: ") + ed->error;
-                ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::Yes);
-                l->CloseButton->click();
-                if (!box->handled)
-                    out.error += QStringLiteral("no question on close; ");
-            });
+        ModalTicket list = setFactorInNextList(QStringLiteral("CHF"), QStringLiteral("3.00"));
         app.openCurr->trigger();
         QVERIFY2(list->handled && list->error.isEmpty(), qPrintable(list->error));
         QCOMPARE(list->title, QStringLiteral("Curreny List"));
@@ -1001,6 +1010,42 @@ private slots:
         QCOMPARE(WidgetReaders::treeRows(v->CostsListView), costsBefore);
         v->refreshView();
         QVERIFY(WidgetReaders::treeRows(v->CostsListView) != costsBefore);
+    }
+    void newRatesDivideTheSharesOfTheirCostsAnewAndSaySo()
+    {
+        ShellFixture fx({QStringLiteral("sample.wfn")});
+        fx.writeLast(QStringLiteral("sample.wfn"));
+        WayfernApp app;
+        WayFernData *doc = app.doc;
+        // The dinner: 36 CHF at 1.5 is 24.00, 8.00 for each of three.
+        const CostsData *dinner = nullptr;
+        for (const CostsData *cost : doc->costs)
+            if (cost->ctype == QLatin1String("CHF") && cost->fval == QLatin1String("36.00"))
+                dinner = cost;
+        QVERIFY(dinner);
+        const auto shares = [&] {
+            QStringList texts;
+            for (const UserData *user : doc->users)
+                if (const KtoData *line = user->findKto(dinner->id))
+                    texts << user->short_ + u'=' + QString::number(line->change, 'f', 2);
+            return texts.join(u' ');
+        };
+        QCOMPARE(shares(), QStringLiteral("AB=-8.00 CD=-8.00 EF=-8.00"));
+
+        ModalTicket list = setFactorInNextList(QStringLiteral("CHF"), QStringLiteral("3.00"));
+        app.openCurr->trigger();
+        QVERIFY2(list->handled && list->error.isEmpty(), qPrintable(list->error));
+        // 36 CHF at 3.00 is 12.00: the same three share it alike.
+        QCOMPARE(shares(), QStringLiteral("AB=-4.00 CD=-4.00 EF=-4.00"));
+        QCOMPARE(app.statusBar()->currentMessage(),
+                 QStringLiteral("The shares of 1 costs were divided anew at their new base values."));
+        app.view->refreshView();
+        QCOMPARE(dinner->bval, QStringLiteral("12.00"));
+
+        // One step with the new rate.
+        app.editUndo->trigger();
+        QCOMPARE(doc->findCurrency(QStringLiteral("CHF"))->factor, QStringLiteral("1.50"));
+        QCOMPARE(shares(), QStringLiteral("AB=-8.00 CD=-8.00 EF=-8.00"));
     }
 };
 

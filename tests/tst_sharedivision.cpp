@@ -2,6 +2,7 @@
 // traveller takes with him.
 
 #include "data/wayferndata.h"
+#include "settle/costshares.h"
 #include "settle/settlement.h"
 #include "settle/sharedivision.h"
 #include "settle/travellerleave.h"
@@ -40,6 +41,25 @@ CostsData *addCost(WayFernData &doc, const char *date, const char *letter, doubl
     cost->bvalue = value;
     cost->bval = QString::asprintf("%.2f", value);
     cost->shared = true;
+    return cost;
+}
+
+CurrData *addCurrency(WayFernData &doc, const char *name, const char *factor)
+{
+    CurrData *currency = doc.currencies.append();
+    currency->short_ = QString::fromLatin1(name);
+    currency->factor = QString::fromLatin1(factor);
+    return currency;
+}
+
+// A cost of `amount` in `currency`, its base value computed at the rates of now.
+CostsData *addForeignCost(WayFernData &doc, const char *amount, const char *currency)
+{
+    CostsData *cost = addCost(doc, "12.06.2002", "F", 0.0);
+    cost->fval = QString::fromLatin1(amount);
+    cost->ctype = QString::fromLatin1(currency);
+    doc.recalcFactors();
+    doc.recalcCosts();
     return cost;
 }
 
@@ -258,6 +278,75 @@ private slots:
         TravellerLeave::remove(doc, cid);
         QCOMPARE(ann->findKto(taxi->id)->change, -5.01);
         QCOMPARE(bob->findKto(taxi->id)->change, -5.0);
+    }
+
+    void newRatesDivideTheSharesOfTheirCostsAnewInTheSameProportions()
+    {
+        WayFernData doc;
+        addCurrency(doc, "EUR", "1.0");
+        CurrData *chf = addCurrency(doc, "CHF", "1.5");
+        UserData *ann = addTraveller(doc, QStringLiteral("AN"));
+        UserData *bob = addTraveller(doc, QStringLiteral("BO"));
+        UserData *cid = addTraveller(doc, QStringLiteral("CI"));
+        // 150 CHF = 100.00 among three; 90 CHF = 60.00 as 2 : 1; 30 EUR among two.
+        CostsData *even = addForeignCost(doc, "150", "CHF");
+        CostsData *uneven = addForeignCost(doc, "90", "CHF");
+        CostsData *euros = addForeignCost(doc, "30", "EUR");
+        QCOMPARE(even->bval, QStringLiteral("100.00"));
+        for (UserData *user : {ann, bob, cid})
+            addLine(user, even->id, "share", user == ann ? -33.34 : -33.33);
+        addLine(ann, uneven->id, "share", -40.0);
+        addLine(bob, uneven->id, "share", -20.0);
+        addLine(ann, euros->id, "share", -15.0);
+        addLine(bob, euros->id, "share", -15.0);
+        KtoData *deposit = addLine(cid, 9000, "deposit", 50.0);
+        // Shares that do not add up to a cost whose value stays are left as they are.
+        CostsData *odd = addForeignCost(doc, "10", "EUR");
+        addLine(bob, odd->id, "share", -10.01);
+        const QString rowBefore = even->bval;
+
+        const CostShares::BaseCents before = CostShares::baseCents(doc);
+        chf->factor = QStringLiteral("2.0");
+        QCOMPARE(CostShares::followBaseValues(doc, before), 2);
+        // 75.00 among three alike, 45.00 as 2 : 1; the euros and the deposit stay.
+        QCOMPARE(ann->findKto(even->id)->change, -25.0);
+        QCOMPARE(bob->findKto(even->id)->change, -25.0);
+        QCOMPARE(cid->findKto(even->id)->change, -25.0);
+        QCOMPARE(ann->findKto(uneven->id)->change, -30.0);
+        QCOMPARE(bob->findKto(uneven->id)->change, -15.0);
+        QCOMPARE(qRound(ann->findKto(uneven->id)->percentage * 100), 6667);
+        QCOMPARE(ann->findKto(euros->id)->change, -15.0);
+        QCOMPARE(deposit->change, 50.0);
+        QCOMPARE(bob->findKto(odd->id)->change, -10.01);
+        QCOMPARE(ann->value, -25.0 - 30.0 - 15.0);
+        QCOMPARE(cid->value, -25.0 + 50.0);
+        // The lists show the stored base values until their next refresh, which gives
+        // the values the shares now add up to.
+        QCOMPARE(even->bval, rowBefore);
+        doc.recalcCosts();
+        QCOMPARE(even->bval, QStringLiteral("75.00"));
+        QCOMPARE(Settlement::fromJourney(doc, QStringLiteral("kitty")).unbookedCents(), -1);
+        // Nothing is divided twice.
+        QCOMPARE(CostShares::followBaseValues(doc, CostShares::baseCents(doc)), 0);
+    }
+
+    void onlyEachTravellersLastLineOfACostIsItsShare()
+    {
+        WayFernData doc;
+        addCurrency(doc, "EUR", "1.0");
+        CurrData *chf = addCurrency(doc, "CHF", "1.0");
+        UserData *ann = addTraveller(doc, QStringLiteral("AN"));
+        UserData *bob = addTraveller(doc, QStringLiteral("BO"));
+        CostsData *cost = addForeignCost(doc, "10", "CHF");
+        KtoData *stale = addLine(ann, cost->id, "share", -7.0);
+        KtoData *share = addLine(ann, cost->id, "share", -5.0);
+        addLine(bob, cost->id, "share", -5.0);
+        const CostShares::BaseCents before = CostShares::baseCents(doc);
+        chf->factor = QStringLiteral("0.5");
+        QCOMPARE(CostShares::followBaseValues(doc, before), 1);
+        QCOMPARE(share->change, -10.0);
+        QCOMPARE(bob->findKto(cost->id)->change, -10.0);
+        QCOMPARE(stale->change, -7.0);
     }
 
     void sharesThatDoNotAddUpAreNamedWithTheirCost()

@@ -1,5 +1,6 @@
 #include "editortestutil.h"
 #include "formcheck.h"
+#include "modalhelper.h"
 #include "shellfixture.h"
 #include "stdoutcapture.h"
 #include "widgetreaders.h"
@@ -17,6 +18,7 @@
 #include <QDate>
 #include <QRandomGenerator>
 #include <QRegularExpression>
+#include <QStatusBar>
 #include <QTest>
 #include <QTreeWidget>
 
@@ -458,6 +460,42 @@ private slots:
         app.view->slotTabViewChanged(app.view->tab);
         QCOMPARE(WidgetReaders::rowCount(app.view->CostsListView), 5);
     }
+    // A new base currency gives every cost a new base value: the shares go with it, and
+    // the balances stay what the costs add up to, now in the new currency.
+    void aNewBaseCurrencyTakesTheSharesAlong()
+    {
+        ShellFixture fx({QStringLiteral("sample.wfn")});
+        fx.writeLast(QStringLiteral("sample.wfn"));
+        WayfernApp app;
+        WayFernData *doc = app.doc;
+        const CostsData *hotel = doc->costs.at(0);
+        QCOMPARE(hotel->bval, QStringLiteral("90.00"));
+        QCOMPARE(doc->users.at(0)->findKto(hotel->id)->change, -30.0);
+        ModalTicket base = ModalHelper::onNextModal(
+            [](QWidget *w) { return qobject_cast<baseEdit *>(w) != nullptr; },
+            [](QWidget *w, ModalOutcome &out) {
+                auto *ed = qobject_cast<baseEdit *>(w);
+                if (!ModalHelper::tapItem(ed->ListView, WidgetReaders::topLevelItem(
+                                                            ed->ListView, "base currency"))
+                    || !chooseInCombo(ed->ComboBox, QStringLiteral("CHF")))
+                    out.error += QStringLiteral("CHF not chosen; ");
+                ModalTicket box = ModalHelper::answerNextMessageBox(QMessageBox::Yes);
+                ed->OkButton->click();
+                if (!box->handled)
+                    out.error += QStringLiteral("no question; ");
+            });
+        app.openBase->trigger();
+        QVERIFY2(base->handled && base->error.isEmpty(), qPrintable(base->error));
+        QCOMPARE(doc->basecurrency, QStringLiteral("CHF"));
+        // The euro's rate becomes 0.6667 CHF: 90.00 EUR are 134.99 CHF, shared alike as
+        // before, the odd cent off the last.
+        QCOMPARE(hotel->bval, QStringLiteral("134.99"));
+        QCOMPARE(doc->users.at(0)->findKto(hotel->id)->change, -45.0);
+        QCOMPARE(doc->users.at(1)->findKto(hotel->id)->change, -45.0);
+        QCOMPARE(doc->users.at(2)->findKto(hotel->id)->change, -44.99);
+        QVERIFY(app.statusBar()->currentMessage().startsWith(QStringLiteral("The shares of ")));
+    }
+
     void theCostsAndBaseDialogsAreBuiltOnceHiddenAndInOrder()
     {
         ShellFixture fx;

@@ -2213,6 +2213,10 @@ Die nicht gespeicherten Änderungen an %1 vom %2 wiederherstellen?</translation>
         <source>Redo: %1</source>
         <translation>Wiederherstellen: %1</translation>
     </message>
+    <message>
+        <source>The shares of %1 costs were divided anew at their new base values.</source>
+        <translation>Die Anteile von %1 Kosten wurden nach ihren neuen Basiswerten neu aufgeteilt.</translation>
+    </message>
 </context>
 <context>
     <name>WayfernView</name>

@@ -191,32 +191,24 @@ void userPayEdit::slotClicked(QTreeWidgetItem *item, int column)
 
 void userPayEdit::divideChangedAmount()
 {
-    const qint64 cents = Settlement::toCents(shareVal);
     QList<double> changes;
-    qint64 booked = 0;
+    QList<double> percentages;
     for (const UserData *tmpUser : tmpUsers) {
         // Rows that show another cost's line (a lookup that stopped at a traveller without
         // a line) are no shares of this cost: nothing to divide.
         if (tmpUser->temp.magic != costId)
             return;
         changes.append(tmpUser->temp.change);
-        booked += ShareDivision::shareOfChange(tmpUser->temp.change);
+        percentages.append(tmpUser->temp.percentage);
     }
-    if (booked == cents)
-        return;
     // The amount, currency or rate changed since the cost was shared: the same travellers
     // share the new amount in the same proportions, so that what is shown and stored
     // belongs to the cost as it is now.
-    const QList<qint64> weights = ShareDivision::proportionsOfChanges(changes);
-    if (ShareDivision::sum(weights) == 0)
+    if (!ShareDivision::divideAnew(Settlement::toCents(shareVal), changes, percentages))
         return;
-    const QList<qint64> parts = ShareDivision::byWeights(cents, weights);
-    const QList<double> percent = ShareDivision::percentages(parts, cents, weights);
     for (int i = 0; i < tmpUsers.count(); ++i) {
-        if (weights.at(i) == 0)
-            continue;
-        tmpUsers.at(i)->temp.change = ShareDivision::changeOfShare(parts.at(i));
-        tmpUsers.at(i)->temp.percentage = percent.at(i);
+        tmpUsers.at(i)->temp.change = changes.at(i);
+        tmpUsers.at(i)->temp.percentage = percentages.at(i);
     }
 }
 

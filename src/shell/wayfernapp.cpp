@@ -599,12 +599,20 @@ void WayfernApp::showFileFailure(const QString &text, const QString &path)
 
 void WayfernApp::slotOpenBase()
 {
-    view->openBase();
+    showSharesDividedAnew(view->openBase());
 }
 
 void WayfernApp::slotOpenCurr()
 {
-    view->openCurr();
+    showSharesDividedAnew(view->openCurr());
+}
+
+void WayfernApp::showSharesDividedAnew(int costs)
+{
+    // New shares change what each traveller owes: never without a word.
+    if (costs > 0)
+        statusBar()->showMessage(
+            tr("The shares of %1 costs were divided anew at their new base values.").arg(costs));
 }
 
 void WayfernApp::slotOpenUser()

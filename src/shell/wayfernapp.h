@@ -95,6 +95,9 @@ private:
     QString journeyPath(const QString &lastName) const;
     // A warning box that names the file that could not be read or written and why.
     void showFileFailure(const QString &text, const QString &path);
+    // Says in the status line that a dialog's new rates divided the shares of `costs` costs
+    // anew; nothing for none.
+    void showSharesDividedAnew(int costs);
     // Loads `path` as the journey of the window, locks it and remembers it for the next
     // start; false (and nothing changed) when it cannot be read or another window holds it.
     // `problem` then says why.

@@ -14,6 +14,7 @@
 #include "editors/tipedit.h"
 #include "editors/userlistedit.h"
 #include "lists/journeylistmodels.h"
+#include "settle/costshares.h"
 #include "shell/journeyundo.h"
 #include "shell/wayfernapp.h"
 #include "storage/printline.h"
@@ -110,24 +111,35 @@ void WayfernView::createDialogs()
     connect(settleInput, &settleEdit::overChanged, this, &WayfernView::slotOverChanged);
 }
 
-void WayfernView::openBase()
+int WayfernView::openBase()
 {
-    JourneyStep step(doc, ChangeScope());
+    // A new base currency changes every base value, and the shares follow: every account
+    // line may change.
+    JourneyStep step(doc, ChangeScope::everyAccount());
     step.setText(tr("base settings"));
+    const CostShares::BaseCents before = CostShares::baseCents(*doc);
     // The dialog's signals do the rest.
     baseInput->setData();
     baseInput->exec();
     baseInput->hide();
+    // A new base currency refreshed the view already; the balances follow the shares.
+    const int divided = CostShares::followBaseValues(*doc, before);
+    if (divided > 0)
+        refreshView();
+    return divided;
 }
 
-void WayfernView::openCurr()
+int WayfernView::openCurr()
 {
-    JourneyStep step(doc, ChangeScope());
+    JourneyStep step(doc, ChangeScope::everyAccount());
     step.setText(tr("currencies and rates"));
-    // No refresh: changed rates reach the lists with the next one.
+    const CostShares::BaseCents before = CostShares::baseCents(*doc);
+    // No refresh: changed rates, and the shares that follow them, reach the lists with the
+    // next one.
     currListInput->setData();
     currListInput->exec();
     currListInput->hide();
+    return CostShares::followBaseValues(*doc, before);
 }
 
 void WayfernView::openUser()

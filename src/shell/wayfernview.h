@@ -41,9 +41,10 @@ public:
     bool loadView(const QString &path);
     bool saveView(const QString &path);
     bool saveLast();
-    // The dialog actions of the main window.
-    void openBase();
-    void openCurr();
+    // The dialog actions of the main window. The base and currency dialogs answer how many
+    // costs got their shares divided anew because their base value changed.
+    int openBase();
+    int openCurr();
     void openUser();
     // Beyond the dialogs of the journey's records: settling up at the end.
     void openSettle();

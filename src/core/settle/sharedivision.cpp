@@ -131,4 +131,25 @@ qint64 sum(const QList<qint64> &parts)
     return std::accumulate(parts.cbegin(), parts.cend(), qint64(0));
 }
 
+bool divideAnew(qint64 cents, QList<double> &changes, QList<double> &percent)
+{
+    qint64 booked = 0;
+    for (double change : changes)
+        booked += shareOfChange(change);
+    if (booked == cents)
+        return false;
+    const QList<qint64> weights = proportionsOfChanges(changes);
+    if (sum(weights) == 0)
+        return false;
+    const QList<qint64> parts = byWeights(cents, weights);
+    const QList<double> shares = percentages(parts, cents, weights);
+    for (qsizetype i = 0; i < changes.size(); ++i) {
+        if (weights.at(i) == 0)
+            continue;
+        changes[i] = changeOfShare(parts.at(i));
+        percent[i] = shares.at(i);
+    }
+    return true;
+}
+
 } // namespace ShareDivision

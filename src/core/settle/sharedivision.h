@@ -42,4 +42,10 @@ QList<double> percentages(const QList<qint64> &parts, qint64 cents, const QList<
 // Sum of the parts.
 qint64 sum(const QList<qint64> &parts);
 
+// Shares booked as `changes` (with their `percentages`) divided anew for an amount of
+// `cents` in the same proportions, when they do not add up to it: the sharers of a share
+// get their new change and percentage, the others keep theirs. False, and nothing changed,
+// when they already add up or nobody holds a share.
+bool divideAnew(qint64 cents, QList<double> &changes, QList<double> &percentages);
+
 } // namespace ShareDivision
