@@ -9,6 +9,8 @@
 #include <QHash>
 #include <QList>
 
+#include <utility>
+
 namespace {
 // The base value that the next recomputation gives `cost`, in cents of the text its row
 // will show, without storing it: the lists show the stored values until their next refresh.
@@ -36,6 +38,17 @@ CostShares::BaseCents CostShares::baseCents(WayFernData &doc)
 int CostShares::followBaseValues(WayFernData &doc, const BaseCents &before)
 {
     doc.recalcFactors();
+    // The costs whose value moved, with their new value; mostly none.
+    QList<std::pair<const CostsData *, qint64>> moved;
+    for (const CostsData *cost : doc.costs) {
+        const qint64 cents = centsAtCurrentRates(doc, cost);
+        const auto was = before.constFind(cost);
+        // Costs from old files carry no id of their own and have no shares.
+        if (cost->id > 0 && was != before.cend() && *was != cents)
+            moved.append({cost, cents});
+    }
+    if (moved.isEmpty())
+        return 0;
     // The lines of each cost, one per traveller, in the travellers' order.
     QHash<int, QList<KtoData *>> linesOf;
     for (UserData *user : doc.users) {
@@ -46,12 +59,7 @@ int CostShares::followBaseValues(WayFernData &doc, const BaseCents &before)
             linesOf[it.key()].append(it.value());
     }
     int divided = 0;
-    for (const CostsData *cost : doc.costs) {
-        const qint64 cents = centsAtCurrentRates(doc, cost);
-        const auto was = before.constFind(cost);
-        // Costs from old files carry no id of their own and have no shares.
-        if (cost->id <= 0 || was == before.cend() || *was == cents)
-            continue;
+    for (const auto &[cost, cents] : moved) {
         const auto found = linesOf.constFind(cost->id);
         if (found == linesOf.cend())
             continue;
